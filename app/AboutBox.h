@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class AboutBox;
+}
+
+/// Says what this program is, which version of it, and which gauge library answers it.
+class AboutBox : public QDialog {
+    Q_OBJECT
+
+public:
+    AboutBox(const QString& libraryVersion, QWidget* parent);
+    ~AboutBox() override;
+
+private slots:
+    void on_btnClose_clicked();
+
+private:
+    std::unique_ptr<Ui::AboutBox> ui;
+};
+
+/// The version line for a compile date as compilers write it, for example "Apr 12 2022". The date is written as
+/// dd/MM/yyyy whatever the locale; it is left empty for a day of one digit, which compilers pad with a blank.
+QString VersionLine(const QString& compileDate);

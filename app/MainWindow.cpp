@@ -1,0 +1,384 @@
+#include "app/MainWindow.h"
+
+#include "app/AboutBox.h"
+#include "app/Connections.h"
+#include "app/ErrorDecoder.h"
+#include "app/ModulePages.h"
+#include "app/NetworkFiles.h"
+#include "app/NetworksTable.h"
+#include "app/NotifyRun.h"
+#include "app/Quietly.h"
+#include "library/TavikModule.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
+#include "panels/common/Fields.h"
+#include "panels/common/LastResort.h"
+#include "panels/common/MessageBoxes.h"
+#include "panels/common/WaitCursor.h"
+#include "ui_MainWindow.h"
+
+#include <QCloseEvent>
+#include <QInputDialog>
+#include <QScopeGuard>
+#include <QSignalBlocker>
+
+#include <initializer_list>
+
+using TavikLibrary::eNetSpeed;
+using TavikLibrary::TavikNetwork;
+
+namespace {
+
+const QLatin1String connectTitle("Connect to Network");
+const QLatin1String errorTitle("Error!");
+const QLatin1String errorPrefix("Error: ");
+
+/// Pages before the ones of the selected network.
+constexpr int serverPages = 1;
+
+ModulePages::Pages PagesOf(const Ui::MainWindow& ui) {
+    return {ui.tabWidget,
+            {ui.tabModule, ui.moduleWidget},
+            {ui.tabBuffered, ui.bufferedModeWidget},
+            {ui.tabRefMark, ui.refMarkWidget},
+            {ui.tabDifference, ui.differenceModeWidget},
+            {ui.tabDynamic, ui.dynamicWidget},
+            {ui.tabReadburst, ui.readBurstWidget}};
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_unique<Ui::MainWindow>()) {
+    ui->setupUi(this);
+    modulePages = std::make_unique<ModulePages>(PagesOf(*ui), *this, server);
+    ui->tableNetworks->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    LastResort::Run([this] { ShowLibrary(); });
+    modulePages->RemoveFrom(serverPages);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::DisableControls() {
+    SetControlsEnabled(false);
+}
+
+void MainWindow::EnableControls() {
+    SetControlsEnabled(true);
+}
+
+void MainWindow::RedisplayModuleInformation() {
+    ui->moduleWidget->RedisplayInformation();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!IsClosing()) {
+        BeginClosing();
+        modulePages->RaiseStopFlags();
+        ShutDown(server);
+    }
+    HostWindow::closeEvent(event);
+}
+
+// The library and its networks
+
+void MainWindow::ShowLibrary() {
+    ShowInField(ui->editPartNumber, FromLibrary(server.LibraryPartNumber()));
+    ShowInField(ui->editVersion, FromLibrary(server.LibraryVersion()));
+    ShowInField(ui->editBuildDate, FromLibrary(server.LibraryBuildDate()));
+    server.Networks()->FindNetworks();
+    FillNetworksTable();
+}
+
+void MainWindow::FillNetworksTable() {
+    ui->tableNetworks->setRowCount(0);
+    auto* networks = server.Networks();
+    for (int row = 0; row < networks->Count(); ++row) {
+        const QPushButton* button = AppendNetworkRow(ui->tableNetworks, NetworkOfRow(networks, row));
+        connect(button, &QPushButton::clicked, this, &MainWindow::tableNetConnectionButton_clicked);
+    }
+}
+
+void MainWindow::on_btnConnectAll_clicked() {
+    LastResort::Run([this] {
+        const WaitCursor waitCursor;
+        auto showWhatBecame = qScopeGuard([this] { Quietly([this] { FillNetworksTable(); }); });
+        ReconnectAllNetworks(server);
+        if (!AllConnected(server.Networks())) {
+            ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to all network(s)."));
+        }
+        FillNetworksTable();
+        showWhatBecame.dismiss();
+        if (ui->tableNetworks->rowCount() > 0) {
+            ui->tableNetworks->selectRow(0);
+        }
+    });
+}
+
+void MainWindow::on_btnDisconnectAll_clicked() {
+    LastResort::Run([this] {
+        auto showWhatBecame = qScopeGuard([this] { Quietly([this] { FillNetworksTable(); }); });
+        DisconnectAllNetworks(server);
+        FillNetworksTable();
+        showWhatBecame.dismiss();
+        ShowSelectedNetwork();
+    });
+}
+
+void MainWindow::tableNetConnectionButton_clicked() {
+    LastResort::Run([this] {
+        const WaitCursor waitCursor;
+        const int row = RowOfButton(qobject_cast<QPushButton*>(sender()));
+        TavikNetwork* rowNetwork = NetworkOfRow(server.Networks(), row);
+        auto showWhatBecame =
+            qScopeGuard([&] { Quietly([&] { RefreshNetworkRow(ui->tableNetworks, row, rowNetwork); }); });
+        ToggleConnection(rowNetwork);
+        RefreshNetworkRow(ui->tableNetworks, row, rowNetwork);
+        showWhatBecame.dismiss();
+        {
+            const QSignalBlocker handledBelow(ui->tableNetworks);
+            ui->tableNetworks->selectRow(row);
+        }
+        ShowSelectedNetwork();
+    });
+}
+
+void MainWindow::ToggleConnection(TavikNetwork* rowNetwork) {
+    if (rowNetwork->IsConnected()) {
+        DisconnectNetwork(server, rowNetwork);
+        return;
+    }
+    rowNetwork->Connect();
+    if (!rowNetwork->IsConnected()) {
+        ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to network"));
+    }
+}
+
+void MainWindow::on_tableNetworks_itemSelectionChanged() {
+    LastResort::Run([this] { ShowSelectedNetwork(); });
+}
+
+void MainWindow::ShowSelectedNetwork() {
+    const QModelIndexList rows = ui->tableNetworks->selectionModel()->selectedRows();
+    if (rows.isEmpty()) {
+        network = nullptr;
+        modulePages->RemoveFrom(serverPages);
+        return;
+    }
+    TavikNetwork* selected = NetworkOfRow(server.Networks(), rows.first().row());
+    if (!selected->IsConnected()) {
+        modulePages->RemoveFrom(serverPages);
+        return;
+    }
+    const QString caption = FromLibrary(selected->Description());
+    if (ui->tabWidget->count() == serverPages) {
+        ui->tabWidget->addTab(ui->tabNetwork, caption);
+    } else {
+        ui->tabWidget->setTabText(serverPages, caption);
+    }
+    network = selected;
+    RefreshNetworkPage();
+}
+
+// The selected network's page
+
+void MainWindow::RefreshNetworkPage() {
+    if (IsClosing()) {
+        return;
+    }
+    const WaitCursor waitCursor;
+    ShowNetworkCapabilities();
+    ShowSpeeds();
+    ListModules();
+}
+
+void MainWindow::ShowNetworkCapabilities() {
+    ui->lblBufferedCapable->ShowCapability("Buffered Capable:\t\t\t", network->BufferedCapable());
+    ui->lblBufferedExternalSourceCapable->ShowCapability("Buffered External Source Capable:\t\t",
+                                                         network->BufferedExternalSourceCapable());
+    ui->lblDynamicCapable->ShowCapability("Dynamic Capable:\t\t\t\t", network->DynamicCapable());
+    // Shows the same answer as the line above it, as operators of this tool are used to.
+    ui->lblDynamic2Capable->ShowCapability("Dynamic 2 Capable:\t\t\t", network->DynamicCapable());
+    ui->lblDynamicExternalSourceCapable->ShowCapability("Dynamic External Source Capable:\t\t",
+                                                        network->DynamicExternalSourceCapable());
+    ui->lblReadburstCapable->ShowCapability("Readburst Capable:\t\t\t", network->ReadBurstCapable());
+    ui->lblLowSpeedCapable->ShowCapability("Low Speed Capable:\t\t", network->SpeedAvailable(eNetSpeed::Low));
+    ui->lblHighSpeedCapable->ShowCapability("High Speed Capable:\t\t", network->SpeedAvailable(eNetSpeed::High));
+    ui->lblUltraHighSpeedCapable->ShowCapability("Ultra High Speed Capable:\t\t",
+                                                 network->SpeedAvailable(eNetSpeed::UltraHigh));
+}
+
+void MainWindow::ShowSpeeds() {
+    ui->editCurrentSpeed->setText(FromLibrary(TavikLibrary::eNetSpeed_ToString(network->NetSpeed())));
+    ui->listAvailableSpeeds->clear();
+    for (const eNetSpeed speed : network->AvailableSpeeds()) {
+        ui->listAvailableSpeeds->addItem(FromLibrary(TavikLibrary::eNetSpeed_ToString(speed)));
+    }
+}
+
+void MainWindow::ListModules() {
+    const int row = ui->listModules->currentRow();
+    ui->listModules->clear();
+    for (int index = 0; index < network->ModuleCount(); ++index) {
+        ui->listModules->addItem(FromLibrary(network->GetModule(static_cast<unsigned int>(index))->Identity()));
+    }
+    if (row < ui->listModules->count()) {
+        ui->listModules->setCurrentRow(row);
+    }
+}
+
+void MainWindow::on_listModules_currentRowChanged(int currentRow) {
+    if (currentRow >= 0) {
+        // A list that gets the focus makes its first row current without showing it as chosen, but the buttons beside
+        // the list act on it.
+        ui->listModules->item(currentRow)->setSelected(true);
+    }
+    LastResort::Run([this, currentRow] { modulePages->Show(network, currentRow); });
+}
+
+// Changing the module list
+
+void MainWindow::on_btnNotify_clicked() {
+    if (notifyRunning) {
+        return;
+    }
+    notifyRunning = true;
+    const auto idleAgain = qScopeGuard([this] {
+        notifyRunning = false;
+        ShowActivity(QString());
+        if (!IsClosing()) {
+            EnableControls();
+            ui->btnStopNotify->setEnabled(false);
+        }
+    });
+    DisableControls();
+    ui->btnStopNotify->setEnabled(true);
+    LastResort::Run([this] {
+        RunNotify(*this, network);
+        RefreshNetworkPage();
+    });
+}
+
+void MainWindow::on_btnStopNotify_clicked() {
+    LastResort::Run([this] { network->CancelNotifying(); });
+}
+
+void MainWindow::on_btnAddModule_clicked() {
+    bool accepted = false;
+    const QString identity = QInputDialog::getText(this, QStringLiteral("Add module by ID"),
+                                                   QStringLiteral("Enter the module tavik identity."),
+                                                   QLineEdit::Normal, QString(), &accepted);
+    if (!accepted || IsClosing()) {
+        return;
+    }
+    Guarded(this, QStringLiteral("Add Module"), errorPrefix,
+            [&] { network->AddModule(ToLibrary(identity.toUpper()), std::string()); });
+    LastResort::Run([this] { RefreshNetworkPage(); });
+}
+
+void MainWindow::on_btnDeleteModule_clicked() {
+    const int row = ui->listModules->currentRow();
+    if (row < 0) {
+        return;
+    }
+    Guarded(this, QStringLiteral("Delete Module"), errorPrefix, [&] { network->DeleteModule(row); });
+    LastResort::Run([this] { RefreshNetworkPage(); });
+}
+
+void MainWindow::on_btnClearModules_clicked() {
+    Guarded(this, QStringLiteral("Clear Modules"), errorPrefix, [this] { network->ClearModules(); });
+    LastResort::Run([this] { RefreshNetworkPage(); });
+}
+
+void MainWindow::on_btnClearTcons_clicked() {
+    Guarded(this, QStringLiteral("Clear TCons"), errorPrefix, [this] { network->ClearTCons(); });
+    LastResort::Run([this] { RefreshNetworkPage(); });
+}
+
+void MainWindow::on_btnMoveUp_clicked() {
+    MoveSelectedModule(-1);
+}
+
+void MainWindow::on_btnMoveDown_clicked() {
+    MoveSelectedModule(1);
+}
+
+void MainWindow::MoveSelectedModule(int step) {
+    const int row = ui->listModules->currentRow();
+    const int otherRow = row + step;
+    if (row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
+        return;
+    }
+    LastResort::Run([&] {
+        network->GetModule(static_cast<unsigned int>(row))->SetPosition(otherRow);
+        network->GetModule(static_cast<unsigned int>(otherRow))->SetPosition(row);
+        network->ApplyRemap();
+        RefreshNetworkPage();
+        ui->listModules->setCurrentRow(otherRow);
+    });
+}
+
+void MainWindow::on_btnHotswap_clicked() {
+    const WaitCursor waitCursor;
+    Guarded(this, errorTitle, QString(), [this] {
+        network->FindHotswapped();
+        RefreshNetworkPage();
+    });
+}
+
+void MainWindow::on_btnPing_clicked() {
+    const WaitCursor waitCursor;
+    Guarded(this, errorTitle, QString(), [this] {
+        network->Ping();
+        RefreshNetworkPage();
+    });
+}
+
+void MainWindow::on_btnSetSpeed_clicked() {
+    const QList<QListWidgetItem*> selected = ui->listAvailableSpeeds->selectedItems();
+    if (selected.isEmpty()) {
+        ShowErrorBox(this, errorTitle, QStringLiteral("A speed to set has not been selected."));
+        return;
+    }
+    Guarded(this, errorTitle, QString(), [&] {
+        network->setNetSpeed(TavikLibrary::eNetSpeed_FromString(ToLibrary(selected.first()->text())));
+        RefreshNetworkPage();
+    });
+}
+
+void MainWindow::on_btnLoadXML_clicked() {
+    if (LoadNetwork(this, network)) {
+        LastResort::Run([this] { RefreshNetworkPage(); });
+    }
+}
+
+void MainWindow::on_btnSaveXML_clicked() {
+    if (SaveNetwork(this, network)) {
+        LastResort::Run([this] { RefreshNetworkPage(); });
+    }
+}
+
+void MainWindow::SetControlsEnabled(bool enable) {
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             ui->btnConnectAll, ui->btnDisconnectAll, ui->tableNetworks, ui->listModules, ui->btnMoveUp,
+             ui->btnMoveDown, ui->btnHotswap, ui->btnPing, ui->btnNotify, ui->btnAddModule, ui->btnDeleteModule,
+             ui->btnClearModules, ui->btnClearTcons, ui->btnLoadXML, ui->btnSaveXML, ui->btnSetSpeed}) {
+        widget->setEnabled(enable);
+    }
+    SetRowButtonsEnabled(ui->tableNetworks, enable);
+    // A module that was selected when the controls were disabled may have left the list since.
+    if (enable || ui->listModules->currentRow() >= 0) {
+        modulePages->SetEnabled(enable);
+    }
+}
+
+void MainWindow::on_actionE_xit_triggered() {
+    close();
+}
+
+void MainWindow::on_action_Decode_Error_triggered() {
+    LastResort::Run([this] { DecodeError(this, server); });
+}
+
+void MainWindow::on_action_About_triggered() {
+    LastResort::Run([this] { AboutBox(FromLibrary(server.LibraryVersion()), this).exec(); });
+}

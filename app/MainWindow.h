@@ -1,0 +1,83 @@
+#pragma once
+
+#include "library/TavikServer.h"
+#include "panels/common/HostWindow.h"
+
+#include <memory>
+
+class ModulePages;
+
+namespace TavikLibrary {
+class TavikNetwork;
+} // namespace TavikLibrary
+
+namespace Ui {
+class MainWindow;
+}
+
+/// The one window: shows the networks, connects them, lists and manages the modules of the selected network
+/// and hosts the pages of the selected module.
+class MainWindow : public HostWindow {
+    Q_OBJECT
+
+public:
+    /// Throws TavikException when the library cannot be started.
+    explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    void DisableControls() override;
+    void EnableControls() override;
+    void RedisplayModuleInformation() override;
+
+protected:
+    /// Stops and disconnects everything. A step that fails does not keep the later ones from being made.
+    void closeEvent(QCloseEvent* event) override;
+
+private slots:
+    void on_btnConnectAll_clicked();
+    void on_btnDisconnectAll_clicked();
+    void tableNetConnectionButton_clicked();
+    void on_tableNetworks_itemSelectionChanged();
+
+    void on_listModules_currentRowChanged(int currentRow);
+    void on_btnNotify_clicked();
+    void on_btnStopNotify_clicked();
+    void on_btnAddModule_clicked();
+    void on_btnDeleteModule_clicked();
+    void on_btnClearModules_clicked();
+    void on_btnClearTcons_clicked();
+    void on_btnMoveUp_clicked();
+    void on_btnMoveDown_clicked();
+    void on_btnHotswap_clicked();
+    void on_btnPing_clicked();
+    void on_btnSetSpeed_clicked();
+
+    void on_btnLoadXML_clicked();
+    void on_btnSaveXML_clicked();
+
+    void on_actionE_xit_triggered();
+    void on_action_Decode_Error_triggered();
+    void on_action_About_triggered();
+
+private:
+    void ShowLibrary();
+
+    void FillNetworksTable();
+    void ToggleConnection(TavikLibrary::TavikNetwork* network);
+    void ShowSelectedNetwork();
+
+    void RefreshNetworkPage();
+    void ShowNetworkCapabilities();
+    void ShowSpeeds();
+    void ListModules();
+
+    void MoveSelectedModule(int step);
+    void SetControlsEnabled(bool enable);
+
+    TavikLibrary::TavikServer server;
+    std::unique_ptr<Ui::MainWindow> ui;
+    std::unique_ptr<ModulePages> modulePages;
+    /// Borrowed; null until a connected network is selected.
+    TavikLibrary::TavikNetwork* network = nullptr;
+    bool notifyRunning = false;
+};

@@ -1,0 +1,44 @@
+# How everything of this project is compiled: C++17, warnings are errors, Qt's strict defines,
+# and the sanitizers that a preset asks for.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+set(TAVIK_SANITIZERS "" CACHE STRING
+    "Sanitizers to build everything with: empty, address;undefined;leak, or thread")
+
+# A gauge library of another make must be able to take the simulated one's place by standing
+# earlier on LD_LIBRARY_PATH. DT_RUNPATH allows that, DT_RPATH would not.
+add_link_options(-Wl,--enable-new-dtags)
+
+if(TAVIK_SANITIZERS)
+  list(JOIN TAVIK_SANITIZERS "," tavik_sanitizer_list)
+  add_compile_options(-fsanitize=${tavik_sanitizer_list} -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${tavik_sanitizer_list})
+endif()
+
+# tavik_options: for every target of this project.
+add_library(tavik_options INTERFACE)
+target_include_directories(tavik_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(tavik_options INTERFACE -Wall -Wextra -Wpedantic -Werror)
+target_link_libraries(tavik_options INTERFACE Threads::Threads)
+
+# tavik_qt_options: the same, and Qt's strict defines, for every target that uses Qt.
+add_library(tavik_qt_options INTERFACE)
+target_link_libraries(tavik_qt_options INTERFACE tavik_options)
+target_compile_definitions(tavik_qt_options INTERFACE
+  QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII
+  QT_NO_CAST_FROM_BYTEARRAY
+  QT_NO_URL_CAST_FROM_STRING
+  QT_NO_FOREACH
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  QT_STRICT_ITERATORS
+  QT_DEPRECATED_WARNINGS
+  QT_DISABLE_DEPRECATED_BEFORE=0x050F00)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace TavikLibrary {
+
+/// What every library operation throws when it fails. what() is a sentence in UTF-8.
+class TavikException : public std::runtime_error {
+public:
+    TavikException(int errorCode, const std::string& text);
+    TavikException(const TavikException& other);
+    TavikException& operator=(const TavikException& other);
+    ~TavikException() override;
+
+    /// The result code behind the text; 255 means that this module does not have the value asked for.
+    int ErrorCode() const;
+
+private:
+    int errorCode;
+};
+
+} // namespace TavikLibrary

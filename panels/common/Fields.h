@@ -1,0 +1,8 @@
+#pragma once
+
+class QLineEdit;
+class QString;
+
+/// Shows a text in a read-only field from its beginning, and whole as a tool tip, since it may be longer than
+/// the field.
+void ShowInField(QLineEdit* field, const QString& text);

@@ -1,0 +1,3 @@
+#include "panels/common/TypePanel.h"
+
+void TypePanel::RefreshFromModule() {}

@@ -1,0 +1,10 @@
+#include "panels/modes/BufferedModeWidget.h"
+
+#include "ui_BufferedModeWidget.h"
+
+BufferedModeWidget::BufferedModeWidget(QWidget* parent)
+    : QWidget(parent), ui(std::make_unique<Ui::BufferedModeWidget>()) {
+    ui->setupUi(this);
+}
+
+BufferedModeWidget::~BufferedModeWidget() = default;

@@ -1,0 +1,9 @@
+#include "panels/modes/DynamicWidget.h"
+
+#include "ui_DynamicWidget.h"
+
+DynamicWidget::DynamicWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::DynamicWidget>()) {
+    ui->setupUi(this);
+}
+
+DynamicWidget::~DynamicWidget() = default;

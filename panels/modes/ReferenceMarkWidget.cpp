@@ -1,0 +1,10 @@
+#include "panels/modes/ReferenceMarkWidget.h"
+
+#include "ui_ReferenceMarkWidget.h"
+
+ReferenceMarkWidget::ReferenceMarkWidget(QWidget* parent)
+    : QWidget(parent), ui(std::make_unique<Ui::ReferenceMarkWidget>()) {
+    ui->setupUi(this);
+}
+
+ReferenceMarkWidget::~ReferenceMarkWidget() = default;

@@ -1,0 +1,79 @@
+#include "panels/types/ModuleBWRWidget.h"
+
+#include "library/TavikModuleLaser.h"
+#include "panels/common/Fields.h"
+#include "panels/common/MessageBoxes.h"
+#include "panels/common/WaitCursor.h"
+#include "panels/types/RowValues.h"
+#include "ui_ModuleBWRWidget.h"
+
+using TavikLibrary::eFilter;
+
+namespace {
+
+const QLatin1String boxTitle("BWR Module");
+
+} // namespace
+
+ModuleBWRWidget::ModuleBWRWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleBWRWidget>()) {
+    ui->setupUi(this);
+    FitToRows(ui->listAvailableFilters);
+}
+
+ModuleBWRWidget::~ModuleBWRWidget() = default;
+
+void ModuleBWRWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
+                                TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleBWR* newModule) {
+    mainWindow = newMainWindow;
+    server = newServer;
+    network = newNetwork;
+    module = newModule;
+
+    ShowInformation();
+    const eFilter filter = module->Filter();
+    ShowFilter(filter);
+    SelectRowOf(ui->listAvailableFilters, filter);
+    const short time = module->LevelCutTime();
+    ShowLevelCutTime(time);
+    ui->sbAvailableLevelCutTime->setMaximum(module->LevelCutTimeMax());
+    ui->sbAvailableLevelCutTime->setValue(time);
+}
+
+void ModuleBWRWidget::SetEnabled(bool enable) {
+    ui->btnSetFilter->setEnabled(enable);
+    ui->btnSetLevelCut->setEnabled(enable);
+}
+
+// Both settings show the value that was sent: the laser takes its time to work with it.
+
+void ModuleBWRWidget::on_btnSetFilter_clicked() {
+    Guarded(this, boxTitle, QString(), [this] {
+        const WaitCursor waitCursor;
+        const auto filter = CurrentRowAs<eFilter>(ui->listAvailableFilters);
+        module->setFilter(filter);
+        ShowFilter(filter);
+    });
+}
+
+void ModuleBWRWidget::on_btnSetLevelCut_clicked() {
+    Guarded(this, boxTitle, QString(), [this] {
+        const WaitCursor waitCursor;
+        const int time = ui->sbAvailableLevelCutTime->value();
+        module->setLevelCutTime(static_cast<unsigned short>(time));
+        ShowLevelCutTime(static_cast<short>(time));
+    });
+}
+
+void ModuleBWRWidget::ShowInformation() {
+    ShowInField(ui->tbModel, FromLibrary(module->ModelNumber()));
+    ShowInField(ui->tbSerial, FromLibrary(module->SerialNumber()));
+    ShowInField(ui->tbFirmware, FromLibrary(module->FirmwareNumber()));
+}
+
+void ModuleBWRWidget::ShowFilter(eFilter filter) {
+    ShowInField(ui->tbCurrentFilter, FromLibrary(TavikLibrary::eFilter_ToString(filter)));
+}
+
+void ModuleBWRWidget::ShowLevelCutTime(short time) {
+    ShowInField(ui->tbCurrentLevelCutTime, QString::number(time));
+}

@@ -1,0 +1,132 @@
+#include "panels/wireless/HandToolSettingsDialog.h"
+
+#include "library/TavikRLKDevice.h"
+#include "library/TavikRLKSettings.h"
+#include "panels/common/HostWindow.h"
+#include "panels/common/Wait.h"
+#include "panels/wireless/FirmwareNumber.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QScopeGuard>
+#include <QSpinBox>
+
+#include <stdexcept>
+
+namespace {
+
+constexpr unsigned int oneSecond = 1000000;
+
+/// What the time field shows while the tool does not switch itself off.
+constexpr int usualOffSeconds = 60;
+
+} // namespace
+
+HandToolSettingsDialog::HandToolSettingsDialog(QWidget* mainWindow, TavikLibrary::RLK_Device* device,
+                                               TavikLibrary::RLK_DeviceSettingsBase* settings)
+    : QDialog(mainWindow),
+      host(HostWindow::Of(mainWindow)),
+      device(device),
+      settings(settings),
+      wait(std::make_unique<WaitForProcessDialog>(mainWindow)) {}
+
+HandToolSettingsDialog::~HandToolSettingsDialog() = default;
+
+void HandToolSettingsDialog::Open(const std::function<void()>& readSettings) {
+    if (host != nullptr) {
+        host->ShowActivity(QStringLiteral("Reading the settings of a hand tool"));
+    }
+    const auto idleAgain = qScopeGuard([this] {
+        wait->hide();
+        if (host != nullptr) {
+            host->ShowActivity(QString());
+        }
+    });
+    wait->setModal(true);
+    wait->show();
+    SleepMicroseconds(oneSecond);
+    QCoreApplication::processEvents();
+    try {
+        loading = true;
+        EnterConfigMode();
+        readSettings();
+        settings->setConfigMode(false);
+        loading = false;
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(error);
+    }
+}
+
+void HandToolSettingsDialog::Step(int percent, const QString& text) {
+    wait->setProgress(percent, text);
+    if (host != nullptr && host->IsClosing()) {
+        throw std::runtime_error("The program is closing.");
+    }
+}
+
+void HandToolSettingsDialog::EnterConfigMode() {
+    constexpr int tries = 10;
+    for (int attempt = 1; attempt <= tries; ++attempt) {
+        Step(0, QStringLiteral("Connecting and entering config mode. (Try %1/%2)").arg(attempt).arg(tries));
+        settings->setConfigMode(true);
+        if (settings->EnteredConfigMode()) {
+            return;
+        }
+        if (attempt < tries) {
+            SleepMicroseconds(oneSecond);
+        }
+    }
+    throw std::runtime_error("Device connection error\nFailed to enter config mode.");
+}
+
+QString HandToolSettingsDialog::ReadTitle(const QString& name, std::size_t firmwarePosition) {
+    Step(1, QStringLiteral("Reading Identity"));
+    const QString firmware = ReadFirmwareNumber(firmwarePosition);
+    const QString identity = FromLibrary(device->TavikIdentity());
+    return QStringLiteral("%1 (%2) Firmware V%3     ").arg(name, identity, firmware);
+}
+
+QString HandToolSettingsDialog::ReadFirmwareNumber(std::size_t position) {
+    try {
+        return FirmwareNumber(device->Settings()->SendCommand("IDENTIFY", true), position);
+    } catch (...) {
+        // The settings can be changed without knowing the firmware.
+        return {};
+    }
+}
+
+void HandToolSettingsDialog::ShowAutoPowerOff(QCheckBox* enabled, QSpinBox* time, int seconds) {
+    const bool switchesOff = seconds != 0;
+    enabled->setChecked(switchesOff);
+    time->setValue(switchesOff ? seconds : usualOffSeconds);
+    time->setEnabled(switchesOff);
+}
+
+void HandToolSettingsDialog::WriteAutoPowerOff(QCheckBox* enabled, QSpinBox* time,
+                                               const std::function<void(int)>& setSeconds) {
+    Write([&] {
+        if (enabled->isChecked()) {
+            setSeconds(time->value());
+            time->setEnabled(true);
+        } else {
+            setSeconds(0);
+            // The field's own slot writes the value it gets here, as operators of this tool are used to.
+            time->setValue(usualOffSeconds);
+            time->setEnabled(false);
+        }
+    });
+}
+
+void HandToolSettingsDialog::ResetToFactory(const std::function<void()>& reset) {
+    Write([&] {
+        reset();
+        ShowInformationBox(
+            this, QStringLiteral("KRV Config"),
+            QStringLiteral("Factory reset complete.\nPlease power cycle the KRV to apply the new settings."));
+    });
+}
+
+void HandToolSettingsDialog::SelectNearestRow(QComboBox* list, int row) {
+    list->setCurrentIndex(qBound(0, row, list->count() - 1));
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "panels/common/MessageBoxes.h"
+#include "panels/wireless/WaitForProcessDialog.h"
+
+#include <QDialog>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+
+class HostWindow;
+class QCheckBox;
+class QComboBox;
+class QSpinBox;
+
+namespace TavikLibrary {
+class RLK_Device;
+class RLK_DeviceSettingsBase;
+} // namespace TavikLibrary
+
+/// What the settings dialogs of all hand tools do alike: they bring the tool into configuration mode, read
+/// every setting while a wait dialog shows the progress, and from then on write each change at once.
+class HandToolSettingsDialog : public QDialog {
+    Q_OBJECT
+
+protected:
+    HandToolSettingsDialog(QWidget* mainWindow, TavikLibrary::RLK_Device* device,
+                           TavikLibrary::RLK_DeviceSettingsBase* settings);
+    ~HandToolSettingsDialog() override;
+
+    /// Connects the tool and reads its settings by the calls given. Throws std::runtime_error when the tool
+    /// cannot be brought into configuration mode or read, and when the main window closes meanwhile.
+    void Open(const std::function<void()>& readSettings);
+    /// Shows the progress of Open. Throws std::runtime_error when the main window has begun to close.
+    void Step(int percent, const QString& text);
+    /// The title of the form: its name, the tool's identity and the firmware number, which the tool's reply
+    /// holds in four characters from a position on; empty when there is none.
+    QString ReadTitle(const QString& name, std::size_t firmwarePosition);
+
+    /// Writes a setting, unless the form is just being filled. A failure shows its box; the form keeps what
+    /// the operator chose.
+    template <class Calls>
+    void Write(Calls&& calls) {
+        if (!loading) {
+            WriteAlways(std::forward<Calls>(calls));
+        }
+    }
+    /// The same, also while the form is being filled.
+    template <class Calls>
+    bool WriteAlways(Calls&& calls) {
+        return Guarded(this, QStringLiteral("KRV Config"), QStringLiteral("Error: "), std::forward<Calls>(calls));
+    }
+
+    /// Shows the time after which the tool switches itself off; 0 is never.
+    static void ShowAutoPowerOff(QCheckBox* enabled, QSpinBox* time, int seconds);
+    /// Writes what the operator made of the check box.
+    void WriteAutoPowerOff(QCheckBox* enabled, QSpinBox* time, const std::function<void(int)>& setSeconds);
+    /// Resets the tool and tells what is left to do.
+    void ResetToFactory(const std::function<void()>& reset);
+
+    /// Shows a library's value, which is the row of the list; the nearest row for a value without one.
+    template <class Value>
+    static void ShowRow(QComboBox* list, Value value, int first = 0) {
+        SelectNearestRow(list, static_cast<int>(value) - first);
+    }
+
+private:
+    void EnterConfigMode();
+    QString ReadFirmwareNumber(std::size_t position);
+    static void SelectNearestRow(QComboBox* list, int row);
+
+    HostWindow* host;
+    TavikLibrary::RLK_Device* device;
+    TavikLibrary::RLK_DeviceSettingsBase* settings;
+    std::unique_ptr<WaitForProcessDialog> wait;
+    bool loading = false;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class WaitForProcessDialog;
+}
+
+/// Shows how far a long sequence of calls has come. The operator cannot close it; whoever shows it hides it.
+class WaitForProcessDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit WaitForProcessDialog(QWidget* parent);
+    ~WaitForProcessDialog() override;
+
+    /// Shows the progress, 0 to 100 percent, and what is being done. Handles pending events once.
+    void setProgress(int percent, const QString& message);
+
+    /// Does nothing: neither Escape nor the window manager closes the dialog.
+    void reject() override;
+
+private:
+    std::unique_ptr<Ui::WaitForProcessDialog> ui;
+};

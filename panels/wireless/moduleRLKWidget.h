@@ -1,0 +1,100 @@
+#pragma once
+
+#include "panels/common/TypePanel.h"
+
+#include <array>
+#include <memory>
+
+class HostWindow;
+class ModuleRestart;
+class QLineEdit;
+class QPushButton;
+
+namespace TavikLibrary {
+class RLK_Device;
+class TavikModuleRLK;
+class TavikNetwork;
+class TavikServer;
+} // namespace TavikLibrary
+
+namespace Ui {
+class moduleRLKWidget;
+}
+
+/// The panel of a wireless connection module: the hand tools in its six slots. Slots are numbered from 0
+/// here and from 1 on the screen.
+class moduleRLKWidget : public TypePanel {
+    Q_OBJECT
+
+public:
+    explicit moduleRLKWidget(QWidget* parent);
+    ~moduleRLKWidget() override;
+
+    /// Takes the module and fills the panel. Throws TavikException when the module cannot be asked; a hand
+    /// tool that does not answer is passed over.
+    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
+                   TavikLibrary::TavikModuleRLK* module);
+    /// A slot can be read once it has an identity, and configured once its hand tool is known. Never throws;
+    /// does nothing without a module.
+    void SetEnabled(bool enable) override;
+
+signals:
+    /// Emitted on the restart's own thread, whatever became of the restart.
+    void restartFinished();
+
+private slots:
+    void on_btnApplySettings_clicked();
+
+    void on_btnRead1_clicked();
+    void on_btnRead2_clicked();
+    void on_btnRead3_clicked();
+    void on_btnRead4_clicked();
+    void on_btnRead5_clicked();
+    void on_btnRead6_clicked();
+
+    void onRestartFinished();
+    void onRestartFailed();
+
+    void on_btnConfig1_clicked();
+    void on_btnConfig2_clicked();
+    void on_btnConfig3_clicked();
+    void on_btnConfig4_clicked();
+    void on_btnConfig5_clicked();
+    void on_btnConfig6_clicked();
+
+private:
+    static constexpr int slotCount = 6;
+
+    /// The widgets of one slot.
+    struct Row {
+        QLineEdit* identity;
+        QLineEdit* name;
+        QLineEdit* deviceType;
+        QPushButton* read;
+        QPushButton* configure;
+    };
+
+    std::array<Row, slotCount> Rows() const;
+    TavikLibrary::RLK_Device* Device(int slot);
+    bool HasIdentity(int slot);
+
+    void WakeDevices();
+    void ShowDevices();
+    void EnableCommands(bool enable);
+    void WriteIdentitiesAndNames();
+    void StartRestart();
+    void ShowRestarting(bool restarting);
+    void ReadDevice(int slot);
+    void ConfigureDevice(int slot);
+    template <class Dialog>
+    void RunSettingsDialog(TavikLibrary::RLK_Device* device);
+
+    std::unique_ptr<Ui::moduleRLKWidget> ui;
+    std::array<Row, slotCount> rows;
+    std::shared_ptr<ModuleRestart> restart;
+    HostWindow* mainWindow = nullptr;
+    TavikLibrary::TavikServer* server = nullptr;
+    TavikLibrary::TavikNetwork* network = nullptr;
+    TavikLibrary::TavikModuleRLK* module = nullptr;
+    bool restarting = false;
+};

@@ -1,0 +1,12 @@
+#include "library/TavikBuffered.h"
+#include "simulator/acquisition/ModuleAcquisition.h"
+
+namespace TavikLibrary {
+
+ModuleBuffered::ModuleBuffered(Implementation* module) : implementation(module) {}
+
+ModuleBuffered::~ModuleBuffered() {
+    delete implementation;
+}
+
+} // namespace TavikLibrary

@@ -1,0 +1,12 @@
+#include "library/TavikDifference.h"
+#include "simulator/acquisition/ModuleAcquisition.h"
+
+namespace TavikLibrary {
+
+ModuleDifference::ModuleDifference(Implementation* module) : implementation(module) {}
+
+ModuleDifference::~ModuleDifference() {
+    delete implementation;
+}
+
+} // namespace TavikLibrary

@@ -1,0 +1,112 @@
+#include "simulator/bench/Bench.h"
+
+#include "simulator/bench/ErrorTexts.h"
+#include "simulator/bench/NetworksImplementation.h"
+#include "simulator/bench/SimulatedNetwork.h"
+#include "simulator/modules/ModuleHardware.h"
+#include "simulator/signals/Noise.h"
+
+#include <algorithm>
+
+namespace TavikSimulator {
+
+using TavikLibrary::eTavikErrors;
+
+Bench::Bench(const BenchDescription& description)
+    : clock(description.clockSpeed, description.manualClock), gate(clock, *this), seed(description.seed) {
+    gate.SetLatency(description.latency);
+    for (const NetworkDescription& network : description.networks) {
+        networks.push_back(std::make_unique<SimulatedNetwork>(*this, network));
+        for (const EventDescription& event : network.events) {
+            Schedule({event.at, networks.back().get(), event});
+        }
+    }
+    for (const Fault& fault : description.faults) {
+        gate.faults.Add(fault, 0.0);
+    }
+}
+
+Bench::~Bench() = default;
+
+SimulatedNetwork& Bench::NetworkNamed(const std::string& name) {
+    for (const auto& network : networks) {
+        if (network->Name() == name) {
+            return *network;
+        }
+    }
+    Refuse(eTavikErrors::InvalidArgument, "The bench has no network \"" + name + "\".");
+}
+
+bool Bench::HasModule(const std::string& identity) {
+    return std::any_of(networks.begin(), networks.end(),
+                       [&](const auto& network) { return network->Modules().IsOnBench(identity); });
+}
+
+std::uint64_t Bench::SeedOf(const std::string& identity) const {
+    return SeedFor(seed, identity);
+}
+
+void Bench::Schedule(const Event& event) {
+    // Of two events at the same time, the one that was scheduled first comes first.
+    const auto place = std::lower_bound(events.begin(), events.end(), event,
+                                        [](const Event& a, const Event& b) { return a.at > b.at; });
+    events.insert(place, event);
+}
+
+void Bench::Settle() {
+    if (events.empty()) {
+        return;
+    }
+    const double now = clock.Now();
+    while (!events.empty() && events.back().at <= now) {
+        Event event = events.back();
+        events.pop_back();
+        Happen(event);
+        if (event.description.every > 0.0) {
+            event.at += event.description.every;
+            Schedule(event);
+        }
+    }
+}
+
+void Bench::Happen(const Event& event) {
+    const EventDescription& what = event.description;
+    switch (what.kind) {
+    case EventKind::ModuleLeaves:
+        event.network->Modules().SetPresent(what.module, false, event.at);
+        break;
+    case EventKind::ModuleReturns:
+        event.network->Modules().SetPresent(what.module, true, event.at);
+        break;
+    case EventKind::ModuleReplaced:
+        event.network->Modules().Replace(what.module, what.replacement, what.replacementType);
+        break;
+    case EventKind::ControllerLeaves:
+        event.network->SetPresent(false);
+        break;
+    case EventKind::ControllerReturns:
+        event.network->SetPresent(true);
+        break;
+    }
+}
+
+void Bench::Attach() {
+    if (servers++ == 0) {
+        networksObject =
+            std::make_unique<TavikLibrary::TavikNetworks>(new TavikLibrary::TavikNetworks::Implementation(*this));
+    }
+}
+
+void Bench::Detach() {
+    if (--servers > 0) {
+        return;
+    }
+    for (const auto& network : networks) {
+        network->Disconnect();
+        network->known = false;
+        network->EndObjects();
+    }
+    networksObject.reset();
+}
+
+} // namespace TavikSimulator

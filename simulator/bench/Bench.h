@@ -1,0 +1,69 @@
+#pragma once
+
+#include "library/TavikNetworks.h"
+#include "simulator/bench/Clock.h"
+#include "simulator/bench/Description.h"
+#include "simulator/bench/Gate.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace TavikSimulator {
+
+class SimulatedNetwork;
+
+/// Everything that a TavikServer finds: networks, modules, time, and the gate before it all.
+class Bench : private Gate::Settler {
+public:
+    explicit Bench(const BenchDescription& description);
+    ~Bench();
+    Bench(const Bench&) = delete;
+    Bench& operator=(const Bench&) = delete;
+
+    Clock clock;
+    Gate gate;
+    std::atomic<std::uint64_t> callsOnRemovedModules{0};
+
+    // From here on guarded by the lock of the gate.
+
+    /// All networks, in the order of the bench file.
+    const std::vector<std::unique_ptr<SimulatedNetwork>>& Networks() const { return networks; }
+    /// The network of a name. Throws TavikException when there is none.
+    SimulatedNetwork& NetworkNamed(const std::string& name);
+    /// Whether any network has a module of this identity, on the wire or not.
+    bool HasModule(const std::string& identity);
+    /// Seed of the noise of the module with this identity.
+    std::uint64_t SeedOf(const std::string& identity) const;
+    /// Lets what is due by now happen.
+    void Settle() override;
+
+    /// A server begins or ends; with the last one all objects of the library end.
+    void Attach();
+    void Detach();
+    TavikLibrary::TavikNetworks* NetworksObject() { return networksObject.get(); }
+
+private:
+    struct Event {
+        double at;
+        SimulatedNetwork* network;
+        EventDescription description;
+    };
+    void Schedule(const Event& event);
+    void Happen(const Event& event);
+
+    std::uint64_t seed;
+    std::vector<std::unique_ptr<SimulatedNetwork>> networks;
+    std::vector<Event> events; ///< the next one last
+    int servers = 0;
+    std::unique_ptr<TavikLibrary::TavikNetworks> networksObject;
+};
+
+/// The bench of this process; makes one if there is none. Throws TavikException when that fails.
+std::shared_ptr<Bench> CurrentBench();
+/// Puts a fresh bench in the place of the current one.
+void ReplaceCurrentBench(const BenchDescription& description);
+
+} // namespace TavikSimulator

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "library/TavikEnums.h"
+#include "library/TavikModuleKX.h"
+#include "simulator/bench/TypeDescriptions.h"
+#include "simulator/control/BenchControl.h"
+#include "simulator/modules/AirGaugeDescription.h"
+#include "simulator/signals/Signal.h"
+#include "simulator/wireless/WirelessDescription.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+// What a bench file says, as plain data.
+namespace TavikSimulator {
+
+/// Where a module stands when the bench is made.
+enum class Place {
+    Listed, ///< in its network's list
+    Wire,   ///< plugged in, but not in the list yet
+    Absent, ///< not plugged in; in the list all the same when it is replaced or comes back
+};
+
+struct ModuleCapabilities {
+    bool buffered = false;
+    bool bufferedMaster = false;
+    bool difference = false;
+    bool dynamic = false;
+    bool dynamic2 = false;
+    bool dynamicMaster = false;
+    bool readBurst = false;
+};
+
+struct ModuleDescription {
+    TavikLibrary::eModuleType type = TavikLibrary::eModuleType::Unknown;
+    std::string identity;
+    std::string deviceType;
+    std::string softwareVersion;
+    std::optional<std::string> probeIdentity;
+    std::string unit;
+    double stroke = 1.0;
+    double offset = 0.0;
+    double countsPerUnit = 1.0; ///< of a probe it follows from resolution and stroke
+    bool hotSwappable = false;
+    ModuleCapabilities capabilities;
+    std::vector<TavikLibrary::eNetSpeed> speeds;
+    int resolutionBits = 14;
+    int averagingSamples = 1;
+    std::vector<TavikLibrary::eResolution> resolutions; ///< on offer, in display order
+    std::vector<TavikLibrary::eAveraging> averagings;   ///< on offer, in display order
+    bool display = false;                               ///< an air gauge with a display
+    EncoderDescription encoder;
+    PinsDescription pins;
+    LaserDescription laser;
+    ReadModeDescription readMode;
+    AirGaugeDescription airGauge; ///< of an air gauge
+    WirelessDescription wireless; ///< of a wireless connection module
+    SignalDescription signal;
+    Place place = Place::Listed;
+    std::optional<double> announcesAfter; ///< seconds after the beginning of a notify run
+    bool remembered = true;               ///< its connector knows it
+};
+
+enum class EventKind { ModuleLeaves, ModuleReturns, ModuleReplaced, ControllerLeaves, ControllerReturns };
+
+/// Something that happens by itself at a bench time.
+struct EventDescription {
+    EventKind kind = EventKind::ModuleLeaves;
+    double at = 0.0;
+    double every = 0.0; ///< seconds between repetitions; 0 for none
+    std::string module;
+    std::string replacement; ///< identity of the module that takes its place
+    TavikLibrary::eModuleType replacementType = TavikLibrary::eModuleType::Unknown;
+};
+
+struct NetworkCapabilities {
+    bool buffered = true;
+    bool bufferedExternal = true;
+    bool readBurst = true;
+    bool dynamic = true;
+    bool dynamic2 = true;
+    bool dynamicExternal = true;
+};
+
+struct NetworkDescription {
+    std::string name;
+    std::string controller;
+    std::string description;
+    std::optional<std::string> connectedController;
+    std::optional<std::string> connectedDescription;
+    TavikLibrary::eNetworkType type = TavikLibrary::eNetworkType::Usb;
+    std::vector<TavikLibrary::eNetSpeed> speeds;
+    TavikLibrary::eNetSpeed speed = TavikLibrary::eNetSpeed::High;
+    NetworkCapabilities capabilities;
+    bool connects = true;
+    int failedTries = 0;      ///< tries that fail before one succeeds
+    double connectTime = 0.2; ///< seconds
+    bool present = true;
+    std::vector<ModuleDescription> modules;
+    std::vector<EventDescription> events;
+};
+
+struct BenchDescription {
+    std::uint64_t seed = 1;
+    bool manualClock = false;
+    double clockSpeed = 1.0;
+    bool latency = true;
+    std::vector<NetworkDescription> networks;
+    std::vector<Fault> faults;
+};
+
+/// The most modules that a network holds.
+constexpr int MostModules = 150;
+
+/// Whether a text is 10 characters, upper-case letters and digits.
+bool IsIdentity(const std::string& text);
+
+} // namespace TavikSimulator

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "simulator/control/BenchControl.h"
+
+#include <atomic>
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace TavikSimulator {
+
+/// Whether a text matches a pattern in which "*" stands for any run of characters.
+bool Matches(const std::string& pattern, const std::string& text);
+
+/// Throws TavikException for a fault that can never take effect.
+void RequirePossible(const Fault& fault);
+
+/// What the faults that struck a call make of it.
+struct Strike {
+    bool struck = false;
+    double delay = 0.0; ///< in seconds
+    std::optional<int> result;
+    std::optional<Fault> failure; ///< the fault by which the call is to throw
+};
+
+/// The faults that are set on a bench. Safe from any thread.
+class Faults {
+public:
+    /// Whether any call can be struck; asked before every call, so it costs next to nothing.
+    bool Armed() const { return armed.load(std::memory_order_relaxed); }
+
+    /// Returns the fault's number. Throws TavikException on a fault that can never take effect.
+    int Add(const Fault& fault, double now);
+    void Remove(int number);
+    void Clear();
+    void FailCall(std::uint64_t k, bool everyCallAfter, const Fault& fault);
+
+    /// Asks every fault about a call that is about to begin. One that throws ends the asking.
+    Strike Ask(const JournalEntry& call, bool canReturnResult);
+
+    std::uint64_t Triggered() const;
+    std::uint64_t Triggered(int number) const;
+    JournalEntry LastStruck() const;
+
+private:
+    struct Active {
+        int number = 0;
+        Fault fault;
+        double setAt = 0.0;
+        std::uint64_t matched = 0;
+        std::uint64_t drawn = 0;
+    };
+    struct Countdown {
+        std::uint64_t left = 0;
+        bool everyCallAfter = false;
+        Fault fault;
+    };
+    static bool Triggers(Active& active, double now);
+    bool CountdownStrikes();
+    void Rearm();
+
+    mutable std::mutex mutex;
+    std::atomic<bool> armed{false};
+    int lastNumber = 0;
+    std::vector<Active> active;
+    std::optional<Countdown> countdown;
+    std::uint64_t triggered = 0;
+    std::map<int, std::uint64_t> triggeredBy;
+    JournalEntry lastStruck;
+};
+
+/// Throws what the fault says.
+[[noreturn]] void ThrowFault(const Fault& fault);
+
+} // namespace TavikSimulator

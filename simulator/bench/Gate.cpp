@@ -1,0 +1,41 @@
+#include "simulator/bench/Gate.h"
+
+namespace TavikSimulator {
+
+JournalEntry Gate::Begin(std::uint64_t number, const std::string& object, const char* operation) {
+    JournalEntry entry;
+    entry.number = number;
+    entry.time = clock.Now();
+    entry.thread = ThreadNumber();
+    entry.object = object;
+    entry.operation = operation;
+    return entry;
+}
+
+std::optional<int> Gate::Struck(JournalEntry& entry, bool canReturnResult) {
+    if (!faults.Armed()) {
+        return std::nullopt;
+    }
+    const Strike strike = faults.Ask(entry, canReturnResult);
+    entry.faulted = strike.struck;
+    clock.Wait(strike.delay);
+    if (strike.failure) {
+        ThrowFault(*strike.failure);
+    }
+    return strike.result;
+}
+
+void Gate::End(const JournalEntry& entry) {
+    if (journal.IsOn()) {
+        journal.Add(entry);
+    }
+}
+
+void Gate::EndFailed(JournalEntry& entry, int code, const char* text) {
+    entry.failed = true;
+    entry.errorCode = code;
+    entry.error = text;
+    End(entry);
+}
+
+} // namespace TavikSimulator

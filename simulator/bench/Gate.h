@@ -1,0 +1,151 @@
+#pragma once
+
+#include "library/TavikException.h"
+#include "simulator/bench/CallJournal.h"
+#include "simulator/bench/Clock.h"
+#include "simulator/bench/Faults.h"
+#include "simulator/bench/JournalText.h"
+
+#include <atomic>
+#include <cstdint>
+#include <exception>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <type_traits>
+
+namespace TavikSimulator {
+
+/// A call that takes no time.
+struct NoWait {};
+
+/// The one way through which every call of the library goes: it is counted, recorded, perhaps struck by
+/// a fault, takes its time, and then does its work under the bench's lock. The library's own insides
+/// never call its operations, so the gate is never entered twice by one call.
+class Gate {
+public:
+    /// Brings the bench up to date before a call; runs under the lock.
+    class Settler {
+    public:
+        virtual void Settle() = 0;
+
+    protected:
+        ~Settler() = default;
+    };
+
+    Gate(Clock& clock, Settler& settler) : clock(clock), settler(settler) {}
+
+    /// Runs a call. The body does its work and returns its result. A body that takes an optional int
+    /// gets the result code that a fault imposes on it; the result of another body that returns a whole
+    /// number or an enumeration is replaced by that code. The wait is NoWait, or a callable that spends the call's
+    /// time.
+    template <class Wait, class Body, class... Args>
+    auto Call(const std::string& object, const char* operation, Wait wait, Body body, const Args&... args) {
+        const std::uint64_t number = numbers.fetch_add(1, std::memory_order_relaxed) + 1;
+        if (!journal.IsOn() && !faults.Armed()) {
+            SpendTime(wait);
+            return Locked(body, std::nullopt);
+        }
+        return Watched(number, object, operation, true, wait, body, args...);
+    }
+
+    /// A call that is recorded but never fails by a fault.
+    template <class Body, class... Args>
+    auto UnfailingCall(const std::string& object, const char* operation, Body body, const Args&... args) {
+        const std::uint64_t number = numbers.fetch_add(1, std::memory_order_relaxed) + 1;
+        unfailing.fetch_add(1, std::memory_order_relaxed);
+        return Watched(number, object, operation, false, NoWait{}, body, args...);
+    }
+
+    std::uint64_t CallCount() const { return numbers.load() - unfailing.load(); }
+    void SetLatency(bool on) { latency = on; }
+
+    CallJournal journal;
+    Faults faults;
+    /// Guards everything on the bench.
+    std::mutex mutex;
+
+private:
+    template <class Body>
+    static constexpr bool TakesCode = std::is_invocable_v<Body, std::optional<int>>;
+
+    /// Whole numbers and enumerations, in whose place a code can stand.
+    template <class Value>
+    static constexpr bool
+        IsNumber = (std::is_integral_v<Value> && !std::is_same_v<Value, bool>) || std::is_enum_v<Value>;
+
+    template <class Body>
+    static auto Run(Body& body, std::optional<int> code) {
+        if constexpr (TakesCode<Body>) {
+            return body(code);
+        } else if constexpr (IsNumber<decltype(body())>) {
+            return code ? static_cast<decltype(body())>(*code) : body();
+        } else {
+            return body();
+        }
+    }
+
+    template <class Body>
+    static constexpr bool CanReturnResult() {
+        if constexpr (TakesCode<Body>) {
+            return true;
+        } else {
+            return IsNumber<std::invoke_result_t<Body>>;
+        }
+    }
+
+    template <class Body>
+    auto Locked(Body& body, std::optional<int> code) {
+        const std::lock_guard lock(mutex);
+        settler.Settle();
+        return Run(body, code);
+    }
+
+    template <class Wait>
+    void SpendTime(Wait& wait) {
+        if constexpr (!std::is_same_v<Wait, NoWait>) {
+            if (latency.load(std::memory_order_relaxed)) {
+                wait();
+            }
+        }
+    }
+
+    template <class Wait, class Body, class... Args>
+    auto Watched(std::uint64_t number, const std::string& object, const char* operation, bool canFail, Wait wait,
+                 Body& body, const Args&... args) {
+        JournalEntry entry = Begin(number, object, operation);
+        entry.arguments = ArgumentsText(args...);
+        try {
+            const std::optional<int> code = canFail ? Struck(entry, CanReturnResult<Body>()) : std::nullopt;
+            SpendTime(wait);
+            if constexpr (std::is_void_v<decltype(Run(body, code))>) {
+                Locked(body, code);
+                End(entry);
+            } else {
+                auto result = Locked(body, code);
+                entry.result = JournalText(result);
+                End(entry);
+                return result;
+            }
+        } catch (const TavikLibrary::TavikException& exception) {
+            EndFailed(entry, exception.ErrorCode(), exception.what());
+            throw;
+        } catch (const std::exception& exception) {
+            EndFailed(entry, 0, exception.what());
+            throw;
+        }
+    }
+
+    JournalEntry Begin(std::uint64_t number, const std::string& object, const char* operation);
+    std::optional<int> Struck(JournalEntry& entry, bool canReturnResult);
+    void End(const JournalEntry& entry);
+    void EndFailed(JournalEntry& entry, int code, const char* text);
+
+    Clock& clock;
+    Settler& settler;
+    std::atomic<std::uint64_t> numbers{0};
+    std::atomic<std::uint64_t> unfailing{0};
+    std::atomic<bool> latency{true};
+};
+
+} // namespace TavikSimulator

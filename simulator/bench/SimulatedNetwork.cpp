@@ -1,0 +1,151 @@
+#include "simulator/bench/SimulatedNetwork.h"
+
+#include "library/TavikException.h"
+#include "simulator/bench/ErrorTexts.h"
+#include "simulator/bench/NetworkImplementation.h"
+#include "simulator/modules/ModuleHardware.h"
+
+#include <algorithm>
+
+namespace TavikSimulator {
+
+using TavikLibrary::eNetSpeed;
+using TavikLibrary::eTavikErrors;
+
+double TransactionTime(eNetSpeed speed) {
+    switch (speed) {
+    case eNetSpeed::Low:
+        return 0.0025;
+    case eNetSpeed::Medium:
+        return 0.0012;
+    case eNetSpeed::High:
+        return 0.00035;
+    case eNetSpeed::UltraHigh:
+        return 0.0002;
+    }
+    return 0.0;
+}
+
+SimulatedNetwork::SimulatedNetwork(Bench& ownerBench, const NetworkDescription& networkDescription)
+    : bench(ownerBench),
+      description(networkDescription),
+      controllerID(description.controller),
+      text(description.description),
+      speed(description.speed),
+      present(description.present),
+      failedTriesLeft(description.failedTries),
+      modules(ownerBench, *this, description.modules) {}
+
+SimulatedNetwork::~SimulatedNetwork() = default;
+
+void SimulatedNetwork::RequireConnected() const {
+    if (!connected) {
+        Refuse(eTavikErrors::NetworkNotConnected, "Network \"" + Name() + "\" is not connected.");
+    }
+}
+
+void SimulatedNetwork::Connect() {
+    if (connected || !present || !description.connects) {
+        return;
+    }
+    if (failedTriesLeft > 0) {
+        --failedTriesLeft;
+        return;
+    }
+    connected = true;
+    controllerID = description.connectedController.value_or(controllerID);
+    text = description.connectedDescription.value_or(text);
+}
+
+void SimulatedNetwork::Disconnect() {
+    connected = false;
+    modules.CancelNotifying();
+    acquisition.StopAll();
+}
+
+void SimulatedNetwork::SetPresent(bool nowPresent) {
+    present = nowPresent;
+    if (!present) {
+        Disconnect();
+    }
+}
+
+bool SimulatedNetwork::ControllerCanWorkAt(eNetSpeed wanted) const {
+    const auto& speeds = description.speeds;
+    return std::find(speeds.begin(), speeds.end(), wanted) != speeds.end();
+}
+
+void SimulatedNetwork::SetSpeed(eNetSpeed wanted) {
+    const std::string name = TavikLibrary::eNetSpeed_ToString(wanted);
+    if (Modules().Notifying()) {
+        Refuse(eTavikErrors::NotifyRunning,
+               "A notify run is going on on network \"" + Name() + "\"; stop it before setting the speed.");
+    }
+    if (!ControllerCanWorkAt(wanted)) {
+        Refuse(eTavikErrors::SpeedNotAvailable,
+               "The controller of network \"" + Name() + "\" cannot work at the speed " + name + ".");
+    }
+    for (int i = 0; i < modules.Count(); ++i) {
+        if (!modules.HardwareAt(i).CanWorkAt(wanted)) {
+            Refuse(eTavikErrors::SpeedNotAvailable, "Module " + modules.HardwareAt(i).Identity() + " on network \"" +
+                                                        Name() + "\" cannot work at the speed " + name + ".");
+        }
+    }
+    speed = wanted;
+}
+
+StoredNetwork SimulatedNetwork::Stored() {
+    return {Name(), speed, Modules().Stored()};
+}
+
+void SimulatedNetwork::Restore(const StoredNetwork& stored, const std::string& file) {
+    try {
+        if (stored.name != Name()) {
+            Refuse(eTavikErrors::InvalidArgument,
+                   "It describes the network \"" + stored.name + "\", not \"" + Name() + "\".");
+        }
+        if (!ControllerCanWorkAt(stored.speed)) {
+            Refuse(eTavikErrors::SpeedNotAvailable,
+                   "The controller cannot work at the speed " + TavikLibrary::eNetSpeed_ToString(stored.speed) + ".");
+        }
+        Modules().Restore(stored.modules, stored.speed, bench.clock.Now());
+    } catch (const TavikLibrary::TavikException& exception) {
+        throw TavikLibrary::TavikException(exception.ErrorCode(), file + ": " + exception.what());
+    }
+    speed = stored.speed;
+}
+
+void SimulatedNetwork::SpendTransactions(int count) {
+    bench.clock.WaitOn(bus, count * TransactionTime(Speed()));
+}
+
+ModuleList& SimulatedNetwork::Modules() {
+    if (modules.Notifying()) {
+        modules.ProgressNotifying(bench.clock.Now());
+    }
+    return modules;
+}
+
+int SimulatedNetwork::ReadBurstCapableCount() {
+    const ModuleList& list = Modules();
+    int count = 0;
+    while (count < list.Count() && list.HardwareAt(count).Description().capabilities.readBurst) {
+        ++count;
+    }
+    return count;
+}
+
+TavikLibrary::TavikNetwork* SimulatedNetwork::Object() {
+    if (!object) {
+        object =
+            std::make_unique<TavikLibrary::TavikNetwork>(new TavikLibrary::TavikNetwork::Implementation(bench, *this));
+    }
+    return object.get();
+}
+
+void SimulatedNetwork::EndObjects() {
+    modules.EndObjects();
+    object.reset();
+}
+
+} // namespace TavikSimulator

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "library/TavikNetwork.h"
+#include "simulator/acquisition/AcquisitionState.h"
+#include "simulator/bench/Bench.h"
+#include "simulator/bench/Clock.h"
+#include "simulator/bench/Description.h"
+#include "simulator/bench/ModuleList.h"
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace TavikSimulator {
+
+/// Time that one transaction takes (a question to a module and its answer), in seconds.
+double TransactionTime(TavikLibrary::eNetSpeed speed);
+
+/// A controller and the modules behind it. Guarded by the bench's lock, but for what says otherwise.
+class SimulatedNetwork {
+public:
+    SimulatedNetwork(Bench& bench, const NetworkDescription& description);
+    ~SimulatedNetwork();
+    SimulatedNetwork(const SimulatedNetwork&) = delete;
+    SimulatedNetwork& operator=(const SimulatedNetwork&) = delete;
+
+    /// A call of one of the network's objects that the library answers by itself.
+    template <class Body, class... Args>
+    auto Call(const std::string& object, const char* operation, Body body, const Args&... args) {
+        return bench.gate.Call(object, operation, NoWait{}, body, args...);
+    }
+
+    /// Never changes; needs no lock.
+    const std::string& Name() const { return description.name; }
+    const NetworkDescription& Description() const { return description; }
+    std::string ControllerID() const { return controllerID; }
+    std::string Text() const { return text; }
+
+    bool IsConnected() const { return connected; }
+    bool IsPresent() const { return present; }
+    void RequireConnected() const;
+    /// How long Connect will take, in seconds; needs no lock.
+    double ConnectTime() const { return connected ? 0.0 : description.connectTime; }
+    void Connect();
+    void Disconnect();
+    void SetPresent(bool present);
+
+    /// Needs no lock.
+    TavikLibrary::eNetSpeed Speed() const { return speed; }
+    bool ControllerCanWorkAt(TavikLibrary::eNetSpeed speed) const;
+    void SetSpeed(TavikLibrary::eNetSpeed speed);
+    /// The network as a network file keeps it.
+    StoredNetwork Stored();
+    /// Makes the network what a network file says. Throws TavikException, and changes nothing, when the file is of
+    /// another network or something in it cannot be had; the message names the file.
+    void Restore(const StoredNetwork& stored, const std::string& file);
+
+    /// Lets a call take the time of so many transactions on this network's wires; called without the lock.
+    void SpendTransactions(int count);
+
+    /// The modules, after those of a notify run whose time has come have been let in.
+    ModuleList& Modules();
+    int ReadBurstCapableCount();
+
+    /// The library's object for this network; the same one as long as there is a server.
+    TavikLibrary::TavikNetwork* Object();
+    /// Ends the library's objects of this network and its modules.
+    void EndObjects();
+
+    AcquisitionState acquisition;
+    bool known = false; ///< found by FindNetworks
+
+private:
+    Bench& bench;
+    const NetworkDescription description;
+    std::string controllerID;
+    std::string text;
+    std::atomic<bool> connected{false};
+    std::atomic<TavikLibrary::eNetSpeed> speed;
+    bool present;
+    int failedTriesLeft;
+    Bus bus;
+    ModuleList modules;
+    std::unique_ptr<TavikLibrary::TavikNetwork> object;
+};
+
+} // namespace TavikSimulator

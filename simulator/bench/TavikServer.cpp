@@ -1,0 +1,68 @@
+#include "library/TavikServer.h"
+
+#include "simulator/bench/Bench.h"
+#include "simulator/bench/ErrorTexts.h"
+#include "simulator/bench/SimulatedNetwork.h"
+
+#include <memory>
+
+namespace TavikLibrary {
+
+/// A server holds on to the bench it was begun on.
+class TavikServer::Implementation {
+public:
+    Implementation() : bench(TavikSimulator::CurrentBench()) {}
+
+    template <class Body, class... Args>
+    auto Call(const char* operation, Body body, const Args&... args) {
+        return bench->gate.Call(name, operation, TavikSimulator::NoWait{}, body, args...);
+    }
+
+    const std::shared_ptr<TavikSimulator::Bench> bench;
+    const std::string name = "server"; ///< in the journal
+};
+
+TavikServer::TavikServer() : implementation(nullptr) {
+    auto begun = std::make_unique<Implementation>();
+    begun->Call("TavikServer", [&] { begun->bench->Attach(); });
+    implementation = begun.release();
+}
+
+TavikServer::~TavikServer() {
+    implementation->bench->gate.UnfailingCall(implementation->name, "~TavikServer",
+                                              [this] { implementation->bench->Detach(); });
+    delete implementation;
+}
+
+// The front-end shows these three to the operator, who must not take simulated readings for real ones.
+
+std::string TavikServer::LibraryPartNumber() {
+    return implementation->Call("LibraryPartNumber", [] { return std::string("SIMULATED-482000"); });
+}
+
+std::string TavikServer::LibraryVersion() {
+    return implementation->Call("LibraryVersion", [] { return std::string("1.0.0 (simulated bench)"); });
+}
+
+std::string TavikServer::LibraryBuildDate() {
+    return implementation->Call("LibraryBuildDate", [] { return std::string(__DATE__); });
+}
+
+TavikNetworks* TavikServer::Networks() {
+    return implementation->Call("Networks", [this] { return implementation->bench->NetworksObject(); });
+}
+
+std::string TavikServer::GetErrorDescription(int code) {
+    return implementation->bench->gate.UnfailingCall(
+        implementation->name, "GetErrorDescription", [code] { return TavikSimulator::ErrorDescription(code); }, code);
+}
+
+void TavikServer::StopAllDynamic() {
+    implementation->Call("StopAllDynamic", [this] {
+        for (const auto& network : implementation->bench->Networks()) {
+            network->acquisition.StopDynamic();
+        }
+    });
+}
+
+} // namespace TavikLibrary

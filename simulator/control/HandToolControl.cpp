@@ -1,0 +1,53 @@
+#include "simulator/control/HandToolControl.h"
+
+#include "simulator/bench/Bench.h"
+#include "simulator/bench/ErrorTexts.h"
+#include "simulator/bench/SimulatedNetwork.h"
+#include "simulator/wireless/WirelessHardware.h"
+
+#include <mutex>
+
+namespace TavikSimulator {
+
+namespace {
+
+HandTool& ToolNamed(Bench& bench, const std::string& identity) {
+    for (const auto& network : bench.Networks()) {
+        for (ModuleHardware* module : network->Modules().OnBench()) {
+            auto* wireless = dynamic_cast<WirelessHardware*>(module);
+            HandTool* tool = wireless ? wireless->ToolNamed(identity) : nullptr;
+            if (tool) {
+                return *tool;
+            }
+        }
+    }
+    Refuse(TavikLibrary::eTavikErrors::InvalidArgument, "The bench has no hand tool " + identity + ".");
+}
+
+template <class Deed>
+void OnTool(const std::string& identity, Deed deed) {
+    const std::shared_ptr<Bench> bench = CurrentBench();
+    const std::lock_guard lock(bench->gate.mutex);
+    bench->Settle();
+    deed(ToolNamed(*bench, identity), bench->clock.Now());
+}
+
+} // namespace
+
+void PressToolButton(const std::string& toolIdentity, int button) {
+    OnTool(toolIdentity, [button](HandTool& tool, double now) { tool.Press(button, now); });
+}
+
+void PowerCycleTool(const std::string& toolIdentity) {
+    OnTool(toolIdentity, [](HandTool& tool, double now) { tool.PowerCycle(now); });
+}
+
+void CarryToolAway(const std::string& toolIdentity, bool away) {
+    OnTool(toolIdentity, [away](HandTool& tool, double) { tool.CarryAway(away); });
+}
+
+void DropToolConfigMode(const std::string& toolIdentity) {
+    OnTool(toolIdentity, [](HandTool& tool, double) { tool.DropConfigMode(); });
+}
+
+} // namespace TavikSimulator

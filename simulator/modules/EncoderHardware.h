@@ -1,0 +1,62 @@
+#pragma once
+
+#include "library/TavikModuleQTA.h"
+#include "simulator/modules/MasterSettings.h"
+#include "simulator/modules/ModuleHardware.h"
+
+#include <cstdint>
+
+namespace TavikSimulator {
+
+/// An encoder interface and the encoder that is plugged in. Its signal is the encoder's position in
+/// lines; the count follows the way that the encoder went, reference marks on the way included. Setters
+/// throw TavikException, and change nothing, for a value that the interface does not know.
+class EncoderHardware : public ModuleHardware {
+public:
+    explicit EncoderHardware(const ModuleDescription& description);
+
+    /// Without a reading (SignalFault) while the encoder is wired in another way than the interface is set to.
+    Reading ReadAt(double seconds) const override;
+    /// The count begins at 0 again.
+    void PowerOn(double seconds) override;
+
+    /// An action that happens once is None again when it has happened.
+    TavikLibrary::eRefAction RefAction(double seconds) const;
+    void SetRefAction(TavikLibrary::eRefAction action, double seconds);
+    TavikLibrary::eQuadratureMode QuadratureMode() const { return mode; }
+    void SetQuadratureMode(TavikLibrary::eQuadratureMode mode, double seconds);
+    TavikLibrary::eEncoderInterfaceType InterfaceType() const { return interfaceType; }
+    void SetInterfaceType(TavikLibrary::eEncoderInterfaceType type);
+    int PresetInCounts() const { return preset; }
+    void SetPresetInCounts(int counts, double seconds);
+
+    MasterSettings master;
+
+protected:
+    void UseSignal(const SignalDescription& signal) override;
+
+private:
+    /// The interface at one instant.
+    struct State {
+        std::int64_t instant = 0; ///< in nanoseconds
+        double position = 0.0;    ///< in lines
+        std::int64_t count = 0;
+        TavikLibrary::eRefAction action = TavikLibrary::eRefAction::None;
+    };
+    State StateAt(double seconds) const;
+    void StepTo(State& state, std::int64_t instant) const;
+    void PassMarks(State& state, double position) const;
+    /// Makes the way until now, before a setting changes.
+    void Arrive(double seconds);
+
+    TavikLibrary::eQuadratureMode mode = TavikLibrary::eQuadratureMode::quadX4;
+    TavikLibrary::eEncoderInterfaceType interfaceType = TavikLibrary::eEncoderInterfaceType::Differential;
+    int preset = 0;
+    std::int64_t step; ///< between two looks at the encoder, in nanoseconds
+    /// How far the way has been made; goes on at whole steps when the interface is asked.
+    mutable State made;
+    /// When the interface was asked last; another signal begins from there.
+    mutable State seen;
+};
+
+} // namespace TavikSimulator

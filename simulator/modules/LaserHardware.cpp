@@ -1,0 +1,94 @@
+#include "simulator/modules/LaserHardware.h"
+
+#include "simulator/bench/ErrorTexts.h"
+#include "simulator/modules/Laser.h"
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+namespace TavikSimulator {
+
+using TavikLibrary::eFilter;
+using TavikLibrary::eMeasuringRate;
+using TavikLibrary::eTavikErrors;
+
+namespace {
+
+constexpr std::int64_t LevelCutStep = 100000; // nanoseconds
+
+bool IsOutOfRange(const Reading& reading) {
+    return reading.code == static_cast<int>(eTavikErrors::UnderRange) ||
+           reading.code == static_cast<int>(eTavikErrors::OverRange);
+}
+
+} // namespace
+
+LaserHardware::LaserHardware(const ModuleDescription& description)
+    : ProbeHardware(description), beamOn(description.laser.beamOn) {}
+
+Reading LaserHardware::ReadAt(double seconds) const {
+    if (!beamOn) {
+        return {static_cast<int>(eTavikErrors::BeamOff), 0, 0.0};
+    }
+    return ProbeHardware::ReadAt(seconds);
+}
+
+FilteredLaserHardware::FilteredLaserHardware(const ModuleDescription& description)
+    : LaserHardware(description), filter(description.laser.filter), levelCutTime(description.laser.levelCutTime) {
+    UseLowPass(*CutoffOf(filter));
+}
+
+Reading FilteredLaserHardware::ReadAt(double seconds) const {
+    const Reading now = LaserHardware::ReadAt(seconds);
+    if (!IsOutOfRange(now)) {
+        return now;
+    }
+    const std::int64_t instant = NanosecondsOf(seconds);
+    for (int steps = 1; steps <= levelCutTime; ++steps) {
+        const std::int64_t earlier = instant - steps * LevelCutStep;
+        const double position = Felt().WithoutNoise(earlier) - Description().offset;
+        if (position >= 0.0 && position <= Description().stroke) {
+            return LaserHardware::ReadAt(static_cast<double>(earlier) / 1e9);
+        }
+    }
+    return now;
+}
+
+void FilteredLaserHardware::SetFilter(eFilter newFilter) {
+    const auto cutoff = CutoffOf(newFilter);
+    if (!cutoff) {
+        Refuse(eTavikErrors::InvalidArgument,
+               "Module " + Identity() + " has no filter " + std::to_string(static_cast<int>(newFilter)) + ".");
+    }
+    filter = newFilter;
+    UseLowPass(*cutoff);
+}
+
+void FilteredLaserHardware::SetLevelCutTime(int steps) {
+    const int most = Description().laser.levelCutTimeMax;
+    if (steps < 0 || steps > most) {
+        Refuse(eTavikErrors::InvalidArgument, "The level-cut time of module " + Identity() + " is 0 to " +
+                                                  std::to_string(most) + " steps, not " + std::to_string(steps) + ".");
+    }
+    levelCutTime = steps;
+}
+
+RatedLaserHardware::RatedLaserHardware(const ModuleDescription& description)
+    : LaserHardware(description), rate(description.laser.rate) {}
+
+Reading RatedLaserHardware::ReadAt(double seconds) const {
+    const auto period = static_cast<std::int64_t>(1e9 / *ValuesPerSecond(rate));
+    const std::int64_t instant = NanosecondsOf(seconds);
+    return LaserHardware::ReadAt(static_cast<double>(instant - instant % period) / 1e9);
+}
+
+void RatedLaserHardware::SetMeasuringRate(eMeasuringRate newRate) {
+    if (!Offers(Description().laser, newRate)) {
+        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the measuring rate " +
+                                                  TavikLibrary::eMeasuringRate_ToString(newRate) + ".");
+    }
+    rate = newRate;
+}
+
+} // namespace TavikSimulator

@@ -1,0 +1,55 @@
+#include "simulator/modules/ModuleImplementation.h"
+
+#include "simulator/acquisition/ModuleAcquisition.h"
+#include "simulator/bench/ErrorTexts.h"
+#include "simulator/modules/StatusImplementation.h"
+
+#include <utility>
+
+namespace TavikLibrary {
+
+TavikModule::Implementation::Implementation(TavikSimulator::Bench& ownerBench,
+                                            TavikSimulator::SimulatedNetwork& ownerNetwork,
+                                            std::shared_ptr<TavikSimulator::ModuleHardware> moduleHardware)
+    : bench(ownerBench),
+      network(ownerNetwork),
+      hardware(std::move(moduleHardware)),
+      name("module " + hardware->Identity()),
+      status(std::make_unique<TavikModuleStatus>(new TavikModuleStatus::Implementation(*this))),
+      buffered(std::make_unique<ModuleBuffered>(new ModuleBuffered::Implementation(*this))),
+      difference(std::make_unique<ModuleDifference>(new ModuleDifference::Implementation(*this))) {}
+
+TavikModule::Implementation::~Implementation() = default;
+
+const TavikSimulator::Reading& TavikModule::Implementation::Read(std::optional<int> code) {
+    hardware->RequireReadable();
+    last = hardware->ReadAt(bench.clock.Now());
+    if (!code && TavikSimulator::ComesWithoutReading(last.code)) {
+        TavikSimulator::Refuse(static_cast<eTavikErrors>(last.code), "Module " + hardware->Identity() +
+                                                                         " gives no reading. " +
+                                                                         TavikSimulator::ErrorDescription(last.code));
+    }
+    last.code = code.value_or(last.code);
+    return last;
+}
+
+void TavikModule::Implementation::RequireListed() {
+    if (removed) {
+        bench.callsOnRemovedModules.fetch_add(1);
+        TavikSimulator::Refuse(eTavikErrors::ModuleRemoved, "Module " + hardware->Identity() +
+                                                                " has been removed from the list of network \"" +
+                                                                network.Name() + "\".");
+    }
+}
+
+void TavikModule::Implementation::RequireAnswer() {
+    RequireListed();
+    network.RequireConnected();
+    if (!hardware->Answers(bench.clock.Now())) {
+        last.code = static_cast<int>(eTavikErrors::ModuleNotResponding);
+        TavikSimulator::Refuse(eTavikErrors::ModuleNotResponding, "Module " + hardware->Identity() + " on network \"" +
+                                                                      network.Name() + "\" does not answer.");
+    }
+}
+
+} // namespace TavikLibrary

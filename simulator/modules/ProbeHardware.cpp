@@ -1,0 +1,115 @@
+#include "simulator/modules/ProbeHardware.h"
+
+#include "simulator/bench/ErrorTexts.h"
+
+#include <algorithm>
+#include <string>
+
+namespace TavikSimulator {
+
+using TavikLibrary::eAveraging;
+using TavikLibrary::eResolution;
+using TavikLibrary::eTavikErrors;
+
+namespace {
+
+constexpr const char* ResolutionSetting = "resolution"; // in bits
+constexpr const char* AveragingSetting = "averaging";   // in samples
+
+ProbeDescription ProbeOf(const ModuleDescription& module, const SignalDescription& signal) {
+    ProbeDescription probe;
+    probe.offset = module.offset;
+    probe.stroke = module.stroke;
+    probe.resolutionBits = module.resolutionBits;
+    probe.averagingSamples = module.averagingSamples;
+    probe.signal = signal;
+    return probe;
+}
+
+template <class Value>
+bool Offers(const std::vector<Value>& offered, Value value) {
+    return std::find(offered.begin(), offered.end(), value) != offered.end();
+}
+
+} // namespace
+
+ProbeHardware::ProbeHardware(const ModuleDescription& description)
+    : ModuleHardware(description), physics(ProbeOf(description, description.signal)) {}
+
+Reading ProbeHardware::ReadAt(double seconds) const {
+    return physics.ReadAt(seconds);
+}
+
+double ProbeHardware::CountsPerUnit() const {
+    return physics.CountsPerUnit();
+}
+
+void ProbeHardware::PowerOn(double seconds) {
+    physics.Restart(seconds);
+}
+
+eResolution ProbeHardware::Resolution() const {
+    return *ResolutionOf(physics.ResolutionBits());
+}
+
+eAveraging ProbeHardware::Averaging() const {
+    return *AveragingOf(physics.AveragingSamples());
+}
+
+void ProbeHardware::RequireOnOffer(eResolution resolution) const {
+    if (!BitsOf(resolution) || !Offers(Description().resolutions, resolution)) {
+        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the resolution " +
+                                                  TavikLibrary::eResolution_ToString(resolution) + ".");
+    }
+}
+
+void ProbeHardware::RequireOnOffer(eAveraging averaging) const {
+    if (!SamplesOf(averaging) || !Offers(Description().averagings, averaging)) {
+        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the averaging " +
+                                                  TavikLibrary::eAveraging_ToString(averaging) + ".");
+    }
+}
+
+void ProbeHardware::SetResolution(eResolution resolution, double seconds) {
+    RequireOnOffer(resolution);
+    physics.SetResolutionBits(*BitsOf(resolution), seconds);
+}
+
+void ProbeHardware::SetAveraging(eAveraging averaging, double seconds) {
+    RequireOnOffer(averaging);
+    physics.SetAveragingSamples(*SamplesOf(averaging), seconds);
+}
+
+StoredSettings ProbeHardware::Settings() const {
+    return {{ResolutionSetting, physics.ResolutionBits()}, {AveragingSetting, physics.AveragingSamples()}};
+}
+
+void ProbeHardware::RequireSettings(const StoredSettings& settings) const {
+    StoredSettings others = settings;
+    if (const auto bits = others.extract(ResolutionSetting)) {
+        RequireOnOffer(ResolutionOf(bits.mapped()).value_or(eResolution(-1)));
+    }
+    if (const auto samples = others.extract(AveragingSetting)) {
+        RequireOnOffer(AveragingOf(samples.mapped()).value_or(eAveraging(-1)));
+    }
+    ModuleHardware::RequireSettings(others);
+}
+
+void ProbeHardware::UseSettings(const StoredSettings& settings, double seconds) {
+    if (const auto bits = settings.find(ResolutionSetting); bits != settings.end()) {
+        physics.SetResolutionBits(bits->second, seconds);
+    }
+    if (const auto samples = settings.find(AveragingSetting); samples != settings.end()) {
+        physics.SetAveragingSamples(samples->second, seconds);
+    }
+}
+
+void ProbeHardware::UseSignal(const SignalDescription& signal) {
+    ProbeDescription probe = ProbeOf(Description(), signal);
+    probe.resolutionBits = physics.ResolutionBits();
+    probe.averagingSamples = physics.AveragingSamples();
+    probe.lowPassCutoff = physics.LowPassCutoff();
+    physics = ProbePhysics(probe);
+}
+
+} // namespace TavikSimulator

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "simulator/signals/Signal.h"
+
+#include <array>
+#include <cstdint>
+#include <limits>
+
+namespace TavikSimulator {
+
+/// A first-order low-pass filter over the samples of a signal. The value at a sample depends on nothing
+/// but the signal's samples, not on what was asked before; what was worked out is kept to be quicker the
+/// next time, so one filter must not be asked by two threads at once.
+class LowPass {
+public:
+    /// Cut-off frequency in Hz, above 0; sample period in nanoseconds, above 0.
+    LowPass(double cutoff, std::int64_t samplePeriod);
+
+    /// The mean of the filtered samples that end with this one.
+    double MeanOf(const Signal& signal, std::int64_t last, int samples) const;
+    double Cutoff() const { return cutoff; }
+
+private:
+    struct Value {
+        std::int64_t index = std::numeric_limits<std::int64_t>::min();
+        double filtered = 0.0;
+    };
+    double At(const Signal& signal, std::int64_t index) const;
+    double AtAnchor(const Signal& signal, std::int64_t index) const;
+    double Walk(const Signal& signal, Value from, std::int64_t to) const;
+
+    double cutoff;
+    std::int64_t samplePeriod;
+    double share;        ///< of a new sample in the filtered value
+    std::int64_t memory; ///< samples after which hardly anything of an old one is left
+    mutable std::array<Value, 2> anchors;
+    mutable Value latest;
+};
+
+} // namespace TavikSimulator

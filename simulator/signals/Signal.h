@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace TavikSimulator {
+
+/// How the part in front of a gauge moves. Amplitudes are half of peak to peak.
+enum class Motion {
+    Still,    ///< stays at the base position
+    Sine,     ///< base + amplitude * sin, rising through the base at phase 0
+    Triangle, ///< base +- amplitude, in straight lines, rising through the base at phase 0
+    Square,   ///< base + amplitude for the first half of a period, base - amplitude for the second
+    Steps,    ///< one part after another, each for a period, over and over
+    Ramp,     ///< leaves the base at bench time 0 at a constant rate; starts again after each period
+};
+
+/// The motion that a bench file calls "still", "sine", "triangle", "square", "steps" or "ramp".
+std::optional<Motion> MotionFromName(std::string_view name);
+
+/// One term of the Fourier series that describes the form of a rotating part.
+struct Harmonic {
+    int lobes = 2;          ///< undulations per revolution, 1 to 500: 1 is eccentricity, 2 is oval, ...
+    double amplitude = 0.0; ///< in the module's unit, 0 or above
+    double phase = 0.0;     ///< of this term, in turns of its own wave
+};
+
+/// What a gauge feels. Lengths are in the module's unit (mm unless the module says otherwise), on the
+/// scale on which the module reads: a gauge with offset -1 and stroke 2 measures -1 to 1. Times are
+/// bench time in seconds; periods are 1 us or longer and resolved to whole nanoseconds. No number is
+/// beyond +-1e9. Motion, form, drift and noise add up.
+struct SignalDescription {
+    double base = 0.0; ///< position of the part at rest
+
+    Motion motion = Motion::Still;
+    double amplitude = 0.0;    ///< of sine, triangle and square; 0 or above
+    double period = 1.0;       ///< of sine, triangle, square and ramp, and the time of one part of steps.
+                               ///< For a ramp 0 means that it never starts again.
+    double phase = 0.0;        ///< of sine, triangle and square, in turns
+    double rate = 0.0;         ///< of a ramp, in units per second
+    std::vector<double> parts; ///< of steps: deviation of each part from the base; at least one
+
+    double revolution = 1.0;         ///< time in which the part turns once
+    std::vector<Harmonic> harmonics; ///< form error of the part; at most 64 terms
+
+    double driftAmplitude = 0.0; ///< slow swing, such as a day's temperature; 0 or above
+    double driftPeriod = 86400.0;
+    double warmUp = 0.0;       ///< how far the reading creeps from power on until warm
+    double warmUpTime = 600.0; ///< time constant of the warm-up (63 % of it done)
+
+    double noise = 0.0;     ///< standard deviation of one sample; 0 or above
+    std::uint64_t seed = 0; ///< another seed, another sequence of noise
+};
+
+/// What is impossible about a description, as a sentence for whoever wrote it; empty if nothing is.
+std::string Validate(const SignalDescription& description);
+
+/// A described signal that can be asked for its value at any time. It has no state: the same
+/// description and time give the same value to the bit, in any order of asking, from any thread.
+class Signal {
+public:
+    /// Throws std::invalid_argument with the sentence of Validate for an impossible description.
+    explicit Signal(SignalDescription description);
+
+    /// The value at a bench time in seconds (within +-9e9), resolved to whole nanoseconds. Two times
+    /// in the same nanosecond have the same noise, any other two have independent noise.
+    double At(double seconds) const;
+    /// The same at a whole number of nanoseconds of bench time.
+    double AtNanoseconds(std::int64_t nanoseconds) const;
+    /// The value that an ideal gauge would feel at that time: everything but the noise.
+    double WithoutNoise(std::int64_t nanoseconds) const;
+
+    const SignalDescription& Description() const { return description; }
+
+private:
+    double MotionAt(std::int64_t nanoseconds) const;
+    double FormAt(std::int64_t nanoseconds) const;
+    double DriftAt(std::int64_t nanoseconds) const;
+
+    SignalDescription description;
+    // Periods in whole nanoseconds: a motion begins each period on time, however long the bench runs.
+    std::int64_t period;
+    std::int64_t revolution;
+    std::int64_t driftPeriod;
+};
+
+/// Bench time in whole nanoseconds, rounded to the nearest.
+std::int64_t NanosecondsOf(double seconds);
+
+} // namespace TavikSimulator

@@ -1,0 +1,103 @@
+#include "simulator/signals/Signal.h"
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace TavikSimulator {
+
+namespace {
+
+// Far beyond any gauge, and far from where sums of doubles overflow or lose the nanoseconds.
+constexpr double LargestNumber = 1e9;
+constexpr double ShortestPeriod = 1e-6;
+constexpr int MostLobes = 500;
+constexpr std::size_t MostHarmonics = 64;
+
+// Collects the first complaint; the order of the checks is the order of the description.
+class Complaint {
+public:
+    void Number(const char* name, double value) {
+        Unless(std::fabs(value) <= LargestNumber, std::string("The ") + name + " must lie within +-1e9.");
+    }
+    void NotNegative(const char* name, double value) {
+        Number(name, value);
+        Unless(value >= 0.0, std::string("The ") + name + " must not be negative.");
+    }
+    void Period(const char* name, double value) {
+        Number(name, value);
+        Unless(value >= ShortestPeriod, std::string("The ") + name + " must be 0.000001 s or longer.");
+    }
+    void Unless(bool fulfilled, const std::string& complaint) {
+        if (!fulfilled && sentence.empty()) {
+            sentence = complaint;
+        }
+    }
+    const std::string& Sentence() const { return sentence; }
+
+private:
+    std::string sentence;
+};
+
+void CheckMotion(Complaint& complaint, const SignalDescription& description) {
+    complaint.Number("base", description.base);
+    complaint.NotNegative("amplitude", description.amplitude);
+    if (description.motion != Motion::Ramp || description.period != 0.0) {
+        complaint.Period("period", description.period);
+    }
+    complaint.Number("phase", description.phase);
+    complaint.Number("rate", description.rate);
+    complaint.Unless(description.motion != Motion::Steps || !description.parts.empty(),
+                     "Steps need at least one part.");
+    for (const double part : description.parts) {
+        complaint.Number("deviation of a part", part);
+    }
+}
+
+void CheckForm(Complaint& complaint, const SignalDescription& description) {
+    complaint.Period("revolution", description.revolution);
+    complaint.Unless(description.harmonics.size() <= MostHarmonics, "The form must not have more than 64 harmonics.");
+    for (const Harmonic& harmonic : description.harmonics) {
+        complaint.Unless(harmonic.lobes >= 1 && harmonic.lobes <= MostLobes,
+                         "The lobes of a harmonic must be 1 to 500.");
+        complaint.NotNegative("amplitude of a harmonic", harmonic.amplitude);
+        complaint.Number("phase of a harmonic", harmonic.phase);
+    }
+}
+
+void CheckDriftAndNoise(Complaint& complaint, const SignalDescription& description) {
+    complaint.NotNegative("drift amplitude", description.driftAmplitude);
+    complaint.Period("drift period", description.driftPeriod);
+    complaint.Number("warm-up", description.warmUp);
+    complaint.Period("warm-up time", description.warmUpTime);
+    complaint.NotNegative("noise", description.noise);
+}
+
+} // namespace
+
+std::optional<Motion> MotionFromName(std::string_view name) {
+    static constexpr std::array<std::pair<std::string_view, Motion>, 6> Names{{
+        {"still", Motion::Still},
+        {"sine", Motion::Sine},
+        {"triangle", Motion::Triangle},
+        {"square", Motion::Square},
+        {"steps", Motion::Steps},
+        {"ramp", Motion::Ramp},
+    }};
+    for (const auto& [known, motion] : Names) {
+        if (known == name) {
+            return motion;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string Validate(const SignalDescription& description) {
+    Complaint complaint;
+    CheckMotion(complaint, description);
+    CheckForm(complaint, description);
+    CheckDriftAndNoise(complaint, description);
+    return complaint.Sentence();
+}
+
+} // namespace TavikSimulator

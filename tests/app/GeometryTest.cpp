@@ -1,0 +1,187 @@
+#include "tests/support/Benches.h"
+#include "tests/support/ProgramTest.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QTableWidget>
+
+/// Where things stand at the window's smallest size, at the sizes of font and screen that the tests' list asks for.
+class GeometryTest : public ProgramTest {
+    Q_OBJECT
+
+private slots:
+    void nothingIsClipped_data();
+    void nothingIsClipped();
+    void modulePageNeedsNoScrolling_data();
+    void modulePageNeedsNoScrolling();
+    void groupsDoNotOverlap();
+    void typePanelStandsBesideTheReadings();
+    void typePanelStandsThereBeforeThePageWasShown();
+    void typePanelFollowsTheLayout();
+    void smallScreenScrolls();
+    void capabilityValuesStandBelowEachOther();
+
+private:
+    QRect InPanel(const char* name) {
+        const QWidget* widget = Operator().Find(name);
+        QWidget* panel = Operator().Find("moduleWidget");
+        return QRect(widget->mapTo(panel, QPoint(0, 0)), widget->size());
+    }
+    void CompareTypePanelPlace() {
+        const QRect reference = InPanel("gbReading");
+        const QRect panel = InPanel("ModuleKXwidget");
+        QCOMPARE(panel.x(), reference.x() + reference.width());
+        QCOMPARE(panel.y(), reference.y());
+    }
+};
+
+namespace {
+
+QString Clipping(const QWidget& widget) {
+    const QRect parent = widget.parentWidget()->rect();
+    if (!parent.contains(widget.geometry())) {
+        return QStringLiteral("%1 reaches out of %2.").arg(widget.objectName(), widget.parentWidget()->objectName());
+    }
+    const bool showsText =
+        qobject_cast<const QLabel*>(&widget) != nullptr || qobject_cast<const QAbstractButton*>(&widget) != nullptr;
+    const QSize needed = showsText ? widget.sizeHint() : widget.minimumSizeHint();
+    if (widget.width() < needed.width() || widget.height() < needed.height()) {
+        return QStringLiteral("%1 (%2 x %3) needs %4 x %5.")
+            .arg(widget.objectName())
+            .arg(widget.width())
+            .arg(widget.height())
+            .arg(needed.width())
+            .arg(needed.height());
+    }
+    return QString();
+}
+
+/// What is inside a table, a list or a line edit is Qt's own.
+bool IsOfTheForm(const QWidget& widget, const QWidget& page) {
+    for (const QWidget* parent = widget.parentWidget(); parent != &page; parent = parent->parentWidget()) {
+        if (qobject_cast<const QAbstractItemView*>(parent) != nullptr ||
+            qobject_cast<const QLineEdit*>(parent) != nullptr) {
+            return false;
+        }
+    }
+    return !widget.objectName().startsWith(QLatin1String("qt_"));
+}
+
+} // namespace
+
+void GeometryTest::nothingIsClipped_data() {
+    QTest::addColumn<QString>("page");
+    for (const char* page : {"tabServer", "tabNetwork", "tabModule"}) {
+        QTest::newRow(page) << QString::fromLatin1(page);
+    }
+}
+
+void GeometryTest::nothingIsClipped() {
+    QFETCH(QString, page);
+    OpenModule(Benches::Two(), 1);
+    QVERIFY(Operator().SelectPage(qPrintable(page)));
+    Settle();
+    QCOMPARE(Window().size(), QSize(1100, 700));
+    const QWidget* shown = Operator().Find(qPrintable(page));
+    QStringList clipped;
+    int seen = 0;
+    const QList<QWidget*> widgets = shown->findChildren<QWidget*>();
+    for (const QWidget* widget : widgets) {
+        if (widget->isVisible() && IsOfTheForm(*widget, *shown)) {
+            clipped += Clipping(*widget);
+            ++seen;
+        }
+    }
+    clipped.removeAll(QString());
+    QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(QLatin1Char('\n'))));
+    QVERIFY(seen > 8);
+}
+
+void GeometryTest::modulePageNeedsNoScrolling_data() {
+    QTest::addColumn<int>("row");
+    QTest::newRow("probe") << 1;
+    QTest::newRow("encoder") << 2;
+}
+
+void GeometryTest::modulePageNeedsNoScrolling() {
+    QFETCH(int, row);
+    OpenModule(Benches::Two(), row);
+    Settle();
+    const auto* area = Operator().The<QScrollArea>("scrollModuleWidget");
+    QCOMPARE(area->widget()->size(), area->viewport()->size());
+    QCOMPARE(area->viewport()->size(), area->size());
+}
+
+void GeometryTest::groupsDoNotOverlap() {
+    OpenModule(Benches::Two(), 1);
+    Settle();
+    QVector<QRect> rectangles;
+    for (const char* name : {"gbModuleInformation", "gbModuleStatus", "gbReading", "gbResolution", "gbAveraging"}) {
+        const QRect rectangle = InPanel(name);
+        for (const QRect& other : qAsConst(rectangles)) {
+            QVERIFY2(!rectangle.intersects(other), name);
+        }
+        rectangles.append(rectangle);
+    }
+}
+
+void GeometryTest::typePanelStandsBesideTheReadings() {
+    OpenModule(Benches::Two(), 1);
+    Settle();
+    CompareTypePanelPlace();
+    const QWidget* panel = Operator().Find("ModuleKXwidget");
+    QVERIFY(panel->width() >= panel->sizeHint().width());
+    QVERIFY(panel->height() >= panel->sizeHint().height());
+}
+
+void GeometryTest::typePanelStandsThereBeforeThePageWasShown() {
+    OpenNetwork(Benches::Two());
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    CompareTypePanelPlace();
+    QVERIFY(Operator().SelectPage("tabModule"));
+    CompareTypePanelPlace();
+}
+
+void GeometryTest::typePanelFollowsTheLayout() {
+    OpenModule(Benches::Two(), 0);
+    Window().resize(1500, 900);
+    Settle();
+    CompareTypePanelPlace();
+    QFont larger = Window().font();
+    larger.setPointSize(14);
+    Window().setFont(larger);
+    Settle();
+    CompareTypePanelPlace();
+    Window().resize(1100, 700);
+    Settle();
+    CompareTypePanelPlace();
+}
+
+void GeometryTest::smallScreenScrolls() {
+    OpenModule(Benches::Two(), 0);
+    Window().setMinimumSize(300, 200);
+    Window().resize(500, 300);
+    Settle();
+    const auto* area = Operator().The<QScrollArea>("scrollModuleWidget");
+    const QRect panel = InPanel("ModuleKXwidget");
+    QVERIFY(area->widget()->rect().contains(panel));
+    QVERIFY(area->widget()->width() > area->viewport()->width());
+    QVERIFY(Operator().Click("btnSetAveraging"));
+}
+
+void GeometryTest::capabilityValuesStandBelowEachOther() {
+    OpenNetwork(Benches::Two());
+    Settle();
+    const int right = Operator().Find("lblBufferedCapable")->geometry().right();
+    for (const char* name : {"lblDynamicCapable", "lblReadburstCapable", "lblUltraHighSpeedCapable"}) {
+        QCOMPARE(Operator().Find(name)->geometry().right(), right);
+    }
+}
+
+TAVIK_TEST_MAIN(GeometryTest)
+
+#include "GeometryTest.moc"

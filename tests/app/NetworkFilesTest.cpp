@@ -1,0 +1,130 @@
+#include "tests/support/Benches.h"
+#include "tests/support/ProgramTest.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+/// Saving a network's description to a file and loading it back.
+class NetworkFilesTest : public ProgramTest {
+    Q_OBJECT
+
+private slots:
+    void saveNames_data();
+    void saveNames();
+    void saveCancelled();
+    void saveThatFails();
+    void savedNetworkIsLoaded();
+    void loadCancelled();
+    void loadThatFails();
+    void namesAreUtf8();
+
+private:
+    void Save(const QString& name, bool accept = true) {
+        Choose(BoxKind::SaveFile, QStringLiteral("Save Tavik XML"), name, accept);
+        QVERIFY(Operator().Click("btnSaveXML"));
+    }
+    void Load(const QString& name, bool accept = true) {
+        Choose(BoxKind::OpenFile, QStringLiteral("Open Tavik XML"), name, accept);
+        QVERIFY(Operator().Click("btnLoadXML"));
+    }
+    void Choose(BoxKind kind, const QString& title, const QString& name, bool accept) {
+        BoxReply reply;
+        reply.accept = accept;
+        reply.typed = name;
+        boxes.ExpectFile(kind, &Window(), title, QStringLiteral("Tavik XML files (*.xml)"), reply);
+    }
+    QString Path(const QString& name) const { return folder.filePath(name); }
+    static bool Refreshed(const QStringList& calls) {
+        return calls.contains(QStringLiteral("network Alpha.AvailableSpeeds()"));
+    }
+
+    QTemporaryDir folder;
+};
+
+void NetworkFilesTest::saveNames_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("file");
+    QTest::newRow("as it is") << QStringLiteral("a.xml") << QStringLiteral("a.xml");
+    QTest::newRow("without an ending") << QStringLiteral("b") << QStringLiteral("b.xml");
+    QTest::newRow("in capitals") << QStringLiteral("net.XML") << QStringLiteral("net.XML.xml");
+}
+
+void NetworkFilesTest::saveNames() {
+    QFETCH(QString, typed);
+    QFETCH(QString, file);
+    OpenNetwork(Benches::Two());
+    Calls::Take();
+    Save(Path(typed));
+    const QStringList calls = Calls::Take();
+    QCOMPARE(calls.first(), QStringLiteral("network Alpha.Save(\"%1\")").arg(Path(file)));
+    QVERIFY(Refreshed(calls));
+    QVERIFY(QFile::exists(Path(file)));
+}
+
+void NetworkFilesTest::saveCancelled() {
+    OpenNetwork(Benches::Two());
+    Calls::Take();
+    Save(Path(QStringLiteral("never.xml")), false);
+    QCOMPARE(Calls::Take(), QStringList());
+    QVERIFY(!QFile::exists(Path(QStringLiteral("never.xml"))));
+}
+
+void NetworkFilesTest::saveThatFails() {
+    OpenNetwork(Benches::Two());
+    FailNext("Save", QStringLiteral("The disk is full."));
+    boxes.Take();
+    Calls::Take();
+    Choose(BoxKind::SaveFile, QStringLiteral("Save Tavik XML"), Path(QStringLiteral("c.xml")), true);
+    boxes.ExpectError(&Window(), QStringLiteral("Error Saving File"), QStringLiteral("Error: The disk is full."));
+    QVERIFY(Operator().Click("btnSaveXML"));
+    QVERIFY(Refreshed(Calls::Take()));
+}
+
+void NetworkFilesTest::savedNetworkIsLoaded() {
+    OpenNetwork(Benches::Two());
+    const QStringList before = Rows("listModules");
+    const QString file = Path(QStringLiteral("net.xml"));
+    Save(file);
+    QVERIFY(Operator().SelectRow("listModules", 1));
+    QVERIFY(Operator().Click("btnDeleteModule"));
+    QVERIFY(Rows("listModules") != before);
+    Calls::Take();
+    Load(file);
+    QCOMPARE(Rows("listModules"), before);
+    QCOMPARE(Calls::Take().first(), QStringLiteral("network Alpha.Load(\"%1\")").arg(file));
+}
+
+void NetworkFilesTest::loadCancelled() {
+    OpenNetwork(Benches::Two());
+    Calls::Take();
+    Load(QString(), false);
+    QCOMPARE(Calls::Take(), QStringList());
+}
+
+void NetworkFilesTest::loadThatFails() {
+    OpenNetwork(Benches::Two());
+    const QStringList before = Rows("listModules");
+    const QString name = Path(QStringLiteral("broken.xml"));
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<tavik-network format=\"1\" name=\"Beta\" speed=\"high\"/>");
+    file.close();
+    Choose(BoxKind::OpenFile, QStringLiteral("Open Tavik XML"), name, true);
+    boxes.ExpectError(&Window(), QStringLiteral("Error Loading File"),
+                      QStringLiteral("Error: %1: It describes the network \"Beta\", not \"Alpha\".").arg(name));
+    Calls::Take();
+    QVERIFY(Operator().Click("btnLoadXML"));
+    QVERIFY(Refreshed(Calls::Take()));
+    QCOMPARE(Rows("listModules"), before);
+}
+
+void NetworkFilesTest::namesAreUtf8() {
+    OpenNetwork(Benches::Two());
+    const QString file = Path(QStringLiteral("Meßplatz 7 µm.xml"));
+    Save(file);
+    QVERIFY(QFile::exists(file));
+}
+
+TAVIK_TEST_MAIN(NetworkFilesTest)
+#include "NetworkFilesTest.moc"

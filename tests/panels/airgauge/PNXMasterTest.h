@@ -1,0 +1,25 @@
+#pragma once
+
+#include "tests/panels/airgauge/AirGaugeTest.h"
+
+/// The base of the mastering wizard's tests.
+class PNXMasterTest : public AirGaugeTest {
+    Q_OBJECT
+
+protected:
+    /// Opens the wizard and uses it.
+    void During(const std::function<void(QDialog& wizard)>& use);
+    /// Something the operator does this long after now, while the live pressure runs or not.
+    void After(int milliseconds, QDialog& wizard, const std::function<void()>& deed);
+
+    /// Presses Next until this stage, and lets the live pressure be read for a moment on the way.
+    void GoTo(int stage, QDialog& wizard);
+    /// Closes the wizard below stage 5 and says Yes.
+    void CancelWizard(QDialog& wizard);
+    void ExpectSure(QDialog& wizard, bool yes, const std::function<void()>& meanwhile = {});
+
+    static void SetMasters(QDialog& wizard, double a, double b);
+    /// The stage whose panel is seen, or 0 when none or several are.
+    static int StageOf(QDialog& wizard);
+    static QString Shown(QDialog& wizard, const char* field) { return Hand(wizard).Text(field); }
+};

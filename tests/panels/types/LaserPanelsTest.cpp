@@ -1,0 +1,398 @@
+#include "library/TavikModuleLaser.h"
+#include "panels/types/ModuleBWKWidget.h"
+#include "panels/types/ModuleBWRWidget.h"
+#include "panels/types/ModuleBWWidget.h"
+#include "tests/panels/types/PanelTest.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QSpinBox>
+
+using namespace TavikLibrary;
+using namespace TavikSimulator;
+
+namespace {
+
+const QString filterBox = QStringLiteral("BWR Module");
+
+QString FilterText(int filter) {
+    return QString::fromStdString(eFilter_ToString(static_cast<eFilter>(filter)));
+}
+
+QString RateText(eMeasuringRate rate) {
+    return QString::fromStdString(eMeasuringRate_ToString(rate));
+}
+
+QStringList LabelsOf(const QWidget* panel) {
+    QStringList texts;
+    const auto labels = panel->findChildren<QLabel*>();
+    for (const QLabel* label : labels) {
+        texts.append(label->text());
+    }
+    return texts;
+}
+
+bool WaitCursorShows() {
+    return QApplication::overrideCursor() != nullptr && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+}
+
+} // namespace
+
+/// The panels of the three kinds of lasers.
+class LaserPanelsTest : public PanelTest {
+    Q_OBJECT
+
+private slots:
+    void beamForm();
+    void beamIsShown_data();
+    void beamIsShown();
+    void beamIsSwitched();
+    void refusedBeamLeavesTheCheckBox();
+    void beamPanelIsEnabledAndDisabled();
+
+    void filterForm();
+    void filterFillingAsksInOrder();
+    void filterShowsWhatTheModuleSays();
+    void levelCutTimeIsLimitedByTheModule();
+    void strangeLevelCutTimes_data();
+    void strangeLevelCutTimes();
+    void filterWithoutARow();
+    void filterIsSetAndShownAsSent();
+    void filterWithNoCurrentRow();
+    void levelCutTimeIsSetAndShownAsSent();
+    void failedSetKeepsTheText_data();
+    void failedSetKeepsTheText();
+    void filterPanelIsEnabledAndDisabled();
+
+    void rateForm();
+    void ratesAreTheModules();
+    void rateIsSetAndShownAsSent();
+    void nothingSelectedDoesNothing();
+    void failedRateKeepsTheText();
+    void ratePanelIsEnabledAndDisabled();
+
+    void failureWhileFilling_data();
+    void failureWhileFilling();
+};
+
+void LaserPanelsTest::beamForm() {
+    OpenPanel("BW");
+    const auto* panel = ThePanel<ModuleBWWidget>();
+    QCOMPARE(panel->windowTitle(), QStringLiteral("Form"));
+    QCOMPARE(Titles(panel), QStringList{QStringLiteral("Laser Control")});
+    QCOMPARE(Operator().Text("cbBeamOn"), QStringLiteral("Laser Beam On"));
+}
+
+void LaserPanelsTest::beamIsShown_data() {
+    QTest::addColumn<QString>("attributes");
+    QTest::addColumn<bool>("on");
+    QTest::newRow("on") << QStringLiteral("beam=\"yes\"") << true;
+    QTest::newRow("off") << QStringLiteral("beam=\"no\"") << false;
+}
+
+void LaserPanelsTest::beamIsShown() {
+    QFETCH(QString, attributes);
+    QFETCH(bool, on);
+    OpenPanel("BW", attributes);
+    QCOMPARE(Operator().The<QCheckBox>("cbBeamOn")->isChecked(), on);
+}
+
+void LaserPanelsTest::beamIsSwitched() {
+    OpenPanel("BW");
+    QVERIFY(Operator().Click("cbBeamOn"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setBeamOn(false)")});
+    QVERIFY(!Operator().The<QCheckBox>("cbBeamOn")->isChecked());
+    QVERIFY(Operator().Click("cbBeamOn"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setBeamOn(true)")});
+}
+
+void LaserPanelsTest::refusedBeamLeavesTheCheckBox() {
+    OpenPanel("BW");
+    FailNext("setBeamOn", ForeignText());
+    boxes.ExpectError(ThePanel<ModuleBWWidget>(), QStringLiteral("BW Module"), ForeignText());
+    QVERIFY(Operator().Click("cbBeamOn"));
+    QCOMPARE(boxes.Count(), 1);
+    QVERIFY(!Operator().The<QCheckBox>("cbBeamOn")->isChecked());
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setBeamOn(false)")});
+}
+
+void LaserPanelsTest::beamPanelIsEnabledAndDisabled() {
+    OpenPanel("BW");
+    Window().DisableControls();
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWWidget>()), QStringList());
+    Window().EnableControls();
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWWidget>()), QStringList{QStringLiteral("cbBeamOn")});
+}
+
+void LaserPanelsTest::filterForm() {
+    OpenPanel("BWR");
+    const auto* panel = ThePanel<ModuleBWRWidget>();
+    QCOMPARE(panel->windowTitle(), QStringLiteral("Form"));
+    QCOMPARE(Titles(panel), QStringLiteral("Laser BWR,Level Cut Time,Low Pass Filter").split(QLatin1Char(',')));
+    QCOMPARE(Operator().The<QGroupBox>("gbLaserInfo")->title(), QStringLiteral("Laser BWR"));
+    QCOMPARE(LabelsOf(panel), QStringLiteral("Model,Serial,Firmware,0.1ms Steps (10 is1ms),Current,Available,Current,"
+                                             "Available")
+                                  .split(QLatin1Char(',')));
+    QCOMPARE(Rows("listAvailableFilters"),
+             QStringLiteral("20 KHz,4 KHz,1 Khz,200 Hz,25 Hz,1 Hz,0.1 Hz").split(QLatin1Char(',')));
+    QVERIFY(!Operator().The<QListWidget>("listAvailableFilters")->isSortingEnabled());
+    for (const char* name : {"tbModel", "tbSerial", "tbFirmware", "tbCurrentFilter", "tbCurrentLevelCutTime"}) {
+        QVERIFY(Operator().Find(name)->property("readOnly").toBool());
+    }
+    QCOMPARE(Operator().Text("btnSetFilter") + Operator().Text("btnSetLevelCut"), QStringLiteral("SetSet"));
+}
+
+void LaserPanelsTest::filterFillingAsksInOrder() {
+    OpenNetwork(BenchWith("BWR", QString(), QString()));
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    const QStringList calls = ModuleCalls();
+    COMPARE_CALLS(calls.mid(calls.indexOf(QStringLiteral("AvailableAveragings()")), 9),
+                  {QStringLiteral("AvailableAveragings()"), QStringLiteral("BeamOn()"), QStringLiteral("ModelNumber()"),
+                   QStringLiteral("SerialNumber()"), QStringLiteral("FirmwareNumber()"), QStringLiteral("Filter()"),
+                   QStringLiteral("LevelCutTime()"), QStringLiteral("LevelCutTimeMax()"), QStringLiteral("Offset()")});
+}
+
+void LaserPanelsTest::filterShowsWhatTheModuleSays() {
+    OpenPanel("BWR", QStringLiteral("model=\"Größe µ\" serial=\"0815\" firmware=\"7.1\" filter=\"25Hz\" "
+                                    "level-cut=\"123\" level-cut-max=\"500\""));
+    QCOMPARE(Operator().Text("tbModel"), QStringLiteral("Größe µ"));
+    QCOMPARE(Operator().Text("tbSerial"), QStringLiteral("0815"));
+    QCOMPARE(Operator().Text("tbFirmware"), QStringLiteral("7.1"));
+    QCOMPARE(Operator().Text("tbCurrentFilter"), FilterText(4));
+    QCOMPARE(Operator().The<QListWidget>("listAvailableFilters")->currentRow(), 4);
+    QCOMPARE(Operator().Text("tbCurrentLevelCutTime"), QStringLiteral("123"));
+}
+
+void LaserPanelsTest::levelCutTimeIsLimitedByTheModule() {
+    for (const int most : {500, 30, 0, 32767}) {
+        OpenPanel("BWR", QStringLiteral("level-cut=\"%1\" level-cut-max=\"%1\"").arg(most));
+        const auto* time = Operator().The<QSpinBox>("sbAvailableLevelCutTime");
+        QCOMPARE(time->minimum(), 0);
+        QCOMPARE(time->maximum(), most);
+        QCOMPARE(time->value(), most);
+        QCOMPARE(Operator().Text("tbCurrentLevelCutTime"), QString::number(most));
+        Drop();
+    }
+}
+
+void LaserPanelsTest::strangeLevelCutTimes_data() {
+    QTest::addColumn<int>("time");
+    QTest::addColumn<int>("clamped");
+    QTest::newRow("negative") << -5 << 0;
+    QTest::newRow("too large") << 501 << 500;
+    QTest::newRow("as large as can be") << 32767 << 500;
+}
+
+void LaserPanelsTest::strangeLevelCutTimes() {
+    QFETCH(int, time);
+    QFETCH(int, clamped);
+    OpenNetwork(BenchWith("BWR", QString(), QString()));
+    AnswerFrom(1, "LevelCutTime", time);
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QCOMPARE(Operator().Text("tbCurrentLevelCutTime"), QString::number(time));
+    QCOMPARE(Operator().The<QSpinBox>("sbAvailableLevelCutTime")->value(), clamped);
+    QVERIFY(ModuleCalls().filter(QStringLiteral("setLevelCutTime")).isEmpty());
+    QCOMPARE(boxes.Count(), 0);
+}
+
+void LaserPanelsTest::filterWithoutARow() {
+    OpenNetwork(BenchWith("BWR", QString(), QString()));
+    for (const int filter : {7, -1, 1000}) {
+        AnswerFrom(1, "Filter", filter);
+        Operator().The<QListWidget>("listModules")->setCurrentRow(-1);
+        QVERIFY(Operator().SelectPage("tabNetwork"));
+        QVERIFY(Operator().SelectRow("listModules", 0));
+        QCOMPARE(Operator().The<QListWidget>("listAvailableFilters")->currentRow(), -1);
+        QCOMPARE(Operator().Text("tbCurrentFilter"), FilterText(filter));
+        ClearFaults();
+    }
+}
+
+void LaserPanelsTest::filterIsSetAndShownAsSent() {
+    OpenPanel("BWR");
+    // The module may say something else: what was sent is shown.
+    AnswerFrom(1, "Filter", 2);
+    for (int row = 6; row >= 0; --row) {
+        QVERIFY(Operator().SelectRow("listAvailableFilters", row));
+        QVERIFY(Operator().Click("btnSetFilter"));
+        COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setFilter(%1)").arg(row)});
+        QCOMPARE(Operator().Text("tbCurrentFilter"), FilterText(row));
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+}
+
+void LaserPanelsTest::filterWithNoCurrentRow() {
+    OpenPanel("BWR");
+    Operator().The<QListWidget>("listAvailableFilters")->setCurrentRow(-1);
+    const QString before = Operator().Text("tbCurrentFilter");
+    boxes.Tolerate(true);
+    QVERIFY(Operator().Click("btnSetFilter"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setFilter(-1)")});
+    const QVector<SeenBox> seen = boxes.Take();
+    QCOMPARE(seen.size(), 1);
+    QCOMPARE(seen.first().title, filterBox);
+    QVERIFY(seen.first().text.contains(QLatin1String("-1")));
+    QCOMPARE(Operator().Text("tbCurrentFilter"), before);
+}
+
+void LaserPanelsTest::levelCutTimeIsSetAndShownAsSent() {
+    OpenPanel("BWR", QStringLiteral("level-cut-max=\"32767\""));
+    AnswerFrom(1, "LevelCutTime", 2);
+    for (const int time : {0, 123, 32767}) {
+        Operator().The<QSpinBox>("sbAvailableLevelCutTime")->setValue(time);
+        QVERIFY(Operator().Click("btnSetLevelCut"));
+        COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setLevelCutTime(%1)").arg(time)});
+        QCOMPARE(Operator().Text("tbCurrentLevelCutTime"), QString::number(time));
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+    // A module that accepts more than 16 bits hold gets, and shows, what is left of them.
+    Drop();
+    OpenNetwork(BenchWith("BWR", QString(), QString()));
+    AnswerFrom(1, "LevelCutTimeMax", 100000);
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    Operator().The<QSpinBox>("sbAvailableLevelCutTime")->setValue(65536 + 40);
+    ModuleCalls();
+    QVERIFY(Operator().Click("btnSetLevelCut"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setLevelCutTime(40)")});
+    QCOMPARE(Operator().Text("tbCurrentLevelCutTime"), QStringLiteral("40"));
+}
+
+void LaserPanelsTest::failedSetKeepsTheText_data() {
+    QTest::addColumn<QByteArray>("operation");
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<QByteArray>("field");
+    QTest::newRow("filter") << QByteArray("setFilter") << QByteArray("btnSetFilter") << QByteArray("tbCurrentFilter");
+    QTest::newRow("level cut") << QByteArray("setLevelCutTime") << QByteArray("btnSetLevelCut")
+                               << QByteArray("tbCurrentLevelCutTime");
+}
+
+void LaserPanelsTest::failedSetKeepsTheText() {
+    QFETCH(QByteArray, operation);
+    QFETCH(QByteArray, button);
+    QFETCH(QByteArray, field);
+    OpenPanel("BWR");
+    const QString before = Operator().Text(field.constData());
+    QVERIFY(Operator().SelectRow("listAvailableFilters", 5));
+    Operator().The<QSpinBox>("sbAvailableLevelCutTime")->setValue(77);
+    FailNext(operation.constData(), ForeignText());
+    bool cursorUnderTheBox = true;
+    BoxReply reply;
+    reply.meanwhile = [&](QDialog&) { cursorUnderTheBox = WaitCursorShows(); };
+    boxes.ExpectError(ThePanel<ModuleBWRWidget>(), filterBox, ForeignText(), reply);
+    QVERIFY(Operator().Click(button.constData()));
+    QCOMPARE(boxes.Count(), 1);
+    QVERIFY(!cursorUnderTheBox);
+    QCOMPARE(Operator().Text(field.constData()), before);
+}
+
+void LaserPanelsTest::filterPanelIsEnabledAndDisabled() {
+    OpenPanel("BWR");
+    const QStringList all = {QStringLiteral("btnSetFilter"), QStringLiteral("btnSetLevelCut")};
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWRWidget>()), all);
+    Window().DisableControls();
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWRWidget>()), QStringList());
+    QVERIFY(Operator().IsEnabled("listAvailableFilters") && Operator().IsEnabled("sbAvailableLevelCutTime"));
+    Window().EnableControls();
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWRWidget>()), all);
+}
+
+void LaserPanelsTest::rateForm() {
+    OpenPanel("BWK");
+    const auto* panel = ThePanel<ModuleBWKWidget>();
+    QCOMPARE(panel->windowTitle(), QStringLiteral("Form"));
+    QCOMPARE(Operator().The<QGroupBox>("groupBoxMeasuringRate")->title(), QStringLiteral("Measuring Rate"));
+    QCOMPARE(LabelsOf(panel), QStringList({QStringLiteral("Current"), QStringLiteral("Available")}));
+    QVERIFY(Operator().Find("tbCurrentMeasuringRate")->property("readOnly").toBool());
+    QCOMPARE(Operator().Text("btnSetMeasuringRate"), QStringLiteral("Set"));
+}
+
+void LaserPanelsTest::ratesAreTheModules() {
+    OpenPanel("BWK", QStringLiteral("rates=\"2kHz 100Hz 1kHz\" rate=\"1kHz\""));
+    QCOMPARE(Rows("listAvailableMeasuringRates"),
+             QStringList({RateText(eMeasuringRate::Rate2KHz), RateText(eMeasuringRate::Rate100Hz),
+                          RateText(eMeasuringRate::Rate1KHz)}));
+    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), RateText(eMeasuringRate::Rate1KHz));
+    const QStringList calls = Calls::TakeOperation("MeasuringRate");
+    QVERIFY(calls.isEmpty());
+}
+
+void LaserPanelsTest::rateIsSetAndShownAsSent() {
+    OpenPanel("BWK", QStringLiteral("rates=\"100Hz 500Hz\""));
+    AnswerFrom(1, "MeasuringRate", 4);
+    QVERIFY(Operator().SelectRow("listAvailableMeasuringRates", 1));
+    QVERIFY(Operator().Click("btnSetMeasuringRate"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setMeasuringRate(1)")});
+    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), RateText(eMeasuringRate::Rate500Hz));
+    QCOMPARE(Rows("listAvailableMeasuringRates").size(), 2);
+}
+
+void LaserPanelsTest::nothingSelectedDoesNothing() {
+    OpenPanel("BWK");
+    const QString before = Operator().Text("tbCurrentMeasuringRate");
+    QVERIFY(Operator().Click("btnSetMeasuringRate"));
+    COMPARE_CALLS(ModuleCalls(), {});
+    // A row may be the current one, as it is for the keyboard, without being selected.
+    auto* list = Operator().The<QListWidget>("listAvailableMeasuringRates");
+    list->setCurrentRow(2, QItemSelectionModel::NoUpdate);
+    QVERIFY(Operator().Click("btnSetMeasuringRate"));
+    COMPARE_CALLS(ModuleCalls(), {});
+    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), before);
+    QCOMPARE(boxes.Count(), 0);
+}
+
+void LaserPanelsTest::failedRateKeepsTheText() {
+    OpenPanel("BWK");
+    const QString before = Operator().Text("tbCurrentMeasuringRate");
+    QVERIFY(Operator().SelectRow("listAvailableMeasuringRates", 3));
+    FailNext("setMeasuringRate", ForeignText());
+    boxes.ExpectError(ThePanel<ModuleBWKWidget>(), QStringLiteral("BWK Module"), ForeignText());
+    QVERIFY(Operator().Click("btnSetMeasuringRate"));
+    QCOMPARE(boxes.Count(), 1);
+    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), before);
+}
+
+void LaserPanelsTest::ratePanelIsEnabledAndDisabled() {
+    OpenPanel("BWK");
+    const QStringList all{QStringLiteral("btnSetMeasuringRate")};
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), all);
+    Window().DisableControls();
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), QStringList());
+    QVERIFY(Operator().IsEnabled("listAvailableMeasuringRates"));
+    Window().EnableControls();
+    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), all);
+}
+
+void LaserPanelsTest::failureWhileFilling_data() {
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("operation");
+    for (const auto& [type, operation] :
+         {std::pair("BW", "BeamOn"), std::pair("BWR", "BeamOn"), std::pair("BWR", "ModelNumber"),
+          std::pair("BWR", "SerialNumber"), std::pair("BWR", "FirmwareNumber"), std::pair("BWR", "Filter"),
+          std::pair("BWR", "LevelCutTime"), std::pair("BWR", "LevelCutTimeMax"), std::pair("BWK", "MeasuringRate"),
+          std::pair("BWK", "AvailableMeasuringRates")}) {
+        QTest::addRow("%s %s", type, operation) << QByteArray(type) << QByteArray(operation);
+    }
+}
+
+void LaserPanelsTest::failureWhileFilling() {
+    QFETCH(QByteArray, type);
+    QFETCH(QByteArray, operation);
+    const QVector<SeenBox> seen =
+        OpenFailingPanel(type.constData(), [&] { FailNext(operation.constData(), ForeignText()); });
+    QCOMPARE(seen.size(), 1);
+    QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
+    QCOMPARE(seen.first().text, ForeignText());
+    QCOMPARE(ModuleCalls().last(), QString(QLatin1String(operation) + QStringLiteral("()")));
+    // What was filled before stays, and can be used.
+    QCOMPARE(Rows("listResolutions").size(), 5);
+    QVERIFY(Operator().Click("cbBeamOn"));
+    COMPARE_CALLS(ModuleCalls(),
+                  {QStringLiteral("setBeamOn(%1)")
+                       .arg(Operator().The<QCheckBox>("cbBeamOn")->isChecked() ? QStringLiteral("true")
+                                                                               : QStringLiteral("false"))});
+}
+
+TAVIK_TEST_MAIN(LaserPanelsTest)
+
+#include "LaserPanelsTest.moc"

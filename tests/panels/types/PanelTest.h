@@ -1,0 +1,99 @@
+#pragma once
+
+#include "panels/common/TypePanel.h"
+#include "tests/support/Benches.h"
+#include "tests/support/ProgramTest.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QListWidget>
+
+#include <vector>
+
+/// The base of tests of one panel, on a network with one module, the module page in front.
+class PanelTest : public ProgramTest {
+protected:
+    /// A module of this kind with more attributes and content.
+    void OpenPanel(const char* type, const QString& attributes = QString(), const QString& content = QString()) {
+        OpenModule(BenchWith(type, attributes, content), 0);
+    }
+
+    /// Selects the module while its panel's filling runs into the faults that this sets, and gives back the
+    /// boxes that opened meanwhile.
+    template <class SetFaults>
+    QVector<SeenBox> OpenFailingPanel(const char* type, SetFaults setFaults, const QString& attributes = QString()) {
+        OpenNetwork(BenchWith(type, attributes, QString()));
+        boxes.Tolerate(true);
+        setFaults();
+        Operator().SelectRow("listModules", 0);
+        Settle();
+        Operator().SelectPage("tabModule");
+        return boxes.Take();
+    }
+
+    static QString BenchWith(const char* type, const QString& attributes, const QString& content) {
+        return Benches::With(QStringLiteral("<module type=\"%1\" identity=\"MODULE0001\" %2>%3</module>")
+                                 .arg(QLatin1String(type), attributes, content));
+    }
+
+    /// A call of the module as the journal has it.
+    static QString Call(const QString& call) { return QStringLiteral("module MODULE0001.") + call; }
+    /// The calls of the module since the mark, without its name.
+    static QStringList ModuleCalls() {
+        QStringList calls = Calls::TakeObject("module MODULE0001");
+        calls.replaceInStrings(QStringLiteral("module MODULE0001."), QString());
+        return calls;
+    }
+
+    template <class Panel>
+    Panel* ThePanel() {
+        return Window().findChild<Panel*>();
+    }
+
+    /// The titles of a panel's groups, in order.
+    static QStringList Titles(const QWidget* panel) {
+        QStringList titles;
+        const auto groups = panel->findChildren<QGroupBox*>();
+        for (const QGroupBox* group : groups) {
+            titles.append(group->title());
+        }
+        return titles;
+    }
+
+    /// The names of the panel's enabled buttons, sorted.
+    static QStringList EnabledButtons(const QWidget* panel) {
+        QStringList names;
+        const auto buttons = panel->findChildren<QAbstractButton*>();
+        for (const QAbstractButton* button : buttons) {
+            if (button->isEnabled() && !button->objectName().startsWith(QLatin1String("qt_"))) {
+                names.append(button->objectName());
+            }
+        }
+        names.sort();
+        return names;
+    }
+
+    /// Sends a text from the library's side: umlauts and markup must come through as they are.
+    static QString ForeignText() { return QStringLiteral("Geht nicht: <u>größer</u> als 5 µm."); }
+};
+
+/// From its n-th call on, an operation answers with this number without doing its work.
+inline int AnswerFrom(int n, const char* operation, int number) {
+    TavikSimulator::Fault fault;
+    fault.operation = operation;
+    fault.trigger = TavikSimulator::FaultTrigger::FromNth;
+    fault.n = static_cast<std::uint64_t>(n);
+    fault.effect = TavikSimulator::FaultEffect::Result;
+    fault.code = number;
+    return TavikSimulator::AddFault(fault);
+}
+
+/// The n-th call of an operation from now throws this text.
+inline void FailNth(int n, const char* operation, const QString& text) {
+    TavikSimulator::Fault fault;
+    fault.operation = operation;
+    fault.trigger = TavikSimulator::FaultTrigger::Nth;
+    fault.n = static_cast<std::uint64_t>(n);
+    fault.text = text.toStdString();
+    TavikSimulator::AddFault(fault);
+}

@@ -1,0 +1,170 @@
+#include "panels/wireless/WaitForProcessDialog.h"
+#include "simulator/control/HandToolControl.h"
+#include "tests/panels/wireless/SettingsTest.h"
+
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+#include <QStatusBar>
+
+using namespace TavikSimulator;
+using namespace WirelessBench;
+
+namespace {
+
+const QString noConfigMode = QStringLiteral("Device connection error\nFailed to enter config mode.");
+
+WaitForProcessDialog* ShownWaitDialog() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        auto* wait = qobject_cast<WaitForProcessDialog*>(window);
+        if (wait != nullptr && wait->isVisible()) {
+            return wait;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+/// How the settings dialogs bring a tool into configuration mode, and the wait dialog meanwhile.
+class ConfigModeTest : public SettingsTest {
+    Q_OBJECT
+
+private slots:
+    void waitDialogIsAsOperatorsKnowIt();
+    void waitDialogShowsProgress();
+    void waitDialogCannotBeClosed();
+    void tenTriesAndNoMore_data();
+    void tenTriesAndNoMore();
+    void sleepingToolIsWoken();
+    void toolDropsOutInTheMiddle();
+    void windowThatClosesEndsTheTries();
+    void windowThatClosesEndsTheReading();
+    void waitDialogIsModalAndStandsOverTheWindow();
+};
+
+void ConfigModeTest::waitDialogIsAsOperatorsKnowIt() {
+    Open(SingleChannel());
+    const WaitForProcessDialog wait(&Window());
+    QCOMPARE(wait.windowTitle(), QStringLiteral("Please Wait"));
+    QCOMPARE(wait.font().pointSize(), 10);
+    QCOMPARE(wait.windowModality(), Qt::NonModal);
+    QCOMPARE(wait.windowFlags(), Qt::WindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint));
+    QVERIFY(!wait.windowIcon().isNull());
+    QCOMPARE(wait.findChild<QLabel*>(QStringLiteral("lblWaitMessage"))->text(), QStringLiteral("Please Wait"));
+    QCOMPARE(wait.findChild<QProgressBar*>()->value(), 0);
+    QCOMPARE(wait.parentWidget(), &Window());
+}
+
+void ConfigModeTest::waitDialogShowsProgress() {
+    Open(SingleChannel());
+    WaitForProcessDialog wait(&Window());
+    wait.show();
+    bool handled = false;
+    QTimer::singleShot(0, this, [&handled] { handled = true; });
+    const ProgressWatch progress;
+    wait.setProgress(30, QStringLiteral("Reading <b>all</b>"));
+    QVERIFY(handled);
+    QCOMPARE(wait.findChild<QLabel*>(QStringLiteral("lblWaitMessage"))->text(),
+             QStringLiteral("Please Wait:\n\nReading <b>all</b>"));
+    QCOMPARE(wait.findChild<QProgressBar*>()->value(), 30);
+    // It has been painted by the time the caller goes on.
+    QCOMPARE(progress.Steps(), QStringList({QStringLiteral("30 Reading <b>all</b>")}));
+}
+
+void ConfigModeTest::waitDialogCannotBeClosed() {
+    Open(SingleChannel());
+    WaitForProcessDialog wait(&Window());
+    wait.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&wait));
+    QTest::keyClick(&wait, Qt::Key_Escape);
+    QVERIFY(wait.isVisible());
+    wait.close();
+    QVERIFY(wait.isVisible());
+    wait.hide();
+    QVERIFY(!wait.isVisible());
+}
+
+void ConfigModeTest::tenTriesAndNoMore_data() {
+    QTest::addColumn<QString>("bench");
+    const QString never = QStringLiteral("config-tries=\"never\"");
+    QTest::newRow("single channel") << SingleChannel(never);
+    QTest::newRow("eight channels") << EightChannels(never);
+}
+
+void ConfigModeTest::tenTriesAndNoMore() {
+    QFETCH(QString, bench);
+    OpenModule(bench, 0);
+    const ProgressWatch progress;
+    QElapsedTimer sinceClick;
+    sinceClick.start();
+    FailToOpen(noConfigMode);
+    // One second before the first try and one after each but the last.
+    QVERIFY2(sinceClick.elapsed() >= 10000, qPrintable(QString::number(sinceClick.elapsed())));
+    QVERIFY2(sinceClick.elapsed() < 11000, qPrintable(QString::number(sinceClick.elapsed())));
+    QCOMPARE(progress.Steps().size(), 10);
+    QCOMPARE(progress.Steps().last(), QStringLiteral("0 Connecting and entering config mode. (Try 10/10)"));
+    QStringList expected =
+        OfSlot(QStringLiteral("device"), {QStringLiteral("DeviceType()"), QStringLiteral("Settings()")});
+    for (int attempt = 1; attempt <= 10; ++attempt) {
+        expected += OfSettings({QStringLiteral("setConfigMode(true)"), QStringLiteral("EnteredConfigMode()")});
+    }
+    COMPARE_CALLS(TakeToolCalls(), expected);
+    QCOMPARE(Window().statusBar()->currentMessage(), QString());
+}
+
+void ConfigModeTest::sleepingToolIsWoken() {
+    OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"60\"")), 0);
+    AdvanceClock(120);
+    const ProgressWatch progress;
+    InSettings(QStringLiteral("KRV Settings"), [](QDialog&, const Hand&) {});
+    QCOMPARE(progress.Steps().at(1), QStringLiteral("0 Connecting and entering config mode. (Try 2/10)"));
+    QCOMPARE(progress.Steps().at(2), QStringLiteral("1 Reading Identity"));
+}
+
+void ConfigModeTest::toolDropsOutInTheMiddle() {
+    OpenModule(SingleChannel(QStringLiteral("config-drops-after=\"5\"")), 0);
+    FailToOpen(QStringLiteral("Hand tool KRV0000001 is not in configuration mode."));
+}
+
+void ConfigModeTest::windowThatClosesEndsTheTries() {
+    OpenModule(SingleChannel(QStringLiteral("config-tries=\"never\"")), 0);
+    QElapsedTimer sinceClick;
+    sinceClick.start();
+    QTimer::singleShot(2500, this, [this] { Window().close(); });
+    QVERIFY(Operator().Click("btnConfig1"));
+    QVERIFY2(sinceClick.elapsed() < 5000, qPrintable(QString::number(sinceClick.elapsed())));
+    QCOMPARE(boxes.Count(), 0);
+    QVERIFY(ShownWaitDialog() == nullptr);
+    // The last thing that the library was asked is to disconnect.
+    QCOMPARE(Calls::Take().last(), QStringLiteral("networks.DisconnectAll()"));
+}
+
+void ConfigModeTest::windowThatClosesEndsTheReading() {
+    OpenModule(SingleChannel(), 0);
+    // Fires while the first step handles events.
+    QTimer::singleShot(900, this, [this] { Window().close(); });
+    QVERIFY(Operator().Click("btnConfig1"));
+    QCOMPARE(boxes.Count(), 0);
+    QCOMPARE(Calls::TakeOperation("setConfigMode"), QStringList());
+}
+
+void ConfigModeTest::waitDialogIsModalAndStandsOverTheWindow() {
+    OpenModule(SingleChannel(), 0);
+    QTimer::singleShot(500, this, [this] {
+        const WaitForProcessDialog* wait = ShownWaitDialog();
+        QVERIFY(wait != nullptr);
+        QVERIFY(wait->isModal());
+        QCOMPARE(wait->parentWidget(), &Window());
+        QCOMPARE(Window().statusBar()->currentMessage(), QStringLiteral("Reading the settings of a hand tool"));
+    });
+    InSettings(QStringLiteral("KRV Settings"), [this](QDialog&, const Hand&) {
+        QVERIFY(ShownWaitDialog() == nullptr);
+        QCOMPARE(Window().statusBar()->currentMessage(), QString());
+    });
+}
+
+TAVIK_TEST_MAIN(ConfigModeTest)
+
+#include "ConfigModeTest.moc"

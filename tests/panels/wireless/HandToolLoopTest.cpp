@@ -1,0 +1,126 @@
+#include "tests/panels/wireless/ReadingsTest.h"
+
+#include <QStatusBar>
+
+using namespace TavikSimulator;
+
+/// Reading a hand tool again and again.
+class HandToolLoopTest : public ReadingsTest {
+    Q_OBJECT
+
+private slots:
+    void readsUntilStopped();
+    void failureEndsTheLoop();
+    void changeOfModeAppliesToTheNextRead();
+    void endsWithTheLoop_data();
+    void endsWithTheLoop();
+    void windowThatClosesEndsTheLoop();
+    void windowThatClosesOverTheFirstFailure();
+};
+
+void HandToolLoopTest::readsUntilStopped() {
+    OpenModule(StillTool(), 0);
+    InDialog([this](QDialog& dialog, Hand hand) {
+        Calls::Mark();
+        QTimer::singleShot(400, this, [&dialog, hand, this]() mutable {
+            QCOMPARE(StartText(dialog), QStringLiteral("Stop Reading"));
+            QCOMPARE(Window().statusBar()->currentMessage(), QStringLiteral("Reading the hand tool of slot 1"));
+            hand.Click("btnStartStopReading");
+            Calls::Mark();
+        });
+        QVERIFY(hand.Click("btnStartStopReading"));
+        // The second click ended the loop without another read.
+        QCOMPARE(Reads(), 0);
+        QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
+        QCOMPARE(Window().statusBar()->currentMessage(), QString());
+        QCOMPARE(Colour(dialog), green);
+    });
+}
+
+void HandToolLoopTest::failureEndsTheLoop() {
+    OpenModule(StillTool(), 0);
+    InDialog([this](QDialog& dialog, Hand hand) {
+        Calls::Mark();
+        Fault fault;
+        fault.operation = "ReadAllChannels";
+        fault.trigger = FaultTrigger::FromNth;
+        fault.n = 4;
+        fault.text = "Out of reach.";
+        AddFault(fault);
+        boxes.ExpectError(&dialog, readTitle, QStringLiteral("Out of reach."));
+        QVERIFY(hand.Click("btnStartStopReading"));
+        QCOMPARE(Reads(), 4);
+        QCOMPARE(boxes.Count(), 2);
+        QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
+        QCOMPARE(Colour(dialog), green);
+    });
+}
+
+void HandToolLoopTest::changeOfModeAppliesToTheNextRead() {
+    OpenModule(StillTool(), 0);
+    InDialog([this](QDialog&, Hand hand) {
+        Calls::Mark();
+        QTimer::singleShot(200, this, [hand]() mutable { hand.Click("radioTagged"); });
+        QTimer::singleShot(400, this, [hand]() mutable { hand.Click("btnStartStopReading"); });
+        QVERIFY(hand.Click("btnStartStopReading"));
+        const QStringList reads = Calls::TakeOperation("ReadAllChannels");
+        QCOMPARE(reads.first(), OfDevice({QStringLiteral("ReadAllChannels(1)")}).first());
+        QCOMPARE(reads.last(), OfDevice({QStringLiteral("ReadAllChannels(3)")}).first());
+    });
+}
+
+void HandToolLoopTest::endsWithTheLoop_data() {
+    QTest::addColumn<QString>("how");
+    for (const char* how : {"Close", "Escape", "window button"}) {
+        QTest::newRow(how) << QString::fromLatin1(how);
+    }
+}
+
+void HandToolLoopTest::endsWithTheLoop() {
+    QFETCH(QString, how);
+    OpenModule(StillTool(), 0);
+    InDialog([how, this](QDialog& dialog, Hand hand) {
+        QTimer::singleShot(150, this, [&dialog, hand, how]() mutable {
+            if (how == QLatin1String("Close")) {
+                hand.Click("btnClose");
+            } else if (how == QLatin1String("Escape")) {
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+            } else {
+                dialog.close();
+            }
+            Calls::Mark();
+        });
+        QVERIFY(hand.Click("btnStartStopReading"));
+        QCOMPARE(Reads(), 0);
+        QVERIFY(!dialog.isVisible());
+    });
+    QCOMPARE(boxes.Count(), 1);
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+}
+
+void HandToolLoopTest::windowThatClosesEndsTheLoop() {
+    OpenModule(StillTool(), 0);
+    InDialog([this](QDialog&, Hand hand) {
+        QTimer::singleShot(150, this, [this] {
+            Window().close();
+            Calls::Mark();
+        });
+        QVERIFY(hand.Click("btnStartStopReading"));
+        QCOMPARE(Calls::Take(), QStringList());
+    });
+}
+
+void HandToolLoopTest::windowThatClosesOverTheFirstFailure() {
+    OpenModule(StillTool(), 0);
+    FailNext("NumChannels", QStringLiteral("No."));
+    boxes.Tolerate(true);
+    QTimer::singleShot(0, this, [this] { Window().close(); });
+    QVERIFY(Operator().Click("btnRead1"));
+    // Only the box has been seen: the dialog does not open after the window has closed.
+    QCOMPARE(boxes.Count(), 1);
+    QCOMPARE(boxes.Take().first().title, readTitle);
+}
+
+TAVIK_TEST_MAIN(HandToolLoopTest)
+
+#include "HandToolLoopTest.moc"

@@ -1,0 +1,347 @@
+#include "library/TavikModuleRLK.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
+#include "library/TavikRLKSettings.h"
+#include "tests/panels/wireless/SettingsTest.h"
+
+#include <QElapsedTimer>
+
+using namespace TavikSimulator;
+using namespace WirelessBench;
+
+namespace {
+
+const QString title = QStringLiteral("KRV Settings");
+
+QStringList OfObject(const QString& object, const QString& call) {
+    return OfSlot(object, {call});
+}
+
+/// The calls that read all settings, from entering configuration mode to leaving it.
+QStringList ReadingCalls() {
+    return OfSettings({QStringLiteral("setConfigMode(true)"), QStringLiteral("EnteredConfigMode()")}) +
+           OfSlot(QStringLiteral("device"), {QStringLiteral("Settings()")}) +
+           OfSettings({QStringLiteral("SendCommand(\"IDENTIFY\", true)")}) +
+           OfSlot(QStringLiteral("device"), {QStringLiteral("TavikIdentity()")}) +
+           OfSettings({QStringLiteral("BluetoothClass()"), QStringLiteral("AutoPowerDownTime()"),
+                       QStringLiteral("DisplayedResolution()"), QStringLiteral("DisplayOrientation()"),
+                       QStringLiteral("DisplayLayout()"), QStringLiteral("DisplayLargeSource()"),
+                       QStringLiteral("PresetValue()"), QStringLiteral("GetButtonFunctions()"),
+                       QStringLiteral("PowerOffButtonOptions()"), QStringLiteral("ButtonBuzzerEnable()"),
+                       QStringLiteral("Limits()")}) +
+           OfObject(QStringLiteral("limits"), QStringLiteral("Enabled()")) +
+           OfObject(QStringLiteral("limits"), QStringLiteral("Upper()")) +
+           OfObject(QStringLiteral("upper limit"), QStringLiteral("Value()")) +
+           OfObject(QStringLiteral("limits"), QStringLiteral("Lower()")) +
+           OfObject(QStringLiteral("lower limit"), QStringLiteral("Value()")) +
+           OfSettings({QStringLiteral("LimitLED()"), QStringLiteral("LimitBuzzerEnable()"),
+                       QStringLiteral("LimitBuzzerRate()"), QStringLiteral("OperationMode()"),
+                       QStringLiteral("setConfigMode(false)")});
+}
+
+/// The library's settings of the tool in slot 1.
+TavikLibrary::RLK_DeviceSettings_KRV* ToolSettings(TavikLibrary::TavikServer& server) {
+    auto* module = dynamic_cast<TavikLibrary::TavikModuleRLK*>(server.Networks()->Network(0)->GetModule(0));
+    return static_cast<TavikLibrary::RLK_DeviceSettings_KRV*>(module->Devices()->GetDevice(0)->Settings());
+}
+
+} // namespace
+
+/// The settings dialog of a single-channel hand tool.
+class KRVSettingsTest : public SettingsTest {
+    Q_OBJECT
+
+private slots:
+    void readsInOrderAndWritesNothing();
+    void showsTheProgress();
+    void showsWhatTheToolIsSetTo();
+    void valuesOutsideTheFormAreClamped();
+    void writesEachChangeAtOnce();
+    void toolThatNeverSwitchesOff();
+    void autoPowerOffIsUnticked();
+    void autoPowerOffIsTicked();
+    void failureOfAutoPowerOff();
+    void resetToFactory();
+    void failureOfTheReset();
+    void firmware_data();
+    void firmware();
+    void failureOfTheFirmwareIsPassedOver();
+    void failureWhileReading_data();
+    void failureWhileReading();
+    void enterPressesNoButton();
+};
+
+void KRVSettingsTest::readsInOrderAndWritesNothing() {
+    OpenModule(SingleChannel(), 0);
+    InSettings(title, [](QDialog&, const Hand&) {
+        COMPARE_CALLS(TakeToolCalls(),
+                      OfSlot(QStringLiteral("device"), {QStringLiteral("DeviceType()"), QStringLiteral("Settings()")}) +
+                          ReadingCalls());
+    });
+}
+
+void KRVSettingsTest::showsTheProgress() {
+    OpenModule(SingleChannel(QStringLiteral("config-tries=\"3\"")), 0);
+    const ProgressWatch progress;
+    QElapsedTimer sinceClick;
+    sinceClick.start();
+    InSettings(title, [&](QDialog&, const Hand&) {
+        // One second until the first try, and one after each of the two that failed.
+        QVERIFY2(sinceClick.elapsed() >= 3000, qPrintable(QString::number(sinceClick.elapsed())));
+        QVERIFY2(sinceClick.elapsed() < 4000, qPrintable(QString::number(sinceClick.elapsed())));
+    });
+    const QString entering = QStringLiteral("0 Connecting and entering config mode. (Try %1/10)");
+    QCOMPARE(progress.Steps(),
+             QStringList({entering.arg(1), entering.arg(2), entering.arg(3), QStringLiteral("1 Reading Identity"),
+                          QStringLiteral("10 Reading Bluetooth class"), QStringLiteral("20 Reading Auto Power Down"),
+                          QStringLiteral("30 Reading Display Settings"), QStringLiteral("30 Reading Preset Value"),
+                          QStringLiteral("50 Reading Button Functions"), QStringLiteral("60 Reading Limits"),
+                          QStringLiteral("80 Reading Limits LED and Buzzer"),
+                          QStringLiteral("85 Reading Operation Mode"), QStringLiteral("90 Exiting config mode")}));
+}
+
+void KRVSettingsTest::showsWhatTheToolIsSetTo() {
+    OpenModule(SingleChannel(), 0);
+    using namespace TavikLibrary;
+    TavikServer server;
+    RLK_DeviceSettings_KRV* tool = ToolSettings(server);
+    tool->setBluetoothClass(eKRV_BluetoothClass::Class3);
+    tool->setAutoPowerDownTime(4711);
+    tool->setDisplayedResolution(5);
+    tool->setDisplayOrientation(eKRV_DisplayOrientation::Rotate270);
+    tool->setDisplayLayout(eKRV_DisplayLayout::Large);
+    tool->setDisplayLargeSource(eKRV_DisplayLargeSource::Computed);
+    tool->setPresetValue(-12.3456);
+    tool->SetButtonFunctions(eKRV_ButtonFunction::Preset, eKRV_ButtonFunction::Tag);
+    tool->setPowerOffButtonOptions(eKRV_PowerOffButtonOptions::EitherButton);
+    tool->setButtonBuzzerEnable(false);
+    tool->Limits()->setEnabled(true);
+    tool->Limits()->Upper()->setValue(7.25);
+    tool->Limits()->Lower()->setValue(-7.75);
+    tool->setLimitLED(eKRV_LimitLED::Red);
+    tool->setLimitBuzzerEnable(true);
+    tool->setLimitBuzzerRate(eKRV_LimitBuzzerRate::OneSlowOnFail);
+    tool->setOperationMode(eKRV_OperationMode::TaggedMin);
+    InSettings(title, [](QDialog&, const Hand& hand) {
+        QCOMPARE(Chosen(hand, "cbBluetoothClass"), 2);
+        QVERIFY(Ticked(hand, "cbAutoPowerOffEnabled"));
+        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 4711);
+        QVERIFY(hand.IsEnabled("sbAutoPowerOffTime"));
+        QCOMPARE(hand.The<QSpinBox>("sbResolution")->value(), 5);
+        QCOMPARE(Chosen(hand, "cbOrientation"), 3);
+        QCOMPARE(Chosen(hand, "cbLayout"), 1);
+        QCOMPARE(Chosen(hand, "cbReadingSource"), 1);
+        QCOMPARE(hand.The<QDoubleSpinBox>("sbPreset")->value(), -12.3456);
+        QCOMPARE(Chosen(hand, "cbButton1Func"), 2);
+        QCOMPARE(Chosen(hand, "cbButton2Func"), 0);
+        QCOMPARE(Chosen(hand, "cbPowerOffBtn"), 3);
+        QVERIFY(!Ticked(hand, "cbButtonBuzzer"));
+        QVERIFY(Ticked(hand, "cbLimitsEnabled"));
+        QCOMPARE(hand.The<QDoubleSpinBox>("sbUpperLimit")->value(), 7.25);
+        QCOMPARE(hand.The<QDoubleSpinBox>("sbLowerLimit")->value(), -7.75);
+        QCOMPARE(Chosen(hand, "cbLimitLED"), 2);
+        QVERIFY(Ticked(hand, "cbLimitBuzzer"));
+        QCOMPARE(Chosen(hand, "cbBuzzRate"), 1);
+        QCOMPARE(Chosen(hand, "cbOperationMode"), 6);
+    });
+}
+
+void KRVSettingsTest::valuesOutsideTheFormAreClamped() {
+    OpenModule(SingleChannel(), 0);
+    Answer("BluetoothClass", 0);
+    Answer("AutoPowerDownTime", 5);
+    Answer("DisplayedResolution", 9);
+    Answer("DisplayOrientation", 17);
+    Answer("LimitLED", -1);
+    InSettings(title, [](QDialog&, const Hand& hand) {
+        QCOMPARE(Chosen(hand, "cbBluetoothClass"), 0);
+        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 15);
+        QVERIFY(Ticked(hand, "cbAutoPowerOffEnabled"));
+        QCOMPARE(hand.The<QSpinBox>("sbResolution")->value(), 5);
+        QCOMPARE(Chosen(hand, "cbOrientation"), 4);
+        QCOMPARE(Chosen(hand, "cbLimitLED"), 0);
+        COMPARE_CALLS(TakeToolCalls().mid(2), ReadingCalls());
+    });
+}
+
+void KRVSettingsTest::writesEachChangeAtOnce() {
+    OpenModule(SingleChannel(), 0);
+    InSettings(title, [this](QDialog& dialog, const Hand& hand) {
+        TryList(dialog, "cbBluetoothClass", QStringLiteral("setBluetoothClass"), 1);
+        TryNumber<QSpinBox>(dialog, "sbAutoPowerOffTime", 100,
+                            OfSettings({QStringLiteral("setAutoPowerDownTime(100)")}), 101);
+        TryNumber<QSpinBox>(dialog, "sbResolution", 2, OfSettings({QStringLiteral("setDisplayedResolution(2)")}), 3);
+        TryList(dialog, "cbOrientation", QStringLiteral("setDisplayOrientation"));
+        TryList(dialog, "cbLayout", QStringLiteral("setDisplayLayout"));
+        TryList(dialog, "cbReadingSource", QStringLiteral("setDisplayLargeSource"));
+        TryNumber<QDoubleSpinBox>(dialog, "sbPreset", -1.2345, OfSettings({QStringLiteral("setPresetValue(-1.2345)")}),
+                                  2.5);
+        TryButton(dialog, "btnPreset", QStringLiteral("Preset"));
+        TryButton(dialog, "btnSavePreset", QStringLiteral("SaveZero"));
+        TryButton(dialog, "btnZero", QStringLiteral("Zero"));
+        TryButton(dialog, "btnSaveZero", QStringLiteral("SaveZero"));
+        TryButton(dialog, "btnAbs", QStringLiteral("ABS"));
+        TryButton(dialog, "btnResetMinMax", QStringLiteral("ResetMinMax"));
+        Choose(hand, "cbButton1Func", 2);
+        Choose(hand, "cbButton2Func", 1);
+        Try(
+            dialog, [&] { Choose(hand, "cbButton1Func", 1); }, OfSettings({QStringLiteral("SetButtonFunctions(1, 1)")}),
+            [&] { Choose(hand, "cbButton1Func", 2); });
+        Try(
+            dialog, [&] { Choose(hand, "cbButton2Func", 0); }, OfSettings({QStringLiteral("SetButtonFunctions(2, 0)")}),
+            [&] { Choose(hand, "cbButton2Func", 1); });
+        TryList(dialog, "cbPowerOffBtn", QStringLiteral("setPowerOffButtonOptions"));
+        TryCheckBox(dialog, "cbButtonBuzzer", QStringLiteral("settings"), QStringLiteral("setButtonBuzzerEnable"));
+        TryCheckBox(dialog, "cbLimitsEnabled", QStringLiteral("limits"), QStringLiteral("setEnabled"));
+        TryNumber<QDoubleSpinBox>(dialog, "sbUpperLimit", 5.25,
+                                  OfObject(QStringLiteral("upper limit"), QStringLiteral("setValue(5.25)")), 6.0);
+        TryNumber<QDoubleSpinBox>(dialog, "sbLowerLimit", -5.25,
+                                  OfObject(QStringLiteral("lower limit"), QStringLiteral("setValue(-5.25)")), -6.0);
+        TryList(dialog, "cbLimitLED", QStringLiteral("setLimitLED"));
+        TryCheckBox(dialog, "cbLimitBuzzer", QStringLiteral("settings"), QStringLiteral("setLimitBuzzerEnable"));
+        TryList(dialog, "cbBuzzRate", QStringLiteral("setLimitBuzzerRate"));
+        TryList(dialog, "cbOperationMode", QStringLiteral("setOperationMode"));
+    });
+}
+
+void KRVSettingsTest::toolThatNeverSwitchesOff() {
+    OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"0\"")), 0);
+    InSettings(title, [](QDialog&, const Hand& hand) {
+        QVERIFY(!Ticked(hand, "cbAutoPowerOffEnabled"));
+        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 60);
+        QVERIFY(!hand.Find("sbAutoPowerOffTime")->isEnabled());
+    });
+}
+
+void KRVSettingsTest::autoPowerOffIsUnticked() {
+    OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"300\"")), 0);
+    InSettings(title, [](QDialog&, const Hand& hand) {
+        Calls::Mark();
+        Tick(hand, "cbAutoPowerOffEnabled", false);
+        COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setAutoPowerDownTime(0)"),
+                                                   QStringLiteral("setAutoPowerDownTime(60)")}));
+        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 60);
+        QVERIFY(!hand.Find("sbAutoPowerOffTime")->isEnabled());
+    });
+}
+
+void KRVSettingsTest::autoPowerOffIsTicked() {
+    OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"0\"")), 0);
+    InSettings(title, [](QDialog&, const Hand& hand) {
+        Calls::Mark();
+        Tick(hand, "cbAutoPowerOffEnabled", true);
+        COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setAutoPowerDownTime(60)")}));
+        QVERIFY(hand.Find("sbAutoPowerOffTime")->isEnabled());
+        Tick(hand, "cbAutoPowerOffEnabled", false);
+        // The field shows 60 already, so that nothing more is written.
+        COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setAutoPowerDownTime(0)")}));
+    });
+}
+
+void KRVSettingsTest::failureOfAutoPowerOff() {
+    OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"300\"")), 0);
+    InSettings(title, [this](QDialog& dialog, const Hand& hand) {
+        FailNext("setAutoPowerDownTime", QStringLiteral("No."));
+        boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: No."));
+        Tick(hand, "cbAutoPowerOffEnabled", false);
+        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 300);
+        QVERIFY(hand.Find("sbAutoPowerOffTime")->isEnabled());
+
+        Tick(hand, "cbAutoPowerOffEnabled", true);
+        Tick(hand, "cbAutoPowerOffEnabled", false);
+        FailNext("setAutoPowerDownTime", QStringLiteral("Not again."));
+        boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: Not again."));
+        Tick(hand, "cbAutoPowerOffEnabled", true);
+        QVERIFY(!hand.Find("sbAutoPowerOffTime")->isEnabled());
+        QVERIFY(Ticked(hand, "cbAutoPowerOffEnabled"));
+    });
+}
+
+void KRVSettingsTest::resetToFactory() {
+    OpenModule(SingleChannel(), 0);
+    InSettings(title, [this](QDialog& dialog, Hand hand) {
+        Calls::Mark();
+        boxes.ExpectInformation(
+            &dialog, QStringLiteral("KRV Config"),
+            QStringLiteral("Factory reset complete.\nPlease power cycle the KRV to apply the new settings."));
+        QVERIFY(hand.Click("btnResetFactory"));
+        COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("ResetFactorySettings()")}));
+        QVERIFY(hand.Click("btnClose"));
+        QVERIFY(!dialog.isVisible());
+    });
+}
+
+void KRVSettingsTest::failureOfTheReset() {
+    OpenModule(SingleChannel(), 0);
+    InSettings(title, [this](QDialog& dialog, Hand hand) {
+        FailNext("ResetFactorySettings", QStringLiteral("No."));
+        boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: No."));
+        QVERIFY(hand.Click("btnResetFactory"));
+        QCOMPARE(boxes.Count(), 2);
+    });
+}
+
+void KRVSettingsTest::firmware_data() {
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<QString>("firmware");
+    const QString before(25, QLatin1Char('x'));
+    QTest::newRow("usual") << before + QStringLiteral("2.70") << QStringLiteral("2.70");
+    QTest::newRow("followed by more") << before + QStringLiteral("2.7x and more") << QStringLiteral("2.70");
+    QTest::newRow("24 characters") << before.left(24) << QString();
+    QTest::newRow("25 characters") << before << QString();
+}
+
+void KRVSettingsTest::firmware() {
+    QFETCH(QString, reply);
+    QFETCH(QString, firmware);
+    OpenModule(SingleChannel(QStringLiteral("identify=\"%1\"").arg(reply)), 0);
+    InSettings(title, [firmware](QDialog& dialog, const Hand&) {
+        QCOMPARE(GroupTitle(dialog), QStringLiteral("KRV Configuration (KRV0000001) Firmware V%1     ").arg(firmware));
+    });
+}
+
+void KRVSettingsTest::failureOfTheFirmwareIsPassedOver() {
+    OpenModule(SingleChannel(), 0);
+    FailNext("SendCommand", QStringLiteral("What?"));
+    InSettings(title, [](QDialog& dialog, const Hand&) {
+        QCOMPARE(GroupTitle(dialog), QStringLiteral("KRV Configuration (KRV0000001) Firmware V     "));
+    });
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void KRVSettingsTest::failureWhileReading_data() {
+    QTest::addColumn<QString>("operation");
+    for (const char* operation :
+         {"setConfigMode", "EnteredConfigMode", "TavikIdentity", "BluetoothClass", "AutoPowerDownTime",
+          "DisplayedResolution", "DisplayLargeSource", "PresetValue", "GetButtonFunctions", "ButtonBuzzerEnable",
+          "Limits", "Enabled", "Upper", "Value", "LimitLED", "LimitBuzzerRate", "OperationMode"}) {
+        QTest::newRow(operation) << QString::fromLatin1(operation);
+    }
+}
+
+void KRVSettingsTest::failureWhileReading() {
+    QFETCH(QString, operation);
+    OpenModule(SingleChannel(), 0);
+    FailNext(qPrintable(operation), QStringLiteral("Lost in the <b>middle</b>."));
+    FailToOpen(QStringLiteral("Lost in the <b>middle</b>."));
+    QVERIFY(TakeToolCalls().last().contains(QLatin1Char('.') + operation + QLatin1Char('(')));
+}
+
+void KRVSettingsTest::enterPressesNoButton() {
+    OpenModule(SingleChannel(), 0);
+    InSettings(title, [](QDialog& dialog, const Hand& hand) {
+        Calls::Mark();
+        for (const char* name : {"sbResolution", "cbOrientation", "sbPreset"}) {
+            hand.Find(name)->setFocus();
+            QTest::keyClick(hand.Find(name), Qt::Key_Return);
+        }
+        QVERIFY(dialog.isVisible());
+        // A number that is confirmed is written once more, and that is all.
+        COMPARE_CALLS(TakeToolCalls(),
+                      OfSettings({QStringLiteral("setDisplayedResolution(4)"), QStringLiteral("setPresetValue(0)")}));
+    });
+}
+
+TAVIK_TEST_MAIN(KRVSettingsTest)
+
+#include "KRVSettingsTest.moc"

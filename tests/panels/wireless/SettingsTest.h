@@ -1,0 +1,74 @@
+#pragma once
+
+#include "tests/panels/wireless/WirelessBench.h"
+#include "tests/support/ProgramTest.h"
+
+#include <QSpinBox>
+#include <QVector>
+
+#include <functional>
+
+/// What the wait dialog showed, each time it was painted anew with something else.
+class ProgressWatch : public QObject {
+    Q_OBJECT
+
+public:
+    ProgressWatch();
+    ~ProgressWatch() override;
+
+    /// "30 Reading Preset Value": percent and message of each step.
+    QStringList Steps() const { return steps; }
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QStringList steps;
+};
+
+/// The base of the tests of settings dialogs, which work on the tool in slot 1.
+class SettingsTest : public ProgramTest {
+    Q_OBJECT
+
+protected:
+    using Deed = std::function<void(QDialog& dialog, Hand hand)>;
+
+    /// Presses Config and does something in the dialog that opens, which is then closed.
+    void InSettings(const QString& title, const Deed& deed);
+    /// Presses Config, where no dialog opens but a box of the panel with this text.
+    void FailToOpen(const QString& text);
+
+    /// Changes something, which makes these calls, and changes it again, which fails and shows a box.
+    void Try(QDialog& dialog, const std::function<void()>& change, const QStringList& calls,
+             const std::function<void()>& changeAgain);
+    /// The same with another entry of a list; the call takes its row, counted from a number. The list keeps what
+    /// was chosen when the writing failed.
+    void TryList(QDialog& dialog, const char* list, const QString& call, int first = 0);
+    void TryCheckBox(QDialog& dialog, const char* box, const QString& object, const QString& call);
+    void TryButton(QDialog& dialog, const char* button, const QString& call);
+    template <class SpinBox, class Value>
+    void TryNumber(QDialog& dialog, const char* name, Value value, const QStringList& calls, Value valueAgain) {
+        const Hand hand(dialog);
+        Try(
+            dialog, [=] { Enter<SpinBox>(hand, name, value); }, calls, [=] { Enter<SpinBox>(hand, name, valueAgain); });
+        QCOMPARE(hand.The<SpinBox>(name)->value(), valueAgain);
+    }
+
+    // What the hand does to the controls.
+    static void Choose(Hand hand, const char* combo, int index);
+    static void Tick(Hand hand, const char* box, bool on);
+    template <class SpinBox, class Value>
+    static void Enter(Hand hand, const char* name, Value value) {
+        auto* spin = hand.The<SpinBox>(name);
+        QVERIFY(spin->isEnabled());
+        spin->setValue(value);
+    }
+    static QStringList Entries(Hand hand, const char* combo);
+    static int Chosen(Hand hand, const char* combo);
+    static bool Ticked(Hand hand, const char* box);
+    static QString GroupTitle(QDialog& dialog);
+    QWidget* Panel() { return Operator().Find("moduleRLKWidget"); }
+};
+
+/// The calls of the settings object of slot 1.
+QStringList OfSettings(const QStringList& calls);
+/// From now on an operation that returns a number returns this one, as many times as it is called.
+void Answer(const char* operation, int number);

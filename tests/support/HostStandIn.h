@@ -1,0 +1,18 @@
+#pragma once
+
+#include "panels/common/HostWindow.h"
+
+/// The least that a panel needs of a window.
+class HostStandIn : public HostWindow {
+    Q_OBJECT
+
+public:
+    void DisableControls() override { ++disabled; }
+    void EnableControls() override { ++enabled; }
+    void RedisplayModuleInformation() override { ++redisplayed; }
+    void Close() { BeginClosing(); }
+
+    int disabled = 0;
+    int enabled = 0;
+    int redisplayed = 0;
+};

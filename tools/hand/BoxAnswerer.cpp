@@ -1,0 +1,278 @@
+#include "tools/hand/BoxAnswerer.h"
+
+#include "tools/hand/Complaints.h"
+#include "tools/hand/Hand.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSpinBox>
+#include <QTest>
+
+namespace {
+
+constexpr int lookMilliseconds = 10;
+
+QString CaptionsOf(const QDialog& dialog) {
+    QStringList captions;
+    const QList<QDialogButtonBox*> boxes = dialog.findChildren<QDialogButtonBox*>();
+    for (const QDialogButtonBox* box : boxes) {
+        const QList<QAbstractButton*> buttons = box->buttons();
+        for (const QAbstractButton* button : buttons) {
+            captions.append(button->text().remove(QLatin1Char('&')));
+        }
+    }
+    captions.sort();
+    return captions.join(QLatin1Char(','));
+}
+
+BoxKind KindOf(const QMessageBox& box) {
+    switch (box.icon()) {
+    case QMessageBox::Critical:
+        return BoxKind::Critical;
+    case QMessageBox::Warning:
+        return BoxKind::Warning;
+    case QMessageBox::Question:
+        return BoxKind::Question;
+    default:
+        return BoxKind::Information;
+    }
+}
+
+QString KindText(BoxKind kind) {
+    switch (kind) {
+    case BoxKind::Critical:
+        return QStringLiteral("critical box");
+    case BoxKind::Information:
+        return QStringLiteral("information box");
+    case BoxKind::Warning:
+        return QStringLiteral("warning box");
+    case BoxKind::Question:
+        return QStringLiteral("question");
+    case BoxKind::TextInput:
+        return QStringLiteral("text input box");
+    case BoxKind::NumberInput:
+        return QStringLiteral("number input box");
+    case BoxKind::OpenFile:
+        return QStringLiteral("open-file box");
+    case BoxKind::SaveFile:
+        return QStringLiteral("save-file box");
+    case BoxKind::Dialog:
+        break;
+    }
+    return QStringLiteral("dialog");
+}
+
+bool IsMessage(BoxKind kind) {
+    return kind == BoxKind::Critical || kind == BoxKind::Information || kind == BoxKind::Warning;
+}
+
+bool Same(const SeenBox& expected, const SeenBox& seen) {
+    return expected.kind == seen.kind && expected.parent == seen.parent && expected.title == seen.title &&
+           expected.text == seen.text && (expected.buttons.isNull() || expected.buttons == seen.buttons) &&
+           !seen.markup;
+}
+
+QWidget* EntryOf(QDialog* dialog) {
+    if (qobject_cast<QInputDialog*>(dialog) == nullptr && qobject_cast<QFileDialog*>(dialog) == nullptr) {
+        return nullptr;
+    }
+    return dialog->findChild<QLineEdit*>();
+}
+
+void Type(QDialog* dialog, const QString& text) {
+    QWidget* entry = EntryOf(dialog);
+    if (entry == nullptr || text.isEmpty()) {
+        return;
+    }
+    QTest::keyClick(entry, Qt::Key_A, Qt::ControlModifier);
+    TypeInto(entry, text);
+    // The list of file names that begin like this would take the next click for itself.
+    if (QWidget* completions = QApplication::activePopupWidget()) {
+        completions->close();
+    }
+}
+
+/// A dialog that its window frame does not let the operator close: it goes by itself.
+bool OnlyTells(const QDialog& dialog) {
+    const Qt::WindowFlags flags = dialog.windowFlags();
+    return flags.testFlag(Qt::CustomizeWindowHint) && !flags.testFlag(Qt::WindowCloseButtonHint);
+}
+
+/// Presses the button that accepts or leaves the box.
+void PressButton(QDialog* dialog, bool accept) {
+    QAbstractButton* wanted = nullptr;
+    const QList<QDialogButtonBox*> boxes = dialog->findChildren<QDialogButtonBox*>();
+    for (const QDialogButtonBox* box : boxes) {
+        const QList<QAbstractButton*> buttons = box->buttons();
+        for (QAbstractButton* button : buttons) {
+            const QDialogButtonBox::ButtonRole role = box->buttonRole(button);
+            const bool accepts = role == QDialogButtonBox::AcceptRole || role == QDialogButtonBox::YesRole;
+            wanted = accepts == accept ? button : wanted;
+        }
+    }
+    if (wanted == nullptr || !Hand(*dialog).Click(wanted)) {
+        dialog->done(accept ? QDialog::Accepted : QDialog::Rejected);
+    }
+}
+
+/// While the parent is there; it may be gone when somebody wants to know.
+void NameParent(SeenBox& box) {
+    if (box.parent != nullptr) {
+        box.parentClass = QLatin1String(box.parent->metaObject()->className());
+        box.parentName = box.parent->objectName();
+    }
+}
+
+void CloseLeftOpen(QDialog& dialog) {
+    Complaints::Add(QStringLiteral("The dialog \"%1\" was left open.").arg(dialog.windowTitle()));
+    dialog.done(QDialog::Rejected);
+}
+
+} // namespace
+
+BoxAnswerer::BoxAnswerer() {
+    connect(&timer, &QTimer::timeout, this, &BoxAnswerer::Look);
+    timer.start(lookMilliseconds);
+}
+
+void BoxAnswerer::Expect(BoxKind kind, QWidget* parent, const QString& title, const QString& text,
+                         const QString& buttons, const BoxReply& reply) {
+    SeenBox box{kind, parent, title, text, buttons, false, QString(), QString()};
+    NameParent(box);
+    expected.append({box, reply});
+}
+
+void BoxAnswerer::ExpectError(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply) {
+    Expect(BoxKind::Critical, parent, title, text, QStringLiteral("OK"), reply);
+}
+
+void BoxAnswerer::ExpectInformation(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply) {
+    Expect(BoxKind::Information, parent, title, text, QStringLiteral("OK"), reply);
+}
+
+void BoxAnswerer::ExpectQuestion(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply) {
+    Expect(BoxKind::Question, parent, title, text, QStringLiteral("No,Yes"), reply);
+}
+
+void BoxAnswerer::ExpectTextInput(QWidget* parent, const QString& title, const QString& label, const BoxReply& reply) {
+    Expect(BoxKind::TextInput, parent, title, label, QStringLiteral("Cancel,OK"), reply);
+}
+
+void BoxAnswerer::ExpectNumberInput(QWidget* parent, const QString& title, const QString& label,
+                                    const BoxReply& reply) {
+    Expect(BoxKind::NumberInput, parent, title, label, QStringLiteral("Cancel,OK"), reply);
+}
+
+void BoxAnswerer::ExpectFile(BoxKind kind, QWidget* parent, const QString& title, const QString& filter,
+                             const BoxReply& reply) {
+    Expect(kind, parent, title, filter, QString(), reply);
+}
+
+void BoxAnswerer::ExpectDialog(QWidget* parent, const QString& title, const BoxReply& reply) {
+    Expect(BoxKind::Dialog, parent, title, QString(), QString(), reply);
+}
+
+void BoxAnswerer::ExpectUse(QWidget* parent, const QString& title, const std::function<void(QDialog& dialog)>& use) {
+    constexpr int longestUse = 60000; // milliseconds
+    BoxReply reply;
+    reply.leave = true;
+    reply.meanwhile = [use](QDialog& dialog) {
+        QTimer::singleShot(longestUse, &dialog, [&dialog] { CloseLeftOpen(dialog); });
+        QTimer::singleShot(0, &dialog, [use, &dialog] {
+            const QPointer<QDialog> open(&dialog);
+            use(dialog);
+            if (open != nullptr && open->isVisible()) {
+                CloseLeftOpen(*open);
+            }
+        });
+    };
+    ExpectDialog(parent, title, reply);
+}
+
+QVector<SeenBox> BoxAnswerer::Take() {
+    QVector<SeenBox> boxes;
+    boxes.swap(seen);
+    return boxes;
+}
+
+void BoxAnswerer::Finish() {
+    for (const Expected& missing : qAsConst(expected)) {
+        Complaints::Add(QStringLiteral("There was no %1.").arg(ToText(missing.box)));
+    }
+    expected.clear();
+}
+
+void BoxAnswerer::Look() {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr || !dialog->isVisible()) {
+        return;
+    }
+    answered.removeAll(QPointer<QDialog>());
+    if (answered.contains(dialog) || OnlyTells(*dialog)) {
+        return;
+    }
+    answered.append(dialog);
+    // Not from here: while the timer's slot runs it does not look for the boxes that open meanwhile.
+    const QPointer<QDialog> box = dialog;
+    const auto answer = [this, box] {
+        if (box != nullptr && box->isVisible()) {
+            Answer(box);
+        }
+    };
+    QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
+}
+
+void BoxAnswerer::Answer(QDialog* dialog) {
+    const QPointer<QDialog> box = dialog;
+    const SeenBox description = Describe(*dialog);
+    seen.append(description);
+    BoxReply reply;
+    if (!expected.isEmpty() && Same(expected.first().box, description)) {
+        reply = expected.takeFirst().reply;
+    } else if (!tolerating || !IsMessage(description.kind) || description.markup) {
+        const QString instead = expected.isEmpty() ? QStringLiteral("none") : ToText(expected.first().box);
+        Complaints::Add(QStringLiteral("Unexpected %1; expected: %2.").arg(ToText(description), instead));
+        reply.accept = IsMessage(description.kind);
+    }
+    if (reply.meanwhile) {
+        reply.meanwhile(*dialog);
+    }
+    if (box != nullptr) {
+        Type(box, reply.typed);
+    }
+    if (box != nullptr && box->isVisible() && !reply.leave) {
+        PressButton(box, reply.accept);
+    }
+}
+
+SeenBox Describe(const QDialog& dialog) {
+    SeenBox seen{
+        BoxKind::Dialog, dialog.parentWidget(), dialog.windowTitle(), QString(), CaptionsOf(dialog), false, QString(),
+        QString()};
+    NameParent(seen);
+    if (const auto* message = qobject_cast<const QMessageBox*>(&dialog)) {
+        seen.kind = KindOf(*message);
+        seen.text = message->text();
+        seen.markup = message->textFormat() != Qt::PlainText;
+    } else if (const auto* input = qobject_cast<const QInputDialog*>(&dialog)) {
+        seen.kind = input->inputMode() == QInputDialog::TextInput ? BoxKind::TextInput : BoxKind::NumberInput;
+        seen.text = input->labelText();
+    } else if (const auto* files = qobject_cast<const QFileDialog*>(&dialog)) {
+        seen.kind = files->acceptMode() == QFileDialog::AcceptOpen ? BoxKind::OpenFile : BoxKind::SaveFile;
+        seen.text = files->nameFilters().join(QLatin1Char(';'));
+    }
+    return seen;
+}
+
+QString ToText(const SeenBox& box) {
+    const QString parent = box.parent == nullptr ? QStringLiteral("nothing") : box.parentName;
+    return QStringLiteral("%1 \"%2\" over %3 with the text \"%4\" and the buttons %5%6")
+        .arg(KindText(box.kind), box.title, parent, box.text,
+             box.buttons.isNull() ? QStringLiteral("any") : box.buttons,
+             box.markup ? QStringLiteral(" (as markup)") : QString());
+}

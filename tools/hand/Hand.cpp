@@ -1,0 +1,276 @@
+#include "tools/hand/Hand.h"
+
+#include "tools/hand/Complaints.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDeadlineTimer>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+
+namespace {
+
+QString NameOf(const QWidget* widget) {
+    return QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName();
+}
+
+/// Where a control answers to a click.
+QPoint ActiveSpot(const QWidget* widget) {
+    // The text of a choice may end long before its widget does.
+    const bool choice =
+        qobject_cast<const QRadioButton*>(widget) != nullptr || qobject_cast<const QCheckBox*>(widget) != nullptr;
+    return choice ? QPoint(8, widget->height() / 2) : widget->rect().center();
+}
+
+void ScrollTo(QWidget* widget) {
+    for (QWidget* ancestor = widget->parentWidget(); ancestor != nullptr; ancestor = ancestor->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(ancestor)) {
+            area->ensureWidgetVisible(widget, 0, 0);
+        }
+    }
+}
+
+bool Shows(QWidget* page, const QWidget* widget) {
+    return page == widget || page->isAncestorOf(widget);
+}
+
+} // namespace
+
+bool WaitUntil(const std::function<bool()>& condition, int milliseconds) {
+    const QDeadlineTimer deadline(milliseconds);
+    while (!condition()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        QTest::qSleep(1);
+    }
+    return true;
+}
+
+std::unique_ptr<QTimer> Repeatedly(const std::function<void()>& function) {
+    auto timer = std::make_unique<QTimer>();
+    QObject::connect(timer.get(), &QTimer::timeout, function);
+    timer->start(0);
+    return timer;
+}
+
+void Settle() {
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+}
+
+void TypeInto(QWidget* widget, const QString& text) {
+    for (const QChar letter : text) {
+        QTest::sendKeyEvent(QTest::Click, widget, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    }
+}
+
+QWidget* Hand::Find(const char* name) const {
+    const QList<QWidget*> found = window.findChildren<QWidget*>(QLatin1String(name));
+    for (QWidget* widget : found) {
+        if (widget->isVisible()) {
+            return widget;
+        }
+    }
+    if (found.isEmpty()) {
+        ComplainOf(name, QStringLiteral("does not exist"));
+        return nullptr;
+    }
+    return found.first();
+}
+
+void Hand::ComplainOf(const char* name, const QString& text) const {
+    Complaints::Add(QStringLiteral("The control %1 %2.").arg(QLatin1String(name), text));
+}
+
+bool Hand::CanUse(QWidget* widget) const {
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && widget->window() != modal) {
+        Complaints::Add(
+            QStringLiteral("%1 cannot be used while \"%2\" is open.").arg(NameOf(widget), modal->windowTitle()));
+        return false;
+    }
+    if (!widget->isVisible()) {
+        Complaints::Add(NameOf(widget) + QStringLiteral(" cannot be seen."));
+        return false;
+    }
+    if (!widget->isEnabled()) {
+        Complaints::Add(NameOf(widget) + QStringLiteral(" is disabled."));
+        return false;
+    }
+    return true;
+}
+
+bool Hand::Click(const char* name) {
+    QWidget* widget = Find(name);
+    return widget != nullptr && Click(widget);
+}
+
+bool Hand::Click(QWidget* widget) {
+    return ClickAt(widget, ActiveSpot(widget));
+}
+
+bool Hand::ClickAt(QWidget* widget, const QPoint& position) {
+    if (!CanUse(widget)) {
+        return false;
+    }
+    ScrollTo(widget);
+    QWidget* top = widget->window();
+    const QPoint spot = widget->mapTo(top, position);
+    const QWidget* hit = top->childAt(spot);
+    if (hit == nullptr || !Shows(widget, hit)) {
+        Complaints::Add(QStringLiteral("%1 is covered by %2 at %3, %4.")
+                            .arg(NameOf(widget), hit != nullptr ? NameOf(hit) : QStringLiteral("the window's edge"))
+                            .arg(spot.x())
+                            .arg(spot.y()));
+        return false;
+    }
+    QTest::mouseClick(top->windowHandle(), Qt::LeftButton, Qt::NoModifier, spot);
+    return true;
+}
+
+bool Hand::SelectPage(const char* name) {
+    QWidget* wanted = Find(name);
+    const QList<QTabWidget*> tabWidgets = window.findChildren<QTabWidget*>();
+    for (QTabWidget* tabs : tabWidgets) {
+        for (int index = 0; wanted != nullptr && index < tabs->count(); ++index) {
+            if (Shows(tabs->widget(index), wanted)) {
+                return tabs->currentIndex() == index ||
+                       ClickAt(tabs->tabBar(), tabs->tabBar()->tabRect(index).center());
+            }
+        }
+    }
+    ComplainOf(name, QStringLiteral("is on no page"));
+    return false;
+}
+
+bool Hand::SelectRow(const char* name, int row) {
+    auto* list = The<QListWidget>(name);
+    QListWidgetItem* item = list != nullptr ? list->item(row) : nullptr;
+    if (item == nullptr) {
+        ComplainOf(name, QStringLiteral("has no row %1").arg(row));
+        return false;
+    }
+    list->scrollToItem(item);
+    return CanUse(list) && ClickAt(list->viewport(), list->visualItemRect(item).center());
+}
+
+bool Hand::SelectRow(const char* name, const QString& text) {
+    auto* list = The<QListWidget>(name);
+    const QList<QListWidgetItem*> items =
+        list != nullptr ? list->findItems(text, Qt::MatchExactly) : QList<QListWidgetItem*>();
+    if (items.isEmpty()) {
+        ComplainOf(name, QStringLiteral("has no row \"%1\"").arg(text));
+        return false;
+    }
+    return SelectRow(name, list->row(items.first()));
+}
+
+bool Hand::SelectTableRow(const char* name, int row) {
+    auto* table = The<QTableWidget>(name);
+    QTableWidgetItem* item = table != nullptr ? table->item(row, 0) : nullptr;
+    if (item == nullptr) {
+        ComplainOf(name, QStringLiteral("has no row %1").arg(row));
+        return false;
+    }
+    table->scrollToItem(item);
+    return CanUse(table) && ClickAt(table->viewport(), table->visualItemRect(item).center());
+}
+
+QWidget* Hand::CellButton(const char* name, int row, int column) const {
+    auto* table = The<QTableWidget>(name);
+    QWidget* button = table != nullptr ? table->cellWidget(row, column) : nullptr;
+    if (button == nullptr) {
+        ComplainOf(name, QStringLiteral("has no button in row %1").arg(row));
+    }
+    return button;
+}
+
+bool Hand::ClickCellButton(const char* name, int row, int column) {
+    QWidget* button = CellButton(name, row, column);
+    return button != nullptr && Click(button);
+}
+
+bool Hand::Choose(const char* name, int row) {
+    auto* box = The<QComboBox>(name);
+    if (box == nullptr || row < 0 || row >= box->count()) {
+        ComplainOf(name, QStringLiteral("has no row %1").arg(row));
+        return false;
+    }
+    QAbstractItemView* rows = box->view();
+    if (!Click(box) || !WaitUntil([rows] { return rows->isVisible(); })) {
+        ComplainOf(name, QStringLiteral("does not open"));
+        return false;
+    }
+    QTest::keyClick(rows, Qt::Key_Home);
+    for (int below = 0; below < row; ++below) {
+        QTest::keyClick(rows, Qt::Key_Down);
+    }
+    QTest::keyClick(rows, Qt::Key_Return);
+    return WaitUntil([rows] { return !rows->isVisible(); });
+}
+
+bool Hand::Enter(const char* name, const QString& text) {
+    QWidget* widget = Find(name);
+    if (widget == nullptr || !Click(widget)) {
+        return false;
+    }
+    QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+    TypeInto(widget, text);
+    return true;
+}
+
+bool Hand::Trigger(const char* menuName, const char* actionName) {
+    auto* menu = The<QMenu>(menuName);
+    auto* action = window.findChild<QAction*>(QLatin1String(actionName));
+    auto* bar = window.findChild<QMenuBar*>();
+    if (menu == nullptr || action == nullptr || bar == nullptr || !action->isEnabled()) {
+        ComplainOf(actionName, QStringLiteral("is not in the menu"));
+        return false;
+    }
+    if (!ClickAt(bar, bar->actionGeometry(menu->menuAction()).center()) ||
+        !WaitUntil([&] { return menu->isVisible(); })) {
+        ComplainOf(menuName, QStringLiteral("does not open"));
+        return false;
+    }
+    QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(action).center());
+    return true;
+}
+
+void Hand::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* focus = window.focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : &window, key, modifiers);
+    QCoreApplication::processEvents();
+}
+
+void Hand::Type(const QString& text) {
+    QWidget* focus = window.focusWidget();
+    if (focus == nullptr) {
+        Complaints::Add(QStringLiteral("There is nothing to type \"%1\" into.").arg(text));
+        return;
+    }
+    TypeInto(focus, text);
+}
+
+QString Hand::Text(const char* name) const {
+    const QWidget* widget = Find(name);
+    return widget != nullptr ? widget->property("text").toString() : QString();
+}
+
+bool Hand::IsEnabled(const char* name) const {
+    const QWidget* widget = Find(name);
+    return widget != nullptr && widget->isEnabled();
+}

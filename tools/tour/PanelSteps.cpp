@@ -1,0 +1,211 @@
+#include "library/TavikModuleHVX.h"
+#include "library/TavikModuleLaser.h"
+#include "library/TavikModuleQTA.h"
+#include "tools/tour/Steps.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QSpinBox>
+
+#include <algorithm>
+
+// What the operator does on the panels of the kinds of modules.
+
+namespace {
+
+using Act = std::function<void(Hand hand)>;
+using Seen = std::function<bool(Hand hand)>;
+
+/// Adds steps on the page of one module.
+class PanelSteps {
+public:
+    PanelSteps(std::vector<TourStep>& steps, const Place& place, const QString& title)
+        : steps(steps), place(place), title(title) {}
+
+    void Add(const char* name, const Act& act, const Seen& seen) { Add(name, act, seen, Always(title, QString())); }
+
+    void Add(const char* name, const Act& act, const Seen& seen, const FailureRule& failure) {
+        steps.push_back({place.module + QLatin1Char('-') + QLatin1String(name), place,
+                         [act](Tour& tour) { act(tour.Operator()); },
+                         [seen](Tour& tour) { return seen(tour.Operator()); }, failure});
+    }
+
+    /// A row of a list is chosen and set; the field shows it with this text afterwards.
+    void AddSet(const char* name, const char* list, int row, const char* button, const char* field,
+                const std::string& text) {
+        const QString shown = QString::fromStdString(text);
+        Add(
+            name,
+            [=](Hand hand) {
+                hand.SelectRow(list, row);
+                hand.Click(button);
+            },
+            [=](Hand hand) { return hand.Text(field) == shown; });
+    }
+
+    /// A button is clicked and checked afterwards.
+    void AddClick(const char* name, const char* button) {
+        Add(
+            name, [=](Hand hand) { hand.Click(button); }, [=](Hand hand) { return IsChecked(hand, button); });
+    }
+
+    /// An entry of a combo box is chosen and set.
+    void AddEntry(const char* name, const char* combo, int index, const char* button) {
+        Add(
+            name,
+            [=](Hand hand) {
+                hand.The<QComboBox>(combo)->setCurrentIndex(index);
+                hand.Click(button);
+            },
+            [=](Hand hand) { return hand.The<QComboBox>(combo)->currentIndex() == index; });
+    }
+
+    void AddRead() {
+        Add(
+            "read", [](Hand hand) { hand.Click("btnRead"); },
+            [](Hand hand) { return !hand.Text("tbReading").isEmpty(); }, ReadingOrPanel(title));
+    }
+
+    static bool IsChecked(Hand hand, const char* button) { return hand.The<QAbstractButton>(button)->isChecked(); }
+
+private:
+    std::vector<TourStep>& steps;
+    const Place place;
+    const QString title;
+};
+
+/// For commands that show nothing when they succeed.
+bool LastCallWas(const char* operation) {
+    const std::vector<TavikSimulator::JournalEntry> journal = TavikSimulator::Journal();
+    return !journal.empty() && journal.back().operation == operation && !journal.back().failed;
+}
+
+void AddEncoder(PanelSteps panel) {
+    using namespace TavikLibrary;
+    panel.AddSet("ref-action-set", "listRefActions", 1, "btnSetRefAction", "tbCurrentRefAction",
+                 eRefAction_ToString(eRefAction::ContinuousReset));
+    panel.AddSet("quad-mode-set", "listQuadModes", 1, "btnSetQuadMode", "tbCurrentQuadMode",
+                 eQuadratureMode_ToString(eQuadratureMode::quadX2));
+    panel.AddSet("encoder-set", "listEncoders", 0, "btnSetEncoder", "tbCurrentEncoder",
+                 eEncoderInterfaceType_ToString(eEncoderInterfaceType::Differential));
+    panel.Add(
+        "preset",
+        [](Hand hand) {
+            hand.The<QSpinBox>("sbPreset")->setValue(4711);
+            hand.Click("btnPresetinCounts");
+        },
+        [](Hand hand) { return hand.The<QSpinBox>("sbPreset")->value() == 4711; });
+    panel.AddRead();
+}
+
+void AddEightPins(PanelSteps panel) {
+    panel.AddClick("pin-3-is-an-output", "radioConfigOutput3");
+    panel.AddClick("pin-3-is-high", "radioOutputHigh3");
+    panel.AddClick("pin-3-is-low", "radioOutputLow3");
+    panel.AddClick("pin-3-is-an-input", "radioConfigInput3");
+    panel.AddEntry("debounce-set", "cbDebouncetime", 2, "btnSetDebounce");
+    panel.AddRead();
+}
+
+void AddTenPins(PanelSteps panel) {
+    panel.AddClick("output-2-is-active", "radioOutputHigh2");
+    panel.AddClick("output-2-is-inactive", "radioOutputLow2");
+    panel.AddClick("output-1-is-active-low", "radioActiveStateLowOut1");
+    panel.AddClick("input-3-is-active-low", "radioActiveStateLowIn3");
+    panel.AddClick("input-3-is-active-high", "radioActiveStateHighIn3");
+    panel.AddEntry("output-mode-set", "cbOutputMode", 1, "btnSetOutputMode");
+    panel.AddEntry("debounce-set", "cbDebouncetime", 2, "btnSetDebounce");
+    panel.AddRead();
+}
+
+void AddBeam(PanelSteps panel) {
+    const auto isOn = [](Hand hand) { return PanelSteps::IsChecked(hand, "cbBeamOn"); };
+    const auto click = [](Hand hand) { hand.Click("cbBeamOn"); };
+    panel.Add("beam-off", click, [isOn](Hand hand) { return !isOn(hand); });
+    panel.Add("beam-on", click, isOn);
+}
+
+void AddFilter(PanelSteps panel) {
+    using namespace TavikLibrary;
+    panel.AddSet("filter-set", "listAvailableFilters", 5, "btnSetFilter", "tbCurrentFilter",
+                 eFilter_ToString(eFilter::Filter1Hz));
+    panel.Add(
+        "level-cut-set",
+        [](Hand hand) {
+            hand.The<QSpinBox>("sbAvailableLevelCutTime")->setValue(25);
+            hand.Click("btnSetLevelCut");
+        },
+        [](Hand hand) { return hand.Text("tbCurrentLevelCutTime") == QLatin1String("25"); });
+}
+
+void AddRate(PanelSteps panel) {
+    using namespace TavikLibrary;
+    panel.AddSet("rate-set", "listAvailableMeasuringRates", 0, "btnSetMeasuringRate", "tbCurrentMeasuringRate",
+                 eMeasuringRate_ToString(eMeasuringRate::Rate100Hz));
+}
+
+void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Place& place, const QString& title) {
+    using namespace TavikLibrary;
+    panel.AddSet("read-mode-set", "listAvailableReadMode", 2, "btnSetReadMode", "tbCurrentReadMode",
+                 eHvxReadMode_ToString(eHvxReadMode::ReadOnSample));
+    panel.Add(
+        "sampled", [](Hand hand) { hand.Click("btnSample"); }, [](Hand) { return LastCallWas("SampleReading"); });
+    panel.AddRead();
+    steps.push_back({place.module + QStringLiteral("-new-reading-ready"), place,
+                     [](Tour& tour) { tour.Operator().Click("btnNewReadingReady"); },
+                     [title](Tour& tour) {
+                         const QVector<SeenBox> boxes = tour.boxes.Peek();
+                         return std::any_of(boxes.begin(), boxes.end(), [&](const SeenBox& box) {
+                             return box.kind == BoxKind::Information && box.title == title;
+                         });
+                     },
+                     Always(title, QString())});
+    panel.Add(
+        "information-updated",
+        [](Hand hand) {
+            TavikSimulator::AdvanceClock(60.0);
+            hand.Click("btnUpdateReadingInfo");
+        },
+        [](Hand hand) { return hand.Text("tbSoftwareVersion") == QLatin1String("1.22"); });
+}
+
+QString KindOf(const QString& identity) {
+    for (const char* kind : {"QTA", "SWAX2", "SWAX", "BWR", "BWK", "BW", "HVX"}) {
+        if (identity.startsWith(QLatin1String(kind))) {
+            return QLatin1String(kind);
+        }
+    }
+    return QString();
+}
+
+bool IsDigitalIO(const QString& kind) {
+    return kind == QLatin1String("SWAX") || kind == QLatin1String("SWAX2");
+}
+
+} // namespace
+
+QString TitleOfOwnFilling(const QString& identity) {
+    const QString kind = KindOf(identity);
+    return IsDigitalIO(kind) ? kind + QStringLiteral(" Module") : QString();
+}
+
+void AddPanelSteps(std::vector<TourStep>& steps, const Place& place) {
+    const QString kind = KindOf(place.module);
+    const auto titled = [&](const QString& area) { return PanelSteps(steps, place, area + QStringLiteral(" Module")); };
+    if (kind == QLatin1String("QTA")) {
+        AddEncoder(titled(kind));
+    } else if (kind == QLatin1String("SWAX")) {
+        AddEightPins(titled(kind));
+    } else if (kind == QLatin1String("SWAX2")) {
+        AddTenPins(titled(kind));
+    } else if (kind == QLatin1String("HVX")) {
+        AddReadMode(steps, titled(kind), place, kind + QStringLiteral(" Module"));
+    } else if (kind.startsWith(QLatin1String("BW"))) {
+        AddBeam(titled(QStringLiteral("BW")));
+        if (kind == QLatin1String("BWR")) {
+            AddFilter(titled(kind));
+        } else if (kind == QLatin1String("BWK")) {
+            AddRate(titled(kind));
+        }
+    }
+}

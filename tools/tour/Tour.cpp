@@ -1,0 +1,99 @@
+#include "tools/tour/Tour.h"
+
+#include "tools/tour/Steps.h"
+
+#include <QListWidget>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QWindow>
+
+using namespace TavikSimulator;
+
+void Tour::PrepareBench() {
+    UseBenchText(bench.text.toStdString(), "bench of the tour");
+    UseManualClock();
+    SetLatency(false);
+    StartJournal();
+}
+
+void Tour::OpenWindow() {
+    window = std::make_unique<MainWindow>();
+    window->show();
+    WaitUntil([this] { return window->windowHandle()->isExposed(); });
+    Settle();
+}
+
+void Tour::DropWindow() {
+    window.reset();
+    Settle();
+}
+
+QStringList Tour::Rows(const char* name) {
+    QStringList rows;
+    const auto* list = Operator().The<QListWidget>(name);
+    for (int row = 0; list != nullptr && row < list->count(); ++row) {
+        rows.append(list->item(row)->text());
+    }
+    return rows;
+}
+
+QString Tour::Cell(int row, int column) {
+    const auto* table = Operator().The<QTableWidget>("tableNetworks");
+    const QTableWidgetItem* item = table->item(row, column);
+    return item != nullptr ? item->text() : QString();
+}
+
+void Tour::ReportDialog(QWidget& dialog, const QString& name) {
+    if (onDialog) {
+        onDialog(dialog, name);
+    }
+}
+
+void Tour::GoTo(const Place& place) {
+    Hand hand = Operator();
+    if (place.page == Place::Nowhere) {
+        return;
+    }
+    hand.SelectPage("tabServer");
+    if (place.page == Place::Server) {
+        return;
+    }
+    if (Cell(place.network, 4) != QLatin1String("Connected")) {
+        hand.Click("btnConnectAll");
+    }
+    hand.The<QTableWidget>("tableNetworks")->clearSelection();
+    hand.SelectTableRow("tableNetworks", place.network);
+    hand.SelectPage("tabNetwork");
+    if (Rows("listModules").contains(place.module)) {
+        hand.The<QListWidget>("listModules")->setCurrentRow(-1);
+        hand.SelectRow("listModules", place.module);
+    }
+    if (place.page == Place::Module) {
+        hand.SelectPage("tabModule");
+    }
+}
+
+std::vector<TourStep> PanelTourSteps(const TourBench& bench) {
+    std::vector<TourStep> steps;
+    for (const QString& identity : bench.visited) {
+        const Place place{Place::Module, bench.shown, identity};
+        steps.push_back({QStringLiteral("connected"), Place{Place::Server, bench.shown, QString()},
+                         [](Tour& tour) { tour.Operator().Click("btnConnectAll"); },
+                         [identity](Tour& tour) { return tour.Rows("listModules").contains(identity); },
+                         LastResortOnly});
+        AddPage(steps, place, Selection(TitleOfOwnFilling(identity)));
+        AddPanelSteps(steps, place);
+    }
+    return steps;
+}
+
+std::vector<TourStep> TourSteps(const TourBench& bench) {
+    std::vector<TourStep> steps;
+    AddServerSteps(steps, bench);
+    AddNetworkSteps(steps, bench);
+    AddModuleSteps(steps, bench);
+    AddAirGaugeSteps(steps, bench);
+    AddWirelessSteps(steps, bench);
+    AddMenuSteps(steps, bench);
+    return steps;
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "app/MainWindow.h"
+#include "simulator/control/BenchControl.h"
+#include "tools/hand/BoxAnswerer.h"
+#include "tools/hand/Hand.h"
+#include "tools/tour/TourBench.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// What the operator sees of a call of the library that fails.
+struct FailureBox {
+    bool shown = true;
+    QString title = QStringLiteral("Tavik Library Test");
+    QString prefix;
+};
+
+/// Where the operator has to be for a step.
+struct Place {
+    enum Page { Server, Network, Module, Nowhere };
+    Page page = Server;
+    int network = 0; ///< row of the network that has to be selected
+    QString module;  ///< the module that has to be selected; empty for any
+};
+
+/// An operator's way through the program on a simulated bench whose clock stands still.
+class Tour {
+public:
+    explicit Tour(const TourBench& bench) : bench(bench) {}
+
+    /// Sets the bench up, without a window yet.
+    void PrepareBench();
+    void OpenWindow();
+    /// Deletes the window, closed or not.
+    void DropWindow();
+
+    MainWindow& Window() { return *window; }
+    bool HasWindow() const { return window != nullptr; }
+    Hand Operator() { return Hand(*window); }
+
+    /// Goes to a place from wherever a failure left the operator, having everything shown anew.
+    void GoTo(const Place& place);
+
+    QStringList Rows(const char* list);
+    QString Cell(int row, int column);
+    /// To be told of every dialog that opens on the way, by a name for its picture.
+    void OnDialog(const std::function<void(QWidget&, const QString&)>& told) { onDialog = told; }
+    void ReportDialog(QWidget& dialog, const QString& name);
+
+    const TourBench bench;
+    BoxAnswerer boxes;
+
+private:
+    std::function<void(QWidget&, const QString&)> onDialog;
+    std::unique_ptr<MainWindow> window;
+};
+
+/// One thing that the operator does.
+struct TourStep {
+    QString name; ///< in words that can name a file
+    Place place;
+    std::function<void(Tour& tour)> act;
+    /// Whether the operator sees afterwards what he should.
+    std::function<bool(Tour& tour)> seen;
+    /// What he sees when the last of these calls, made since the step began, fails.
+    std::function<FailureBox(const std::vector<TavikSimulator::JournalEntry>& calls)> failure;
+    bool closes = false;   ///< the window closes by this step
+    bool slow = false;     ///< takes seconds in any case
+    bool pictured = false; ///< a slow step that shows something worth a picture
+};
+
+/// All steps, in order. A screen that joins the program joins the tour by adding its steps.
+std::vector<TourStep> TourSteps(const TourBench& bench);
+
+/// Only the way to the modules that are visited, and what can be done on their panels.
+std::vector<TourStep> PanelTourSteps(const TourBench& bench);
+/// Only those of a wireless connection module and its hand tools.
+std::vector<TourStep> WirelessTourSteps(const TourBench& bench);
