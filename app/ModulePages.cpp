@@ -3,8 +3,14 @@
 #include "library/TavikModuleRN.h"
 #include "library/TavikNetwork.h"
 #include "panels/common/HostWindow.h"
+#include "panels/common/LastResort.h"
 #include "panels/common/Text.h"
 #include "panels/common/WaitCursor.h"
+#include "panels/modes/BufferedModeWidget.h"
+#include "panels/modes/DifferenceModeWidget.h"
+#include "panels/modes/DynamicWidget.h"
+#include "panels/modes/ReadBurstWidget.h"
+#include "panels/modes/ReferenceMarkWidget.h"
 #include "panels/module/TavikModuleWidget.h"
 
 #include <QTabWidget>
@@ -21,11 +27,13 @@ ModulePages::ModulePages(const Pages& windowPages, HostWindow& mainWindow, Tavik
 
 void ModulePages::Show(TavikLibrary::TavikNetwork* network, int row) {
     const WaitCursor waitCursor;
-    RaiseStopFlags();
+    pages.module.panel->RaiseStopFlag();
     RemoveFrom(networkPages);
-    if (row >= 0) {
-        Add(network, network->GetModule(static_cast<unsigned int>(row)));
+    if (row < 0) {
+        pages.difference.panel->setNetwork(&window, &server, network, nullptr);
+        return;
     }
+    Add(network, network->GetModule(static_cast<unsigned int>(row)));
 }
 
 void ModulePages::Add(TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module) {
@@ -33,22 +41,32 @@ void ModulePages::Add(TavikLibrary::TavikNetwork* network, TavikLibrary::TavikMo
     pages.module.panel->SetModule(&window, &server, network, module);
     if (module->BufferedCapable()) {
         pages.tabs->addTab(pages.buffered.page, QStringLiteral("Buffered Mode"));
+        pages.buffered.panel->setNetwork(&window, &server, network, module);
     }
-    if (dynamic_cast<TavikLibrary::TavikModuleRN*>(module) != nullptr) {
+    if (auto* encoder = dynamic_cast<TavikLibrary::TavikModuleRN*>(module)) {
         pages.tabs->addTab(pages.refMark.page, QStringLiteral("Ref Mark Mode"));
+        pages.refMark.panel->setNetwork(&window, &server, network, encoder);
     }
     if (module->DifferenceCapable()) {
         pages.tabs->addTab(pages.difference.page, QStringLiteral("Difference Mode"));
+        pages.difference.panel->setNetwork(&window, &server, network, module);
     }
     if (network->DynamicCapable() || network->Dynamic2Capable()) {
         pages.tabs->addTab(pages.dynamic.page, QStringLiteral("Dynamic Mode"));
+        pages.dynamic.panel->setNetwork(&window, &server, network, module);
     }
     if (network->ReadBurstCapable()) {
         pages.tabs->addTab(pages.readBurst.page, QStringLiteral("Readburst Mode"));
+        pages.readBurst.panel->setNetwork(&server, network);
     }
 }
 
 void ModulePages::RemoveFrom(int index) {
+    // A page that goes loses the focus, which ends editing in it; that must not reach a library object that is gone.
+    pages.buffered.panel->ForgetModule();
+    pages.refMark.panel->ForgetModule();
+    pages.difference.panel->ForgetModule();
+    pages.dynamic.panel->ForgetNetwork();
     while (pages.tabs->count() > index) {
         pages.tabs->removeTab(index);
     }
@@ -56,8 +74,15 @@ void ModulePages::RemoveFrom(int index) {
 
 void ModulePages::SetEnabled(bool enable) {
     pages.module.panel->SetEnabled(enable);
+    LastResort::Run([&] { pages.buffered.panel->setCommandsEnabled(enable); });
+    LastResort::Run([&] { pages.refMark.panel->setCommandsEnabled(enable); });
+    LastResort::Run([&] { pages.difference.panel->setCommandsEnabled(enable); });
+    LastResort::Run([&] { pages.dynamic.panel->setCommandsEnabled(enable); });
+    LastResort::Run([&] { pages.readBurst.panel->setCommandsEnabled(enable); });
 }
 
 void ModulePages::RaiseStopFlags() {
     pages.module.panel->RaiseStopFlag();
+    pages.difference.panel->RaiseStopFlag();
+    pages.refMark.panel->AbandonSearch();
 }

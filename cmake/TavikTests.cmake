@@ -35,6 +35,7 @@ function(tavik_add_test name)
 
   add_executable(${name} ${arg_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_precompile_headers(${name} REUSE_FROM tavik_test_support)
   target_link_libraries(${name} PRIVATE
     ${arg_LIBS} tavik_test_support tavik_shell tavik_panels TavikLibrary
     Qt5::Widgets Qt5::Test tavik_qt_options)

@@ -8,3 +8,10 @@ BufferedModeWidget::BufferedModeWidget(QWidget* parent)
 }
 
 BufferedModeWidget::~BufferedModeWidget() = default;
+
+void BufferedModeWidget::setNetwork(HostWindow*, TavikLibrary::TavikServer*, TavikLibrary::TavikNetwork*,
+                                    TavikLibrary::TavikModule*) {}
+
+void BufferedModeWidget::setCommandsEnabled(bool) {}
+
+void BufferedModeWidget::ForgetModule() {}

@@ -8,3 +8,12 @@ DifferenceModeWidget::DifferenceModeWidget(QWidget* parent)
 }
 
 DifferenceModeWidget::~DifferenceModeWidget() = default;
+
+void DifferenceModeWidget::setNetwork(HostWindow*, TavikLibrary::TavikServer*, TavikLibrary::TavikNetwork*,
+                                      TavikLibrary::TavikModule*) {}
+
+void DifferenceModeWidget::setCommandsEnabled(bool) {}
+
+void DifferenceModeWidget::ForgetModule() {}
+
+void DifferenceModeWidget::RaiseStopFlag() {}

@@ -7,3 +7,10 @@ DynamicWidget::DynamicWidget(QWidget* parent) : QWidget(parent), ui(std::make_un
 }
 
 DynamicWidget::~DynamicWidget() = default;
+
+void DynamicWidget::setNetwork(HostWindow*, TavikLibrary::TavikServer*, TavikLibrary::TavikNetwork*,
+                               TavikLibrary::TavikModule*) {}
+
+void DynamicWidget::setCommandsEnabled(bool) {}
+
+void DynamicWidget::ForgetNetwork() {}

@@ -7,3 +7,7 @@ ReadBurstWidget::ReadBurstWidget(QWidget* parent) : QWidget(parent), ui(std::mak
 }
 
 ReadBurstWidget::~ReadBurstWidget() = default;
+
+void ReadBurstWidget::setNetwork(TavikLibrary::TavikServer*, TavikLibrary::TavikNetwork*) {}
+
+void ReadBurstWidget::setCommandsEnabled(bool) {}

@@ -8,3 +8,12 @@ ReferenceMarkWidget::ReferenceMarkWidget(QWidget* parent)
 }
 
 ReferenceMarkWidget::~ReferenceMarkWidget() = default;
+
+void ReferenceMarkWidget::setNetwork(HostWindow*, TavikLibrary::TavikServer*, TavikLibrary::TavikNetwork*,
+                                     TavikLibrary::TavikModuleRN*) {}
+
+void ReferenceMarkWidget::setCommandsEnabled(bool) {}
+
+void ReferenceMarkWidget::ForgetModule() {}
+
+void ReferenceMarkWidget::AbandonSearch() {}

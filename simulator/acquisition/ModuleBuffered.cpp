@@ -1,5 +1,5 @@
 #include "library/TavikBuffered.h"
-#include "simulator/acquisition/ModuleAcquisition.h"
+#include "simulator/acquisition/BufferedMode.h"
 
 namespace TavikLibrary {
 

@@ -1,5 +1,5 @@
 #include "library/TavikDifference.h"
-#include "simulator/acquisition/ModuleAcquisition.h"
+#include "simulator/acquisition/DifferenceMode.h"
 
 namespace TavikLibrary {
 

@@ -1,6 +1,6 @@
 #include "library/TavikDynamic.h"
 
-#include "simulator/acquisition/NetworkAcquisition.h"
+#include "simulator/acquisition/DynamicMode.h"
 
 namespace TavikLibrary {
 

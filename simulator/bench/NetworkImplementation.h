@@ -1,7 +1,9 @@
 #pragma once
 
 #include "library/TavikNetwork.h"
-#include "simulator/acquisition/NetworkAcquisition.h"
+#include "simulator/acquisition/BufferedMode.h"
+#include "simulator/acquisition/DifferenceMode.h"
+#include "simulator/acquisition/DynamicMode.h"
 #include "simulator/bench/Bench.h"
 #include "simulator/bench/SimulatedNetwork.h"
 

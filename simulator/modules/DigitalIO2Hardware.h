@@ -23,6 +23,8 @@ public:
     /// Throws TavikException, and changes nothing, for a mode that the module does not have.
     void SetOutputMode(TavikLibrary::eDIOOutputMode mode, double seconds);
 
+    MasterSettings* Master() override { return &master; }
+
     MasterSettings master;
 
 protected:

@@ -30,6 +30,8 @@ public:
     int PresetInCounts() const { return preset; }
     void SetPresetInCounts(int counts, double seconds);
 
+    MasterSettings* Master() override { return &master; }
+
     MasterSettings master;
 
 protected:

@@ -48,6 +48,14 @@ bool ModuleHardware::Answers(double) const {
     return present;
 }
 
+MasterSettings* ModuleHardware::Master() {
+    return nullptr;
+}
+
+std::int64_t ModuleHardware::TriggerCountAt(double) const {
+    return 0;
+}
+
 void ModuleHardware::PowerOn(double) {}
 
 void ModuleHardware::Hold(double position) {

@@ -5,10 +5,13 @@
 #include "simulator/signals/Reading.h"
 #include "simulator/signals/Signal.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
 namespace TavikSimulator {
+
+class MasterSettings;
 
 /// A module as it stands on the wire: what it is, what it is set to, and what it feels. It goes on
 /// existing while it is not in any list. Guarded by the bench's lock.
@@ -35,6 +38,11 @@ public:
     virtual void RequireReadable() const;
     /// Whether the module answers at a bench time: it is plugged in and not busy with itself.
     virtual bool Answers(double seconds) const;
+    /// How the module triggers the samples and syncs of collections; null for a module that cannot.
+    virtual MasterSettings* Master();
+    /// How many counts a module that triggers collections has gone from its beginning until a bench time; never
+    /// less than before.
+    virtual std::int64_t TriggerCountAt(double seconds) const;
     /// Power comes back at a bench time: what the module does not keep without power is lost.
     virtual void PowerOn(double seconds);
 

@@ -1,6 +1,7 @@
 #include "simulator/modules/ModuleImplementation.h"
 
-#include "simulator/acquisition/ModuleAcquisition.h"
+#include "simulator/acquisition/BufferedMode.h"
+#include "simulator/acquisition/DifferenceMode.h"
 #include "simulator/bench/ErrorTexts.h"
 #include "simulator/modules/StatusImplementation.h"
 

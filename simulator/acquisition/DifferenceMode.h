@@ -1,16 +1,18 @@
 #pragma once
 
-#include "library/TavikBuffered.h"
 #include "library/TavikDifference.h"
+#include "simulator/bench/SimulatedNetwork.h"
 #include "simulator/modules/ModuleImplementation.h"
 
-/// Buffered mode of one module.
-class TavikLibrary::ModuleBuffered::Implementation {
-public:
-    explicit Implementation(TavikModule::Implementation& owner)
-        : module(owner), name("buffered " + owner.hardware->Identity()) {}
+#include <string>
 
-    TavikModule::Implementation& module;
+/// Difference mode of a network.
+class TavikLibrary::NetworkDifference::Implementation {
+public:
+    explicit Implementation(TavikSimulator::SimulatedNetwork& owner)
+        : network(owner), name("difference " + owner.Name()) {}
+
+    TavikSimulator::SimulatedNetwork& network;
     const std::string name; ///< in the journal
 };
 
