@@ -14,16 +14,24 @@ namespace TavikSimulator {
 BenchSource::BenchSource(std::string benchText, std::string benchName)
     : text(std::move(benchText)), name(std::move(benchName)) {}
 
-void BenchSource::Fail(std::ptrdiff_t offset, const std::string& reason) const {
+int BenchSource::LineAt(std::ptrdiff_t offset) const {
     const auto size = static_cast<std::ptrdiff_t>(text.size());
     const auto end = text.begin() + std::clamp<std::ptrdiff_t>(offset, 0, size);
-    const auto line = 1 + std::count(text.begin(), end, '\n');
-    Refuse(TavikLibrary::eTavikErrors::InvalidArgument, name + ", line " + std::to_string(line) + ": " + reason);
+    return 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
+}
+
+void BenchSource::Fail(std::ptrdiff_t offset, const std::string& reason) const {
+    Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
+           name + ", line " + std::to_string(LineAt(offset)) + ": " + reason);
 }
 
 BenchElement::BenchElement(const BenchSource& benchSource, pugi::xml_node benchNode)
     : source(&benchSource), node(benchNode) {
     RefuseDoubleAttributes();
+}
+
+int BenchElement::Line() const {
+    return source->LineAt(node.offset_debug());
 }
 
 void BenchElement::Fail(const std::string& reason) const {

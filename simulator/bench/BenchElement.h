@@ -16,6 +16,8 @@ public:
     BenchSource(std::string text, std::string name);
 
     const std::string& Text() const { return text; }
+    /// The line, from 1, in which a place of the text is.
+    int LineAt(std::ptrdiff_t offset) const;
     /// Throws TavikException: "<name>, line <n>: <reason>".
     [[noreturn]] void Fail(std::ptrdiff_t offset, const std::string& reason) const;
 
@@ -31,6 +33,7 @@ public:
     BenchElement(const BenchSource& source, pugi::xml_node node);
 
     std::string Name() const { return node.name(); }
+    int Line() const;
     [[noreturn]] void Fail(const std::string& reason) const;
 
     bool Has(const char* attribute);

@@ -42,10 +42,14 @@ public:
     void RequireAllAnswer() const;
 
     /// The list as a network file keeps it.
-    std::vector<StoredModule> Stored() const;
-    /// Makes the list and its modules' settings what a network file says, working at a speed. Modules that stay in
+    std::vector<StoredModule> Stored(double now) const;
+    /// Throws TavikException when the list cannot become what a network file says, whatever its modules are.
+    void RequireRestorable(const std::vector<StoredModule>& stored) const;
+    /// The same for one module and its settings, working at a speed.
+    void RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, double now) const;
+    /// Makes the list and its modules' settings what a network file says that both have passed. Modules that stay in
     /// the list keep their objects.
-    void Restore(const std::vector<StoredModule>& stored, TavikLibrary::eNetSpeed speed, double now);
+    void Restore(const std::vector<StoredModule>& stored, double now);
 
     void BeginNotifying(double now);
     bool Notifying() const { return notify.has_value(); }
@@ -74,7 +78,6 @@ private:
     };
 
     void RequireChangeable() const;
-    void RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed) const;
     void RequireIndex(int index) const;
     void Append(const std::shared_ptr<ModuleHardware>& hardware);
     void Retire(Entry& entry);

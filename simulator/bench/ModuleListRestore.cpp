@@ -11,15 +11,16 @@ namespace TavikSimulator {
 
 using TavikLibrary::eTavikErrors;
 
-std::vector<StoredModule> ModuleList::Stored() const {
+std::vector<StoredModule> ModuleList::Stored(double now) const {
     std::vector<StoredModule> stored;
     for (const Entry& entry : list) {
-        stored.push_back({entry.hardware->Identity(), entry.hardware->Description().type, entry.hardware->Settings()});
+        stored.push_back(
+            {entry.hardware->Identity(), entry.hardware->Description().type, entry.hardware->Settings(now)});
     }
     return stored;
 }
 
-void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed) const {
+void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, double now) const {
     const auto hardware = FindOnBench(stored.identity);
     if (!hardware || !hardware->present) {
         Refuse(eTavikErrors::IdentityUnknown,
@@ -33,17 +34,17 @@ void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNe
         Refuse(eTavikErrors::SpeedNotAvailable, "Module " + stored.identity + " cannot work at the speed " +
                                                     TavikLibrary::eNetSpeed_ToString(speed) + ".");
     }
-    hardware->RequireSettings(stored.settings);
+    hardware->RequireSettings(stored.settings, now);
 }
 
-void ModuleList::Restore(const std::vector<StoredModule>& stored, TavikLibrary::eNetSpeed speed, double now) {
+void ModuleList::RequireRestorable(const std::vector<StoredModule>& stored) const {
     RequireChangeable();
     if (stored.size() > static_cast<std::size_t>(MostModules)) {
         Refuse(eTavikErrors::NetworkFull, "A network holds " + std::to_string(MostModules) + " modules at most.");
     }
-    for (const StoredModule& module : stored) {
-        RequireRestorable(module, speed);
-    }
+}
+
+void ModuleList::Restore(const std::vector<StoredModule>& stored, double now) {
     std::vector<Entry> before = std::move(list);
     list.clear();
     for (const StoredModule& module : stored) {

@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <set>
 #include <sstream>
 #include <sys/stat.h>
@@ -44,6 +45,7 @@ std::vector<std::pair<std::string, eModuleType>> KindWords() {
 
 StoredModule ReadModule(BenchElement element) {
     StoredModule module;
+    module.line = element.Line();
     module.identity = element.Required("identity");
     if (!IsIdentity(module.identity)) {
         element.Fail("\"" + module.identity + "\" is not a module identity.");
@@ -51,10 +53,11 @@ StoredModule ReadModule(BenchElement element) {
     module.type = element.Meaning("type", element.Required("type"), KindWords());
     for (BenchElement& child : element.Children("setting")) {
         const std::string name = child.Required("name");
-        child.Required("value");
-        const long long value =
-            child.Whole("value", 0, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-        if (!module.settings.emplace(name, static_cast<int>(value)).second) {
+        const std::optional<std::string> value = child.Text("value");
+        if (!value) {
+            child.Fail("The setting \"" + name + "\" has no value.");
+        }
+        if (!module.settings.emplace(name, *value).second) {
             child.Fail("The setting \"" + name + "\" is there twice.");
         }
         child.Finish();
@@ -73,6 +76,7 @@ StoredNetwork ReadRoot(BenchElement root) {
                   " can be read.");
     }
     StoredNetwork network;
+    network.line = root.Line();
     network.name = root.Required("name");
     network.speed = root.Meaning("speed", root.Required("speed"), SpeedWords());
     std::set<std::string> identities;
@@ -112,7 +116,7 @@ std::string TextOf(const StoredNetwork& network) {
         for (const auto& [name, value] : module.settings) {
             pugi::xml_node setting = node.append_child("setting");
             setting.append_attribute("name") = name.c_str();
-            setting.append_attribute("value") = value;
+            setting.append_attribute("value") = value.c_str();
         }
     }
     std::ostringstream text;

@@ -95,11 +95,11 @@ void SimulatedNetwork::SetSpeed(eNetSpeed wanted) {
 }
 
 StoredNetwork SimulatedNetwork::Stored() {
-    return {Name(), speed, Modules().Stored()};
+    return {Name(), speed, Modules().Stored(bench.clock.Now()), 0};
 }
 
 void SimulatedNetwork::Restore(const StoredNetwork& stored, const std::string& file) {
-    try {
+    NamingPlace(file, stored.line, [&] {
         if (stored.name != Name()) {
             Refuse(eTavikErrors::InvalidArgument,
                    "It describes the network \"" + stored.name + "\", not \"" + Name() + "\".");
@@ -108,10 +108,13 @@ void SimulatedNetwork::Restore(const StoredNetwork& stored, const std::string& f
             Refuse(eTavikErrors::SpeedNotAvailable,
                    "The controller cannot work at the speed " + TavikLibrary::eNetSpeed_ToString(stored.speed) + ".");
         }
-        Modules().Restore(stored.modules, stored.speed, bench.clock.Now());
-    } catch (const TavikLibrary::TavikException& exception) {
-        throw TavikLibrary::TavikException(exception.ErrorCode(), file + ": " + exception.what());
+        Modules().RequireRestorable(stored.modules);
+    });
+    const double now = bench.clock.Now();
+    for (const StoredModule& module : stored.modules) {
+        NamingPlace(file, module.line, [&] { Modules().RequireRestorable(module, stored.speed, now); });
     }
+    Modules().Restore(stored.modules, now);
     speed = stored.speed;
 }
 

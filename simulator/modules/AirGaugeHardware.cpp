@@ -6,9 +6,13 @@
 #include <cmath>
 #include <cstdio>
 #include <limits>
+#include <sstream>
+#include <string>
+#include <utility>
 
 namespace TavikSimulator {
 
+using TavikLibrary::ePNX_RotateDisplay;
 using TavikLibrary::ePNX_UOM;
 using TavikLibrary::eTavikErrors;
 
@@ -17,17 +21,8 @@ namespace {
 /// The pressure sensor: 14 bits.
 constexpr MeasuringRange sensor{0.0, 30.0, 16383};
 
-/// Masters whose pressures are closer than this (psi) make no line.
-constexpr double LeastPressureDifference = 0.25;
-
-/// How far apart (mm) the sizes of two masters must be at least.
-constexpr double LeastSizeDifference = 0.001;
-
-std::string Decimals(double value, int decimals) {
-    char text[64];
-    std::snprintf(text, sizeof text, "%.*f", decimals, value);
-    return text;
-}
+/// Stands in network files for the mastering of a gauge without one.
+const std::string NotMasteredText = "none";
 
 } // namespace
 
@@ -54,9 +49,14 @@ void AirGaugeHardware::UseFactorySettings() {
     settings.masterMaxSize = gauge.masterB;
     settings.limitLow = std::min(gauge.masterA, gauge.masterB);
     settings.limitHigh = std::max(gauge.masterA, gauge.masterB);
+    UseDesignLine();
+}
+
+void AirGaugeHardware::UseDesignLine() {
     line = DesignLine();
     offset = Description().offset;
     stroke = Description().stroke;
+    settings.mastered = false;
 }
 
 // What every gauge of this make would be if it came out exactly as it was drawn: the chord of its curve over
@@ -180,18 +180,7 @@ void AirGaugeHardware::ReadSettings() {
 }
 
 void AirGaugeHardware::ApplyMastering() {
-    if (std::fabs(settings.masterMaxPressure - settings.masterMinPressure) < LeastPressureDifference) {
-        Refuse(eTavikErrors::InvalidArgument,
-               "The air pressures of the two masters, " + Decimals(settings.masterMinPressure, 2) + " psi and " +
-                   Decimals(settings.masterMaxPressure, 2) + " psi, are too close to each other: they must differ by " +
-                   Decimals(LeastPressureDifference, 2) + " psi at least.");
-    }
-    if (std::fabs(settings.masterMaxSize - settings.masterMinSize) < LeastSizeDifference) {
-        Refuse(eTavikErrors::InvalidArgument, "The sizes of the two masters, " + Decimals(settings.masterMinSize, 4) +
-                                                  " mm and " + Decimals(settings.masterMaxSize, 4) +
-                                                  " mm, are too close to each other: they must differ by " +
-                                                  Decimals(LeastSizeDifference, 4) + " mm at least.");
-    }
+    RequireMasters(settings);
     UseMasters();
     known.mastered = true;
 }
@@ -203,6 +192,88 @@ void AirGaugeHardware::UseMasters() {
     offset = std::min(line.sizeA, line.sizeB) - distance / 2.0;
     stroke = 2.0 * distance;
     settings.mastered = true;
+}
+
+KeptSetting AirGaugeHardware::KeptLength(const char* name, double AirGaugeSettings::*length) {
+    return KeptNumber<double>(
+        name, [this, length] { return settings.*length; }, RequireLength,
+        [this, length](double millimetres) { Set(length, millimetres); });
+}
+
+// Sizes and pressures belong together: a line can be made of all four or of none.
+KeptSetting AirGaugeHardware::KeptMastering() {
+    const auto read = [](const std::string& text) {
+        AirGaugeSettings masters;
+        std::istringstream words(text);
+        for (auto [value, require] : {std::pair{&AirGaugeSettings::masterMinSize, RequireLength},
+                                      {&AirGaugeSettings::masterMinPressure, RequirePressure},
+                                      {&AirGaugeSettings::masterMaxSize, RequireLength},
+                                      {&AirGaugeSettings::masterMaxPressure, RequirePressure}}) {
+            std::string word;
+            words >> word;
+            masters.*value = RealNumber("mastering", word);
+            require(masters.*value);
+        }
+        std::string more;
+        if (words >> more) {
+            Refuse(eTavikErrors::InvalidArgument, "The setting \"mastering\" has four numbers.");
+        }
+        RequireMasters(masters);
+        return masters;
+    };
+    const auto write = [this] {
+        return settings.mastered
+                   ? NumberText(settings.masterMinSize) + " " + NumberText(settings.masterMinPressure) + " " +
+                         NumberText(settings.masterMaxSize) + " " + NumberText(settings.masterMaxPressure)
+                   : NotMasteredText;
+    };
+    const auto require = [read](const std::string& text) {
+        if (text != NotMasteredText) {
+            read(text);
+        }
+    };
+    const auto use = [this, read](const std::string& text) {
+        if (text == NotMasteredText) {
+            UseDesignLine();
+            known = settings;
+            return;
+        }
+        const AirGaugeSettings masters = read(text);
+        settings.masterMinSize = masters.masterMinSize;
+        settings.masterMinPressure = masters.masterMinPressure;
+        settings.masterMaxSize = masters.masterMaxSize;
+        settings.masterMaxPressure = masters.masterMaxPressure;
+        UseMasters();
+        known = settings;
+    };
+    return {"mastering", write, require, use};
+}
+
+// Not the pass code: whoever reads the file could read it.
+std::vector<KeptSetting> AirGaugeHardware::KeptSettings(double seconds) {
+    std::vector<KeptSetting> kept = ProbeHardware::KeptSettings(seconds);
+    kept.push_back(KeptMastering());
+    kept.push_back(KeptSwitch(
+        "output-as-pressure", [this] { return settings.outputPressure; },
+        [this](bool on) { Set(&AirGaugeSettings::outputPressure, on); }));
+    if (!HasDisplay()) {
+        return kept;
+    }
+    kept.push_back(KeptNumber<ePNX_UOM>(
+        "display-unit", [this] { return settings.unit; }, RequireUnit,
+        [this](ePNX_UOM unit) { Set(&AirGaugeSettings::unit, unit); }));
+    kept.push_back(KeptNumber<ePNX_RotateDisplay>(
+        "display-rotation", [this] { return settings.rotation; }, RequireRotation,
+        [this](ePNX_RotateDisplay rotation) { Set(&AirGaugeSettings::rotation, rotation); }));
+    kept.push_back(KeptSwitch(
+        "rotate-keyboard", [this] { return settings.rotateKeyboard; },
+        [this](bool on) { Set(&AirGaugeSettings::rotateKeyboard, on); }));
+    kept.push_back(KeptSwitch(
+        "show-pressure", [this] { return settings.showPressure; },
+        [this](bool on) { Set(&AirGaugeSettings::showPressure, on); }));
+    kept.push_back(KeptLength("limit-high", &AirGaugeSettings::limitHigh));
+    kept.push_back(KeptLength("limit-low", &AirGaugeSettings::limitLow));
+    return kept;
 }
 
 void AirGaugeHardware::ResetToFactory() {

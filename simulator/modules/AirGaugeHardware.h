@@ -1,30 +1,13 @@
 #pragma once
 
-#include "library/TavikModulePNX.h"
 #include "simulator/modules/AirGaugeDescription.h"
+#include "simulator/modules/AirGaugeSettings.h"
 #include "simulator/modules/ProbeHardware.h"
 
 #include <cstdint>
 #include <optional>
 
 namespace TavikSimulator {
-
-/// What an air gauge is set to. Lengths in mm, pressures in psi.
-struct AirGaugeSettings {
-    TavikLibrary::ePNX_UOM unit = TavikLibrary::ePNX_UOM::mm;
-    TavikLibrary::ePNX_RotateDisplay rotation = TavikLibrary::ePNX_RotateDisplay::None;
-    bool rotateKeyboard = false;
-    bool showPressure = false;
-    bool outputPressure = false;
-    double limitHigh = 0.0;
-    double limitLow = 0.0;
-    double masterMinSize = 0.0;
-    double masterMaxSize = 0.0;
-    double masterMinPressure = 0.0;
-    double masterMaxPressure = 0.0;
-    int passcode = 0; ///< 0: the display asks for none
-    bool mastered = false;
-};
 
 /// The straight line through the pressures and sizes of two masters.
 struct MasterLine {
@@ -80,11 +63,17 @@ public:
     void PutInNozzle(NozzlePart part) { inNozzle = part; }
     void ChangeUnitAtDisplay(TavikLibrary::ePNX_UOM unit, int passcode);
 
+protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
+
 private:
+    KeptSetting KeptMastering();
+    KeptSetting KeptLength(const char* name, double AirGaugeSettings::*length);
     NozzlePart PartAt(double seconds) const;
     double ClearanceAt(std::int64_t nanoseconds) const;
     MasterLine DesignLine() const;
     void UseFactorySettings();
+    void UseDesignLine();
     void MasterBeforehand();
     void UseMasters();
 

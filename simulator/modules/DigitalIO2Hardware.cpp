@@ -2,7 +2,9 @@
 
 #include "simulator/bench/ErrorTexts.h"
 
+#include <limits>
 #include <string>
+#include <utility>
 
 namespace TavikSimulator {
 
@@ -41,7 +43,7 @@ void DigitalIO2Hardware::SetOutPolarityMask(unsigned short mask, double seconds)
     DriveWires(seconds);
 }
 
-void DigitalIO2Hardware::SetOutputMode(eDIOOutputMode mode, double seconds) {
+void DigitalIO2Hardware::RequireOutputMode(eDIOOutputMode mode) const {
     switch (mode) {
     case eDIOOutputMode::NPN:
     case eDIOOutputMode::PNP:
@@ -51,8 +53,35 @@ void DigitalIO2Hardware::SetOutputMode(eDIOOutputMode mode, double seconds) {
         Refuse(eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no output mode " + std::to_string(static_cast<int>(mode)) + ".");
     }
+}
+
+void DigitalIO2Hardware::SetOutputMode(eDIOOutputMode mode, double seconds) {
+    RequireOutputMode(mode);
     outputMode = mode;
     DriveWires(seconds);
+}
+
+std::vector<KeptSetting> DigitalIO2Hardware::KeptSettings(double seconds) {
+    const auto requireMask = [this](int mask) {
+        if (mask < 0 || mask > std::numeric_limits<unsigned short>::max()) {
+            Refuse(eTavikErrors::InvalidArgument,
+                   "Module " + Identity() + " has no polarity mask " + std::to_string(mask) + ".");
+        }
+    };
+    std::vector<KeptSetting> kept = {KeptDebounceTime(seconds)};
+    kept.push_back(KeptNumber<int>(
+        "output-polarity", [this] { return outPolarity; }, requireMask,
+        [this, seconds](int mask) { SetOutPolarityMask(static_cast<unsigned short>(mask), seconds); }));
+    kept.push_back(KeptNumber<int>(
+        "input-polarity", [this] { return inPolarity; }, requireMask,
+        [this](int mask) { SetInPolarityMask(static_cast<unsigned short>(mask)); }));
+    kept.push_back(KeptNumber<eDIOOutputMode>(
+        "output-mode", [this] { return outputMode; }, [this](eDIOOutputMode mode) { RequireOutputMode(mode); },
+        [this, seconds](eDIOOutputMode mode) { SetOutputMode(mode, seconds); }));
+    for (KeptSetting& setting : master.Kept()) {
+        kept.push_back(std::move(setting));
+    }
+    return kept;
 }
 
 // An NPN output can pull its line low only, a PNP output high only; a TTL output does both.

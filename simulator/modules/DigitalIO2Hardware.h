@@ -28,10 +28,13 @@ public:
     MasterSettings master;
 
 protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
     int DrivenLevel(int pin, int state, int pull) const override;
     int ReadingBit(int pin, double seconds) const override;
 
 private:
+    void RequireOutputMode(TavikLibrary::eDIOOutputMode mode) const;
+
     unsigned short outPolarity;
     unsigned short inPolarity;
     TavikLibrary::eDIOOutputMode outputMode = TavikLibrary::eDIOOutputMode::TTL;

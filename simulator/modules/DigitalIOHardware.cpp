@@ -88,16 +88,37 @@ void DigitalIOHardware::SetOutputState(int pin, int state, double seconds) {
     DriveWires(seconds);
 }
 
-void DigitalIOHardware::SetDebounceTime(int milliseconds, double seconds) {
+void DigitalIOHardware::RequireDebounceTime(int milliseconds) const {
     if (std::find(std::begin(DebounceTimes), std::end(DebounceTimes), milliseconds) == std::end(DebounceTimes)) {
         Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " has no debounce time of " +
                                                   std::to_string(milliseconds) +
                                                   " ms; it has 0, 5, 10, 15, 25 and 50 ms.");
     }
+}
+
+void DigitalIOHardware::SetDebounceTime(int milliseconds, double seconds) {
+    RequireDebounceTime(milliseconds);
     for (Wire& wire : wires) {
         wire.line.Settle(seconds, DebounceSeconds());
     }
     debounceTime = milliseconds;
+}
+
+KeptSetting DigitalIOHardware::KeptDebounceTime(double seconds) {
+    return KeptNumber<int>(
+        "debounce-time", [this] { return debounceTime; },
+        [this](int milliseconds) { RequireDebounceTime(milliseconds); },
+        [this, seconds](int milliseconds) { SetDebounceTime(milliseconds, seconds); });
+}
+
+std::vector<KeptSetting> DigitalIOHardware::KeptSettings(double seconds) {
+    std::vector<KeptSetting> kept = {KeptDebounceTime(seconds)};
+    for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {
+        kept.push_back(KeptSwitch(
+            "input-" + std::to_string(pin), [this, pin] { return IsInput(pin); },
+            [this, pin, seconds](bool input) { SetInput(pin, input, seconds); }));
+    }
+    return kept;
 }
 
 int DigitalIOHardware::DrivenLevel(int, int state, int) const {

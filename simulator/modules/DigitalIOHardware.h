@@ -29,6 +29,8 @@ public:
     void SetDebounceTime(int milliseconds, double seconds);
 
 protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    KeptSetting KeptDebounceTime(double seconds);
     /// The level that an output in this state gives a line; the pull is what the line has when it is let go.
     virtual int DrivenLevel(int pin, int state, int pull) const;
     /// What the module's reading tells of a pin.
@@ -37,6 +39,9 @@ protected:
     void DriveWires(double seconds);
 
 private:
+    /// Refuses a debounce time that there is not, in milliseconds.
+    void RequireDebounceTime(int milliseconds) const;
+
     struct Pin {
         bool input = true;
         int state = 0; ///< as an output

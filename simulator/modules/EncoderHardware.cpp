@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace TavikSimulator {
 
@@ -101,7 +102,7 @@ void EncoderHardware::SetInterfaceType(eEncoderInterfaceType type) {
     interfaceType = type;
 }
 
-void EncoderHardware::SetPresetInCounts(int counts, double seconds) {
+void EncoderHardware::RequirePreset(int counts) const {
     const double lowest = Description().offset;
     const double highest = lowest + Description().stroke;
     if (counts < lowest || counts > highest) {
@@ -110,8 +111,40 @@ void EncoderHardware::SetPresetInCounts(int counts, double seconds) {
                                                   std::to_string(static_cast<long long>(std::floor(highest))) +
                                                   " and cannot be preset to " + std::to_string(counts) + ".");
     }
+}
+
+void EncoderHardware::SetPresetInCounts(int counts, double seconds) {
+    RequirePreset(counts);
     Arrive(seconds);
     preset = counts;
+}
+
+std::vector<KeptSetting> EncoderHardware::KeptSettings(double seconds) {
+    std::vector<KeptSetting> kept = {
+        KeptNumber<eQuadratureMode>(
+            "quadrature-mode", [this] { return mode; },
+            [this](eQuadratureMode wanted) {
+                RequireKnown(wanted, eQuadratureMode::CountDIR, Identity(), "quadrature mode");
+            },
+            [this, seconds](eQuadratureMode wanted) { SetQuadratureMode(wanted, seconds); }),
+        KeptNumber<eEncoderInterfaceType>(
+            "encoder-type", [this] { return interfaceType; },
+            [this](eEncoderInterfaceType wanted) {
+                RequireKnown(wanted, eEncoderInterfaceType::SingleEnded, Identity(), "encoder type");
+            },
+            [this](eEncoderInterfaceType wanted) { SetInterfaceType(wanted); }),
+        KeptNumber<int>(
+            "preset", [this] { return preset; }, [this](int counts) { RequirePreset(counts); },
+            [this, seconds](int counts) { SetPresetInCounts(counts, seconds); }),
+        KeptNumber<eRefAction>(
+            "reference-action", [this, seconds] { return RefAction(seconds); },
+            [this](eRefAction wanted) { RequireKnown(wanted, eRefAction::Preset, Identity(), "reference action"); },
+            [this, seconds](eRefAction wanted) { SetRefAction(wanted, seconds); }),
+    };
+    for (KeptSetting& setting : master.Kept()) {
+        kept.push_back(std::move(setting));
+    }
+    return kept;
 }
 
 void EncoderHardware::UseSignal(const SignalDescription& signal) {

@@ -35,6 +35,7 @@ public:
     MasterSettings master;
 
 protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
     void UseSignal(const SignalDescription& signal) override;
 
 private:
@@ -48,6 +49,7 @@ private:
     State StateAt(double seconds) const;
     void StepTo(State& state, std::int64_t instant) const;
     void PassMarks(State& state, double position) const;
+    void RequirePreset(int counts) const;
     /// Makes the way until now, before a setting changes.
     void Arrive(double seconds);
 

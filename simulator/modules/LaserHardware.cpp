@@ -55,23 +55,41 @@ Reading FilteredLaserHardware::ReadAt(double seconds) const {
     return now;
 }
 
-void FilteredLaserHardware::SetFilter(eFilter newFilter) {
-    const auto cutoff = CutoffOf(newFilter);
-    if (!cutoff) {
+void FilteredLaserHardware::RequireFilter(eFilter newFilter) const {
+    if (!CutoffOf(newFilter)) {
         Refuse(eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no filter " + std::to_string(static_cast<int>(newFilter)) + ".");
     }
-    filter = newFilter;
-    UseLowPass(*cutoff);
 }
 
-void FilteredLaserHardware::SetLevelCutTime(int steps) {
+void FilteredLaserHardware::SetFilter(eFilter newFilter) {
+    RequireFilter(newFilter);
+    filter = newFilter;
+    UseLowPass(*CutoffOf(newFilter));
+}
+
+void FilteredLaserHardware::RequireLevelCutTime(int steps) const {
     const int most = Description().laser.levelCutTimeMax;
     if (steps < 0 || steps > most) {
         Refuse(eTavikErrors::InvalidArgument, "The level-cut time of module " + Identity() + " is 0 to " +
                                                   std::to_string(most) + " steps, not " + std::to_string(steps) + ".");
     }
+}
+
+void FilteredLaserHardware::SetLevelCutTime(int steps) {
+    RequireLevelCutTime(steps);
     levelCutTime = steps;
+}
+
+std::vector<KeptSetting> FilteredLaserHardware::KeptSettings(double seconds) {
+    std::vector<KeptSetting> kept = LaserHardware::KeptSettings(seconds);
+    kept.push_back(KeptNumber<eFilter>(
+        "filter", [this] { return filter; }, [this](eFilter wanted) { RequireFilter(wanted); },
+        [this](eFilter wanted) { SetFilter(wanted); }));
+    kept.push_back(KeptNumber<int>(
+        "level-cut-time", [this] { return levelCutTime; }, [this](int steps) { RequireLevelCutTime(steps); },
+        [this](int steps) { SetLevelCutTime(steps); }));
+    return kept;
 }
 
 RatedLaserHardware::RatedLaserHardware(const ModuleDescription& description)
@@ -83,12 +101,24 @@ Reading RatedLaserHardware::ReadAt(double seconds) const {
     return LaserHardware::ReadAt(static_cast<double>(instant - instant % period) / 1e9);
 }
 
-void RatedLaserHardware::SetMeasuringRate(eMeasuringRate newRate) {
+void RatedLaserHardware::RequireOnOffer(eMeasuringRate newRate) const {
     if (!Offers(Description().laser, newRate)) {
         Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the measuring rate " +
                                                   TavikLibrary::eMeasuringRate_ToString(newRate) + ".");
     }
+}
+
+void RatedLaserHardware::SetMeasuringRate(eMeasuringRate newRate) {
+    RequireOnOffer(newRate);
     rate = newRate;
+}
+
+std::vector<KeptSetting> RatedLaserHardware::KeptSettings(double seconds) {
+    std::vector<KeptSetting> kept = LaserHardware::KeptSettings(seconds);
+    kept.push_back(KeptNumber<eMeasuringRate>(
+        "measuring-rate", [this] { return rate; }, [this](eMeasuringRate wanted) { RequireOnOffer(wanted); },
+        [this](eMeasuringRate wanted) { SetMeasuringRate(wanted); }));
+    return kept;
 }
 
 } // namespace TavikSimulator

@@ -33,7 +33,13 @@ public:
     void SetFilter(TavikLibrary::eFilter filter);
     void SetLevelCutTime(int steps);
 
+protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
+
 private:
+    void RequireFilter(TavikLibrary::eFilter filter) const;
+    void RequireLevelCutTime(int steps) const;
+
     TavikLibrary::eFilter filter;
     int levelCutTime; ///< in steps of 0.1 ms
 };
@@ -49,7 +55,12 @@ public:
     /// Throws TavikException, and changes nothing, for a rate that is not on offer.
     void SetMeasuringRate(TavikLibrary::eMeasuringRate rate);
 
+protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
+
 private:
+    void RequireOnOffer(TavikLibrary::eMeasuringRate rate) const;
+
     TavikLibrary::eMeasuringRate rate;
 };
 

@@ -37,15 +37,19 @@ void MasterSettings::SetTxSync(int counts) {
     txSync = counts;
 }
 
-void MasterSettings::SetHoldOff(int counts) {
+void MasterSettings::RequireHoldOff(int counts) const {
     if (counts < 0) {
         Refuse(eTavikErrors::InvalidArgument,
                "The hold-off of module " + identity + " must be 0 or more counts, not " + std::to_string(counts) + ".");
     }
+}
+
+void MasterSettings::SetHoldOff(int counts) {
+    RequireHoldOff(counts);
     holdOff = counts;
 }
 
-void MasterSettings::SetMode(eDynamicMasterMode newMode) {
+void MasterSettings::RequireMode(eDynamicMasterMode newMode) const {
     switch (newMode) {
     case eDynamicMasterMode::NotMaster:
     case eDynamicMasterMode::Instant:
@@ -61,7 +65,31 @@ void MasterSettings::SetMode(eDynamicMasterMode newMode) {
         Refuse(eTavikErrors::InvalidArgument,
                "Module " + identity + " has no master mode " + std::to_string(static_cast<int>(newMode)) + ".");
     }
+}
+
+void MasterSettings::SetMode(eDynamicMasterMode newMode) {
+    RequireMode(newMode);
     mode = newMode;
+}
+
+std::vector<KeptSetting> MasterSettings::Kept() {
+    std::vector<KeptSetting> kept = {
+        KeptNumber<int>(
+            "counts-per-sample", [this] { return txSample; }, [this](int counts) { RequirePulses(counts, "sample"); },
+            [this](int counts) { txSample = counts; }),
+        KeptNumber<int>(
+            "counts-per-sync", [this] { return txSync; }, [this](int counts) { RequirePulses(counts, "sync"); },
+            [this](int counts) { txSync = counts; }),
+        KeptNumber<eDynamicMasterMode>(
+            "master-mode", [this] { return mode; }, [this](eDynamicMasterMode wanted) { RequireMode(wanted); },
+            [this](eDynamicMasterMode wanted) { mode = wanted; }),
+    };
+    if (hasEncoder) {
+        kept.push_back(KeptNumber<int>(
+            "hold-off", [this] { return holdOff; }, [this](int counts) { RequireHoldOff(counts); },
+            [this](int counts) { holdOff = counts; }));
+    }
+    return kept;
 }
 
 } // namespace TavikSimulator

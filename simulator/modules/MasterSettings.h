@@ -1,8 +1,10 @@
 #pragma once
 
 #include "library/TavikDynamic.h"
+#include "simulator/modules/KeptSetting.h"
 
 #include <string>
+#include <vector>
 
 namespace TavikSimulator {
 
@@ -22,8 +24,13 @@ public:
     TavikLibrary::eDynamicMasterMode Mode() const { return mode; }
     void SetMode(TavikLibrary::eDynamicMasterMode mode);
 
+    /// What network files keep of them.
+    std::vector<KeptSetting> Kept();
+
 private:
     void RequirePulses(int counts, const char* what) const;
+    void RequireHoldOff(int counts) const;
+    void RequireMode(TavikLibrary::eDynamicMasterMode mode) const;
 
     std::string identity;
     bool hasEncoder;

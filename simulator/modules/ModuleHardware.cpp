@@ -72,17 +72,38 @@ void ModuleHardware::Release() {
 
 void ModuleHardware::UseSignal(const SignalDescription&) {}
 
-StoredSettings ModuleHardware::Settings() const {
+std::vector<KeptSetting> ModuleHardware::KeptSettings(double) {
     return {};
 }
 
-void ModuleHardware::RequireSettings(const StoredSettings& settings) const {
-    if (!settings.empty()) {
+StoredSettings ModuleHardware::Settings(double seconds) {
+    StoredSettings settings;
+    for (const KeptSetting& kept : KeptSettings(seconds)) {
+        settings.emplace(kept.name, kept.text());
+    }
+    return settings;
+}
+
+void ModuleHardware::RequireSettings(const StoredSettings& settings, double seconds) {
+    StoredSettings others = settings;
+    for (const KeptSetting& kept : KeptSettings(seconds)) {
+        if (const auto stored = others.extract(kept.name)) {
+            kept.require(stored.mapped());
+        }
+    }
+    if (!others.empty()) {
         Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
-               "Module " + Identity() + " has no setting \"" + settings.begin()->first + "\".");
+               "Module " + Identity() + " has no setting \"" + others.begin()->first + "\".");
     }
 }
 
-void ModuleHardware::UseSettings(const StoredSettings&, double) {}
+void ModuleHardware::UseSettings(const StoredSettings& settings, double seconds) {
+    for (const KeptSetting& kept : KeptSettings(seconds)) {
+        const auto stored = settings.find(kept.name);
+        if (stored != settings.end() && stored->second != kept.text()) {
+            kept.use(stored->second);
+        }
+    }
+}
 
 } // namespace TavikSimulator

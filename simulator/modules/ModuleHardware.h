@@ -2,12 +2,14 @@
 
 #include "simulator/bench/Description.h"
 #include "simulator/bench/NetworkFile.h"
+#include "simulator/modules/KeptSetting.h"
 #include "simulator/signals/Reading.h"
 #include "simulator/signals/Signal.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace TavikSimulator {
 
@@ -46,12 +48,13 @@ public:
     /// Power comes back at a bench time: what the module does not keep without power is lost.
     virtual void PowerOn(double seconds);
 
-    /// The settings that a network file keeps.
-    virtual StoredSettings Settings() const;
+    /// The settings that a network file keeps, at a bench time in seconds. The state of an output and a laser's beam
+    /// are not among them: loading a file must not switch anything on.
+    StoredSettings Settings(double seconds);
     /// Throws TavikException for settings that the module does not have or cannot be set to.
-    virtual void RequireSettings(const StoredSettings& settings) const;
-    /// Takes settings that RequireSettings has passed, at a bench time in seconds.
-    virtual void UseSettings(const StoredSettings& settings, double seconds);
+    void RequireSettings(const StoredSettings& settings, double seconds);
+    /// Takes settings that RequireSettings has passed.
+    void UseSettings(const StoredSettings& settings, double seconds);
 
     /// Holds a still part under the gauge, at a position in its unit.
     virtual void Hold(double position);
@@ -67,6 +70,7 @@ public:
     std::string replaces;
 
 protected:
+    virtual std::vector<KeptSetting> KeptSettings(double seconds);
     /// The signal has changed; it has been changed in the description already.
     virtual void UseSignal(const SignalDescription& signal);
     const Signal& Felt() const { return signal; }

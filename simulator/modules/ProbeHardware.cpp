@@ -13,9 +13,6 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-constexpr const char* ResolutionSetting = "resolution"; // in bits
-constexpr const char* AveragingSetting = "averaging";   // in samples
-
 ProbeDescription ProbeOf(const ModuleDescription& module, const SignalDescription& signal) {
     ProbeDescription probe;
     probe.offset = module.offset;
@@ -80,28 +77,17 @@ void ProbeHardware::SetAveraging(eAveraging averaging, double seconds) {
     physics.SetAveragingSamples(*SamplesOf(averaging), seconds);
 }
 
-StoredSettings ProbeHardware::Settings() const {
-    return {{ResolutionSetting, physics.ResolutionBits()}, {AveragingSetting, physics.AveragingSamples()}};
-}
-
-void ProbeHardware::RequireSettings(const StoredSettings& settings) const {
-    StoredSettings others = settings;
-    if (const auto bits = others.extract(ResolutionSetting)) {
-        RequireOnOffer(ResolutionOf(bits.mapped()).value_or(eResolution(-1)));
-    }
-    if (const auto samples = others.extract(AveragingSetting)) {
-        RequireOnOffer(AveragingOf(samples.mapped()).value_or(eAveraging(-1)));
-    }
-    ModuleHardware::RequireSettings(others);
-}
-
-void ProbeHardware::UseSettings(const StoredSettings& settings, double seconds) {
-    if (const auto bits = settings.find(ResolutionSetting); bits != settings.end()) {
-        physics.SetResolutionBits(bits->second, seconds);
-    }
-    if (const auto samples = settings.find(AveragingSetting); samples != settings.end()) {
-        physics.SetAveragingSamples(samples->second, seconds);
-    }
+std::vector<KeptSetting> ProbeHardware::KeptSettings(double seconds) {
+    return {
+        KeptNumber<int>(
+            "resolution", [this] { return physics.ResolutionBits(); },
+            [this](int bits) { RequireOnOffer(ResolutionOf(bits).value_or(eResolution(-1))); },
+            [this, seconds](int bits) { physics.SetResolutionBits(bits, seconds); }),
+        KeptNumber<int>(
+            "averaging", [this] { return physics.AveragingSamples(); },
+            [this](int samples) { RequireOnOffer(AveragingOf(samples).value_or(eAveraging(-1))); },
+            [this, seconds](int samples) { physics.SetAveragingSamples(samples, seconds); }),
+    };
 }
 
 void ProbeHardware::UseSignal(const SignalDescription& signal) {

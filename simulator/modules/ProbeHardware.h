@@ -16,10 +16,6 @@ public:
     double CountsPerUnit() const override;
     void PowerOn(double seconds) override;
 
-    StoredSettings Settings() const override;
-    void RequireSettings(const StoredSettings& settings) const override;
-    void UseSettings(const StoredSettings& settings, double seconds) override;
-
     TavikLibrary::eResolution Resolution() const;
     TavikLibrary::eAveraging Averaging() const;
     /// Both throw TavikException, and change nothing, for a value that is not on offer.
@@ -27,6 +23,7 @@ public:
     void SetAveraging(TavikLibrary::eAveraging averaging, double seconds);
 
 protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
     /// Filters the samples from now on; in Hz.
     void UseLowPass(double cutoff) { physics.SetLowPassCutoff(cutoff); }
     void UseSignal(const SignalDescription& signal) override;

@@ -28,7 +28,7 @@ Reading ReadModeHardware::ReadAt(double seconds) const {
     return ModuleHardware::ReadAt(*taken);
 }
 
-void ReadModeHardware::SetReadMode(eHvxReadMode newMode, double seconds) {
+void ReadModeHardware::RequireReadMode(eHvxReadMode newMode) const {
     switch (newMode) {
     case eHvxReadMode::ReadContinuous:
     case eHvxReadMode::ReadOnSwitch:
@@ -38,9 +38,19 @@ void ReadModeHardware::SetReadMode(eHvxReadMode newMode, double seconds) {
         Refuse(eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no read mode " + std::to_string(static_cast<int>(newMode)) + ".");
     }
+}
+
+void ReadModeHardware::SetReadMode(eHvxReadMode newMode, double seconds) {
+    RequireReadMode(newMode);
     mode = newMode;
     modeSince = seconds;
     sampledAt.reset();
+}
+
+std::vector<KeptSetting> ReadModeHardware::KeptSettings(double seconds) {
+    return {KeptNumber<eHvxReadMode>(
+        "read-mode", [this] { return mode; }, [this](eHvxReadMode wanted) { RequireReadMode(wanted); },
+        [this, seconds](eHvxReadMode wanted) { SetReadMode(wanted, seconds); })};
 }
 
 void ReadModeHardware::Sample(double seconds) {

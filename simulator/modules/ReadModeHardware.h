@@ -24,7 +24,11 @@ public:
     /// Takes over what the module says of itself by now.
     void UpdateInformation(double seconds);
 
+protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
+
 private:
+    void RequireReadMode(TavikLibrary::eHvxReadMode mode) const;
     /// When the reading was taken that the module has at this time.
     std::optional<double> TakenAt(double seconds) const;
     std::optional<double> LastPress(double seconds) const;

@@ -12,6 +12,11 @@ namespace TavikLibrary {
 using TavikSimulator::AirGaugeHardware;
 using TavikSimulator::AirGaugeSettings;
 using TavikSimulator::Refuse;
+using TavikSimulator::RequireLength;
+using TavikSimulator::RequirePasscode;
+using TavikSimulator::RequirePressure;
+using TavikSimulator::RequireRotation;
+using TavikSimulator::RequireUnit;
 
 namespace {
 
@@ -20,40 +25,6 @@ const TavikSimulator::EnumText<ePNX_UOM> Units[] = {
     {ePNX_UOM::inches, "inches"},
     {ePNX_UOM::mils, "mils"},
 };
-
-constexpr double LargestLength = 100000.0; // mm
-constexpr double LargestPressure = 30.0;   // psi
-constexpr int LargestPasscode = 99999999;
-
-void RequireWithin(double value, double least, double most, const char* what, const char* unit) {
-    if (!(value >= least && value <= most)) {
-        Refuse(eTavikErrors::InvalidArgument, std::string(what) + " must lie within " +
-                                                  std::to_string(static_cast<int>(least)) + " and " +
-                                                  std::to_string(static_cast<int>(most)) + unit + ".");
-    }
-}
-
-void RequireLength(double millimetres) {
-    RequireWithin(millimetres, -LargestLength, LargestLength, "A length", " mm");
-}
-
-void RequirePressure(double psi) {
-    RequireWithin(psi, 0.0, LargestPressure, "The pressure of a master", " psi");
-}
-
-void RequireUnit(ePNX_UOM unit) {
-    if (unit < ePNX_UOM::mm || unit > ePNX_UOM::mils) {
-        Refuse(eTavikErrors::InvalidArgument,
-               "An air gauge has no display unit " + std::to_string(static_cast<int>(unit)) + ".");
-    }
-}
-
-void RequireRotation(ePNX_RotateDisplay rotation) {
-    if (rotation < ePNX_RotateDisplay::None || rotation > ePNX_RotateDisplay::Auto) {
-        Refuse(eTavikErrors::InvalidArgument,
-               "An air gauge's display has no rotation " + std::to_string(static_cast<int>(rotation)) + ".");
-    }
-}
 
 void RequireDisplay(const AirGaugeHardware& gauge) {
     if (!gauge.HasDisplay()) {
@@ -223,8 +194,7 @@ void TavikModulePNX::setShowPSIReading(bool show) {
 }
 
 void TavikModulePNX::setPasscode(int passcode) {
-    const auto require = [](int code) { RequireWithin(code, 0.0, LargestPasscode, "A pass code", ""); };
-    ChangeDisplay(*implementation, "setPasscode", &AirGaugeSettings::passcode, passcode, require);
+    ChangeDisplay(*implementation, "setPasscode", &AirGaugeSettings::passcode, passcode, RequirePasscode);
 }
 
 void TavikModulePNX::ResetFactorySettings() {

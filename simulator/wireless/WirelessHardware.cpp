@@ -63,20 +63,45 @@ WirelessHardware::Slot& WirelessHardware::At(int slot) {
     return const_cast<Slot&>(std::as_const(*this).At(slot));
 }
 
-void WirelessHardware::SetIdentityIn(int slot, const std::string& identity) {
+namespace {
+
+void RequireToolIdentity(const std::string& identity) {
     if (!identity.empty() && !IsIdentity(identity)) {
         Refuse(eTavikErrors::IdentityMalformed,
                "\"" + identity +
                    "\" is not the identity of a hand tool: that has 10 characters, upper-case letters and digits.");
     }
+}
+
+void RequireToolName(const std::string& name) {
+    if (CharacterCount(name) > LongestToolName) {
+        Refuse(eTavikErrors::InvalidArgument, "\"" + name + "\" has more than 20 characters.");
+    }
+}
+
+} // namespace
+
+void WirelessHardware::SetIdentityIn(int slot, const std::string& identity) {
+    RequireToolIdentity(identity);
     At(slot).written = identity;
 }
 
 void WirelessHardware::SetNameOf(int slot, const std::string& name) {
-    if (CharacterCount(name) > LongestToolName) {
-        Refuse(eTavikErrors::InvalidArgument, "\"" + name + "\" has more than 20 characters.");
-    }
+    RequireToolName(name);
     At(slot).name = name;
+}
+
+// An identity that comes out of a file becomes effective at the next restart, like any that is written.
+std::vector<KeptSetting> WirelessHardware::KeptSettings(double) {
+    std::vector<KeptSetting> kept;
+    for (int slot = 0; slot < WirelessSlots; ++slot) {
+        const std::string number = std::to_string(slot + 1);
+        kept.push_back({"identity-" + number, [this, slot] { return IdentityIn(slot); }, RequireToolIdentity,
+                        [this, slot](const std::string& identity) { SetIdentityIn(slot, identity); }});
+        kept.push_back({"name-" + number, [this, slot] { return NameOf(slot); }, RequireToolName,
+                        [this, slot](const std::string& name) { SetNameOf(slot, name); }});
+    }
+    return kept;
 }
 
 void WirelessHardware::UpdateFields(int slot) {

@@ -46,6 +46,9 @@ public:
     /// Null when there is no such tool around the module.
     HandTool* ToolNamed(const std::string& identity);
 
+protected:
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
+
 private:
     struct Slot {
         std::string written;

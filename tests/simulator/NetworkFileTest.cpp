@@ -125,8 +125,8 @@ void NetworkFileTest::refusedFiles_data() {
     row("malformed identity", Head + "<module identity=\"kx1\" type=\"KX\"/>" + Tail,
         "\"kx1\" is not a module identity");
     row("twice", Head + FirstModule + "/>\n" + FirstModule + "/>" + Tail, "line 2: There are two modules");
-    row("not on the wire", Head + "<module identity=\"KX99999999\" type=\"KX\"/>" + Tail,
-        "No module KX99999999 answers");
+    row("not on the wire", Head + "\n<module identity=\"KX99999999\" type=\"KX\"/>" + Tail,
+        "line 2: No module KX99999999 answers");
     row("another kind", Head + "<module identity=\"KX00000001\" type=\"RN\"/>" + Tail,
         "Module KX00000001 is not of the kind RN");
     row("no such kind", Head + "<module identity=\"KX00000001\" type=\"ZZ\"/>" + Tail, "\"ZZ\" is not a value of type");
@@ -139,7 +139,9 @@ void NetworkFileTest::refusedFiles_data() {
     row("a setting not on offer", Head + FirstModule + "><setting name=\"resolution\" value=\"99\"/></module>" + Tail,
         "does not offer the resolution");
     row("a setting without a number",
-        Head + FirstModule + "><setting name=\"resolution\" value=\"x\"/></module>" + Tail, "line 1: ");
+        Head + FirstModule + "><setting name=\"resolution\" value=\"x\"/></module>" + Tail, "line 1: The setting \"resolution\" needs a whole number, not \"x\"");
+    row("a setting without a value", Head + FirstModule + "><setting name=\"resolution\"/></module>" + Tail,
+        "line 1: The setting \"resolution\" has no value");
     row("a setting twice",
         Head + FirstModule +
             "><setting name=\"resolution\" value=\"14\"/><setting name=\"resolution\" value=\"15\"/></module>" + Tail,
