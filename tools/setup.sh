@@ -14,11 +14,13 @@ declare -A reasons=(
     [python3]="runs the checks of the source tree"
     [clang-format]="checks the layout of the sources"
     [clang-tidy]="looks for common mistakes"
+    [clang]="builds the fuzzers"
     [clazy]="looks for common mistakes in the use of Qt"
 )
 build_packages=(g++ cmake ninja-build qtbase5-dev libpugixml-dev fonts-dejavu-core)
 test_packages=(python3 clang-format)
 lint_packages=(clang-tidy clazy)
+fuzz_packages=(clang)
 
 say() { printf '%s\n' "$*" >&2; }
 

@@ -16,7 +16,7 @@ namespace TavikSimulator {
 class SimulatedNetwork;
 
 /// Everything that a TavikServer finds: networks, modules, time, and the gate before it all.
-class Bench : private Gate::Settler {
+class Bench final : private Gate::Settler {
 public:
     explicit Bench(const BenchDescription& description);
     ~Bench();

@@ -100,30 +100,6 @@ std::string WordFor(Value value, const std::vector<std::pair<std::string, Value>
     return {};
 }
 
-std::string TextOf(const StoredNetwork& network) {
-    pugi::xml_document document;
-    pugi::xml_node declaration = document.append_child(pugi::node_declaration);
-    declaration.append_attribute("version") = "1.0";
-    declaration.append_attribute("encoding") = "UTF-8";
-    pugi::xml_node root = document.append_child(RootName);
-    root.append_attribute("format") = Format;
-    root.append_attribute("name") = network.name.c_str();
-    root.append_attribute("speed") = WordFor(network.speed, SpeedWords()).c_str();
-    for (const StoredModule& module : network.modules) {
-        pugi::xml_node node = root.append_child("module");
-        node.append_attribute("identity") = module.identity.c_str();
-        node.append_attribute("type") = WordFor(module.type, KindWords()).c_str();
-        for (const auto& [name, value] : module.settings) {
-            pugi::xml_node setting = node.append_child("setting");
-            setting.append_attribute("name") = name.c_str();
-            setting.append_attribute("value") = value.c_str();
-        }
-    }
-    std::ostringstream text;
-    document.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
-    return text.str();
-}
-
 /// A file of our own beside the one to be written, which takes its place at the end or goes.
 class FileInWaiting {
 public:
@@ -185,6 +161,30 @@ private:
 
 } // namespace
 
+std::string NetworkText(const StoredNetwork& network) {
+    pugi::xml_document document;
+    pugi::xml_node declaration = document.append_child(pugi::node_declaration);
+    declaration.append_attribute("version") = "1.0";
+    declaration.append_attribute("encoding") = "UTF-8";
+    pugi::xml_node root = document.append_child(RootName);
+    root.append_attribute("format") = Format;
+    root.append_attribute("name") = network.name.c_str();
+    root.append_attribute("speed") = WordFor(network.speed, SpeedWords()).c_str();
+    for (const StoredModule& module : network.modules) {
+        pugi::xml_node node = root.append_child("module");
+        node.append_attribute("identity") = module.identity.c_str();
+        node.append_attribute("type") = WordFor(module.type, KindWords()).c_str();
+        for (const auto& [name, value] : module.settings) {
+            pugi::xml_node setting = node.append_child("setting");
+            setting.append_attribute("name") = name.c_str();
+            setting.append_attribute("value") = value.c_str();
+        }
+    }
+    std::ostringstream text;
+    document.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
+    return text.str();
+}
+
 StoredNetwork ReadNetworkText(const std::string& text, const std::string& name) {
     const BenchSource source(text, name);
     pugi::xml_document document;
@@ -211,7 +211,7 @@ StoredNetwork ReadNetworkFile(const std::string& path) {
 
 void WriteNetworkFile(const StoredNetwork& network, const std::string& path) {
     FileInWaiting file(path);
-    file.Write(TextOf(network));
+    file.Write(NetworkText(network));
     file.TakePlace();
 }
 

@@ -45,6 +45,9 @@ void NamingPlace(const std::string& file, int line, Checks checks) {
     }
 }
 
+/// The text of a network file.
+std::string NetworkText(const StoredNetwork& network);
+
 /// Writes a network file; path in UTF-8. The file appears whole or not at all: when writing fails, which is
 /// a TavikException with file and reason, a file that was there before is as it was.
 void WriteNetworkFile(const StoredNetwork& network, const std::string& path);

@@ -24,6 +24,30 @@ constexpr MeasuringRange sensor{0.0, 30.0, 16383};
 /// Stands in network files for the mastering of a gauge without one.
 const std::string NotMasteredText = "none";
 
+constexpr const char* MasteringSetting = "mastering";
+
+/// Size and pressure of one master and of the other, as a network file has them.
+AirGaugeSettings ReadMasters(const std::string& text) {
+    AirGaugeSettings masters;
+    std::istringstream words(text);
+    const auto next = [&words](double& value, void (*require)(double)) {
+        std::string word;
+        words >> word;
+        value = RealNumber(MasteringSetting, word);
+        require(value);
+    };
+    next(masters.masterMinSize, RequireLength);
+    next(masters.masterMinPressure, RequirePressure);
+    next(masters.masterMaxSize, RequireLength);
+    next(masters.masterMaxPressure, RequirePressure);
+    std::string more;
+    if (words >> more) {
+        Refuse(eTavikErrors::InvalidArgument, "The setting \"mastering\" has four numbers.");
+    }
+    RequireMasters(masters);
+    return masters;
+}
+
 } // namespace
 
 double MasterLine::SizeAt(double pressure) const {
@@ -202,43 +226,24 @@ KeptSetting AirGaugeHardware::KeptLength(const char* name, double AirGaugeSettin
 
 // Sizes and pressures belong together: a line can be made of all four or of none.
 KeptSetting AirGaugeHardware::KeptMastering() {
-    const auto read = [](const std::string& text) {
-        AirGaugeSettings masters;
-        std::istringstream words(text);
-        for (auto [value, require] : {std::pair{&AirGaugeSettings::masterMinSize, RequireLength},
-                                      {&AirGaugeSettings::masterMinPressure, RequirePressure},
-                                      {&AirGaugeSettings::masterMaxSize, RequireLength},
-                                      {&AirGaugeSettings::masterMaxPressure, RequirePressure}}) {
-            std::string word;
-            words >> word;
-            masters.*value = RealNumber("mastering", word);
-            require(masters.*value);
-        }
-        std::string more;
-        if (words >> more) {
-            Refuse(eTavikErrors::InvalidArgument, "The setting \"mastering\" has four numbers.");
-        }
-        RequireMasters(masters);
-        return masters;
-    };
     const auto write = [this] {
         return settings.mastered
                    ? NumberText(settings.masterMinSize) + " " + NumberText(settings.masterMinPressure) + " " +
                          NumberText(settings.masterMaxSize) + " " + NumberText(settings.masterMaxPressure)
                    : NotMasteredText;
     };
-    const auto require = [read](const std::string& text) {
+    const auto require = [](const std::string& text) {
         if (text != NotMasteredText) {
-            read(text);
+            ReadMasters(text);
         }
     };
-    const auto use = [this, read](const std::string& text) {
+    const auto use = [this](const std::string& text) {
         if (text == NotMasteredText) {
             UseDesignLine();
             known = settings;
             return;
         }
-        const AirGaugeSettings masters = read(text);
+        const AirGaugeSettings masters = ReadMasters(text);
         settings.masterMinSize = masters.masterMinSize;
         settings.masterMinPressure = masters.masterMinPressure;
         settings.masterMaxSize = masters.masterMaxSize;
@@ -246,7 +251,7 @@ KeptSetting AirGaugeHardware::KeptMastering() {
         UseMasters();
         known = settings;
     };
-    return {"mastering", write, require, use};
+    return {MasteringSetting, write, require, use};
 }
 
 // Not the pass code: whoever reads the file could read it.

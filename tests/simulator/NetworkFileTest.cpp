@@ -139,7 +139,8 @@ void NetworkFileTest::refusedFiles_data() {
     row("a setting not on offer", Head + FirstModule + "><setting name=\"resolution\" value=\"99\"/></module>" + Tail,
         "does not offer the resolution");
     row("a setting without a number",
-        Head + FirstModule + "><setting name=\"resolution\" value=\"x\"/></module>" + Tail, "line 1: The setting \"resolution\" needs a whole number, not \"x\"");
+        Head + FirstModule + "><setting name=\"resolution\" value=\"x\"/></module>" + Tail,
+        "line 1: The setting \"resolution\" needs a whole number, not \"x\"");
     row("a setting without a value", Head + FirstModule + "><setting name=\"resolution\"/></module>" + Tail,
         "line 1: The setting \"resolution\" has no value");
     row("a setting twice",
