@@ -112,7 +112,7 @@ void NetworkFilesTest::loadThatFails() {
     file.close();
     Choose(BoxKind::OpenFile, QStringLiteral("Open Tavik XML"), name, true);
     boxes.ExpectError(&Window(), QStringLiteral("Error Loading File"),
-                      QStringLiteral("Error: %1: It describes the network \"Beta\", not \"Alpha\".").arg(name));
+                      QStringLiteral("Error: %1, line 1: It describes the network \"Beta\", not \"Alpha\".").arg(name));
     Calls::Take();
     QVERIFY(Operator().Click("btnLoadXML"));
     QVERIFY(Refreshed(Calls::Take()));

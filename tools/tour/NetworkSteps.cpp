@@ -1,6 +1,7 @@
 #include "tools/tour/Steps.h"
 
 #include <QAbstractButton>
+#include <QFile>
 #include <QListWidget>
 
 using namespace TavikSimulator;
@@ -9,6 +10,7 @@ namespace {
 
 const QString errorTitle = QStringLiteral("Error!");
 const QString errorPrefix = QStringLiteral("Error: ");
+const QString fileFilter = QStringLiteral("Tavik XML files (*.xml)");
 
 std::function<void(Tour&)> Press(const char* button) {
     return [button](Tour& tour) { tour.Operator().Click(button); };
@@ -53,6 +55,31 @@ std::function<bool(Tour&)> StandsFromTheEnd(const QString& identity, int places)
     return [=](Tour& tour) { return RowOf(tour, identity) == tour.Rows("listModules").size() - 1 - places; };
 }
 
+void SaveNetwork(Tour& tour) {
+    BoxReply reply;
+    reply.typed = tour.NetworkFile();
+    reply.meanwhile = [&tour](QDialog& box) { tour.ReportDialog(box, QStringLiteral("save-network")); };
+    tour.boxes.ExpectFile(BoxKind::SaveFile, &tour.Window(), QStringLiteral("Save Tavik XML"), fileFilter, reply);
+    tour.Operator().Click("btnSaveXML");
+}
+
+void LoadNetwork(Tour& tour) {
+    BoxReply reply;
+    reply.typed = tour.NetworkFile();
+    tour.boxes.ExpectFile(BoxKind::OpenFile, &tour.Window(), QStringLiteral("Open Tavik XML"), fileFilter, reply);
+    tour.Operator().Click("btnLoadXML");
+}
+
+/// The network is saved and loaded again; the selected module stays selected.
+void AddFileSteps(std::vector<TourStep>& steps, const TourBench& bench) {
+    const Place added{Place::Network, bench.network, bench.wired};
+    steps.push_back({QStringLiteral("network-saved"), added, SaveNetwork,
+                     [](Tour& tour) { return QFile::exists(tour.NetworkFile()); },
+                     Only("Save", QStringLiteral("Error Saving File"), errorPrefix)});
+    steps.push_back({QStringLiteral("network-loaded"), added, LoadNetwork, Listed(bench.wired),
+                     Only("Load", QStringLiteral("Error Loading File"), errorPrefix)});
+}
+
 void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     const Place network{Place::Network, bench.network, QString()};
     const Place added{Place::Network, bench.network, bench.wired};
@@ -68,6 +95,7 @@ void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      LastResortOnly});
     steps.push_back({QStringLiteral("module-moved-down"), added, Press("btnMoveDown"), StandsFromTheEnd(bench.wired, 0),
                      LastResortOnly});
+    AddFileSteps(steps, bench);
     steps.push_back({QStringLiteral("module-deleted"), added, Press("btnDeleteModule"),
                      [bench](Tour& tour) { return RowOf(tour, bench.wired) < 0; },
                      Only("DeleteModule", QStringLiteral("Delete Module"), errorPrefix)});

@@ -6,6 +6,8 @@
 #include "tools/hand/Hand.h"
 #include "tools/tour/TourBench.h"
 
+#include <QTemporaryDir>
+
 #include <functional>
 #include <memory>
 #include <vector>
@@ -49,10 +51,14 @@ public:
     void OnDialog(const std::function<void(QWidget&, const QString&)>& told) { onDialog = told; }
     void ReportDialog(QWidget& dialog, const QString& name);
 
+    /// A file of the tour's own, for a network's description.
+    QString NetworkFile() const { return folder.filePath(QStringLiteral("network.xml")); }
+
     const TourBench bench;
     BoxAnswerer boxes;
 
 private:
+    QTemporaryDir folder;
     std::function<void(QWidget&, const QString&)> onDialog;
     std::unique_ptr<MainWindow> window;
 };
