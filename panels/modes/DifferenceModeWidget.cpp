@@ -166,7 +166,7 @@ void DifferenceModeWidget::WatchRun() {
         }
         Refresh();
         mainWindow->ShowActivity(
-            QStringLiteral("Difference mode: %1 modules enabled, %2 readings so far of this one, %3 seconds")
+            QStringLiteral("Difference mode: modules enabled: %1, readings so far: %2, seconds: %3")
                 .arg(ui->tbEnabledCount->text(), ui->tbNumReads->text())
                 .arg(sinceStart.elapsed() / 1000));
         SleepMicroseconds(pauseMicroseconds);

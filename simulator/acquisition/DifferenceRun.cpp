@@ -61,17 +61,19 @@ public:
     }
 
     void ProgressTo(double seconds) override {
-        if (network.acquisition.difference != AcquisitionState::DifferenceRunning || seconds <= progressedTo) {
+        if (network.acquisition.difference != AcquisitionState::DifferenceRunning) {
             return;
         }
         if (!AllAnswer(seconds)) {
             network.acquisition.difference = AcquisitionState::DifferenceEnded;
             return;
         }
-        for (Participant& participant : participants) {
-            Accumulate(participant, progressedTo, seconds);
+        if (seconds > progressedTo) {
+            for (Participant& participant : participants) {
+                Accumulate(participant, progressedTo, seconds);
+            }
+            progressedTo = seconds;
         }
-        progressedTo = seconds;
     }
 
 private:
