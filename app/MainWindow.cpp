@@ -54,6 +54,8 @@ MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_uniqu
     ui->tableNetworks->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     LastResort::Run([this] { ShowLibrary(); });
     modulePages->RemoveFrom(serverPages);
+    // Nothing to read from until a network is selected.
+    ui->readBurstWidget->setCommandsEnabled(false);
 }
 
 MainWindow::~MainWindow() = default;

@@ -58,6 +58,7 @@ void ModulePages::Add(TavikLibrary::TavikNetwork* network, TavikLibrary::TavikMo
     if (network->ReadBurstCapable()) {
         pages.tabs->addTab(pages.readBurst.page, QStringLiteral("Readburst Mode"));
         pages.readBurst.panel->setNetwork(&server, network);
+        pages.readBurst.panel->setCommandsEnabled(network->IsConnected());
     }
 }
 

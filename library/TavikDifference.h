@@ -14,6 +14,7 @@ public:
     ModuleDifference& operator=(const ModuleDifference&) = delete;
 
     bool Enabled();
+    /// Throws TavikException for a module that is not difference capable, and while a run is on.
     void setEnabled(bool enabled);
     /// Fetches the current values from a module that is in a run; the others answer from the last fetch.
     void ReadDifference();
@@ -46,8 +47,10 @@ public:
     int Status();
     /// Number of enabled modules.
     int Count();
+    /// Begins a run of all enabled modules. Throws TavikException, and begins nothing, when there is none, when one
+    /// of them does not answer, and while the network collects readings already.
     void Start();
-    /// Does nothing when no run is on.
+    /// Ends the run and fetches the results of all modules that took part. Does nothing when no run is on.
     void Stop();
 
 private:

@@ -65,6 +65,8 @@ enum class eTavikErrors : int {
     OverRange = 0x2113,         ///< the reading lies above the stroke; its value is the upper limit
     SignalFault = 0x2114,       ///< no reading: the encoder's signals make no sense
     BeamOff = 0x2115,           ///< no reading: the laser's beam is off
+    NoModuleEnabled = 0x2118,   ///< a run was to start for which no module is enabled
+    StopAwaited = 0x2119,       ///< a run has ended by itself and has to be stopped before the next one
     ReadingUnsettled = 0x10001, ///< warning: the reading was taken before the module had settled
     NotMastered = 0x10002,      ///< warning: the reading was taken by an air gauge that is not mastered
     BelowLimit = 0x10003,       ///< warning: the reading lies below the limit that is set on a hand tool

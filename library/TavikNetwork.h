@@ -67,7 +67,8 @@ public:
     bool ReadBurstCapable();
     /// Number of modules, from the first on without a gap, that take part in a read burst.
     int ReadBurstCapableCount();
-    /// Reads the modules 0 to count - 1 at one instant. Returns a result code, 0 for success.
+    /// Reads the modules 0 to count - 1 at one instant and leaves the readings in them as their last ones, each with
+    /// a result code of its own. Returns the result code of the burst, 0 for success; count is set on success only.
     int Readburst(int& count);
 
     bool SpeedAvailable(eNetSpeed speed);

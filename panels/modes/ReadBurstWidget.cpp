@@ -1,13 +1,128 @@
 #include "panels/modes/ReadBurstWidget.h"
 
+#include "library/TavikModule.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikServer.h"
+#include "panels/common/MessageBoxes.h"
+#include "panels/common/TableCopy.h"
+#include "panels/common/Wait.h"
+#include "panels/common/WaitCursor.h"
 #include "ui_ReadBurstWidget.h"
+
+#include <chrono>
+
+using TavikLibrary::eTavikErrors;
+
+namespace {
+
+enum Column { IdentityColumn, ReadingColumn, StatusColumn };
+
+/// How long bursts are counted against the clock.
+constexpr int timedSeconds = 5;
+
+/// Whether a module that answers with this result code has a reading to go with it.
+bool HasReading(int code) {
+    switch (static_cast<eTavikErrors>(code)) {
+    case eTavikErrors::NoError:
+    case eTavikErrors::UnderRange:
+    case eTavikErrors::OverRange:
+    case eTavikErrors::ReadingUnsettled:
+        return true;
+    default:
+        return false;
+    }
+}
+
+QString RateText(int bursts, int modules) {
+    const int rate = bursts / timedSeconds;
+    return QStringLiteral("%1 read bursts per second with %2 modules.\nTotal number of module reads per second: %3.")
+        .arg(rate)
+        .arg(modules)
+        .arg(modules * rate);
+}
+
+} // namespace
 
 ReadBurstWidget::ReadBurstWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::ReadBurstWidget>()) {
     ui->setupUi(this);
+    ui->tableReadings->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    OfferCopying(ui->tableReadings);
 }
 
 ReadBurstWidget::~ReadBurstWidget() = default;
 
-void ReadBurstWidget::setNetwork(TavikLibrary::TavikServer*, TavikLibrary::TavikNetwork*) {}
+void ReadBurstWidget::setNetwork(TavikLibrary::TavikServer* newServer, TavikLibrary::TavikNetwork* newNetwork) {
+    server = newServer;
+    network = newNetwork;
+    ui->tableReadings->setRowCount(0);
+    ui->tbContCapModules->setText(QString::number(network->ReadBurstCapableCount()));
+    int capable = 0;
+    for (int index = 0; index < network->ModuleCount(); ++index) {
+        capable += network->GetModule(static_cast<unsigned int>(index))->ReadBurstCapable() ? 1 : 0;
+    }
+    ui->tbTotalCapmodules->setText(QString::number(capable));
+}
 
-void ReadBurstWidget::setCommandsEnabled(bool) {}
+void ReadBurstWidget::setCommandsEnabled(bool enable) {
+    ui->btnTimeReadings->setEnabled(enable);
+    ui->btnReadInCounts->setEnabled(enable);
+    ui->btnReadInUnits->setEnabled(enable);
+}
+
+void ReadBurstWidget::on_btnReadInUnits_clicked() {
+    readBurst(true);
+}
+
+void ReadBurstWidget::on_btnReadInCounts_clicked() {
+    readBurst(false);
+}
+
+void ReadBurstWidget::readBurst(bool inUnits) {
+    ui->tableReadings->setRowCount(0);
+    Guarded(this, QStringLiteral("Readburst"), QStringLiteral("Error: "), [&] {
+        int count = 0;
+        ReadOnce(count);
+        ui->tableReadings->setRowCount(count);
+        for (int row = 0; row < count; ++row) {
+            ShowModule(row, network->GetModule(static_cast<unsigned int>(row)), inUnits);
+        }
+    });
+}
+
+void ReadBurstWidget::ReadOnce(int& count) {
+    const int code = network->Readburst(count);
+    if (code != static_cast<int>(eTavikErrors::NoError)) {
+        throw std::runtime_error(server->GetErrorDescription(code));
+    }
+}
+
+void ReadBurstWidget::ShowModule(int row, TavikLibrary::TavikModule* module, bool inUnits) {
+    const auto show = [&](Column column, const QString& text) {
+        ui->tableReadings->setItem(row, column, new QTableWidgetItem(text));
+    };
+    show(IdentityColumn, FromLibrary(module->Identity()));
+    const int code = module->LastResultCode();
+    show(StatusColumn, FromLibrary(server->GetErrorDescription(code)));
+    if (HasReading(code)) {
+        // Counts have the decimals of units, so that both are read in the same way.
+        show(ReadingColumn, FormatUnits(inUnits ? module->LastReadingInUnits() : module->LastReadingInCounts()));
+    }
+}
+
+void ReadBurstWidget::on_btnTimeReadings_clicked() {
+    int bursts = 0;
+    int count = 0;
+    Guarded(this, QStringLiteral("Readburst Error"), QString(), [&] { CountBursts(bursts, count); });
+    ShowInformationBox(this, QStringLiteral("Readburst Timer"), RateText(bursts, count));
+}
+
+void ReadBurstWidget::CountBursts(int& bursts, int& count) {
+    using Clock = std::chrono::system_clock;
+    const WaitCursor waitCursor;
+    SleepMicroseconds(500);
+    const Clock::time_point deadline = Clock::now() + std::chrono::seconds(timedSeconds);
+    while (Clock::now() < deadline) {
+        ReadOnce(count);
+        ++bursts;
+    }
+}

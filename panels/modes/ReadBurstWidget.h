@@ -5,6 +5,7 @@
 #include <memory>
 
 namespace TavikLibrary {
+class TavikModule;
 class TavikNetwork;
 class TavikServer;
 } // namespace TavikLibrary
@@ -13,7 +14,8 @@ namespace Ui {
 class ReadBurstWidget;
 }
 
-/// The page of read bursts.
+/// The page of read bursts: one synchronised set of readings of all modules from the first on that can take part, and
+/// how many such sets there are in a second.
 class ReadBurstWidget : public QWidget {
     Q_OBJECT
 
@@ -23,9 +25,24 @@ public:
 
     /// Throws what the library throws.
     void setNetwork(TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network);
-    /// Enables or disables what the page offers. Throws what the library throws.
+    /// Enables or disables what the page offers; to be enabled only after it has got a network.
     void setCommandsEnabled(bool enable);
 
+private slots:
+    void on_btnReadInUnits_clicked();
+    void on_btnReadInCounts_clicked();
+    void on_btnTimeReadings_clicked();
+
 private:
+    void readBurst(bool inUnits);
+    /// Reads one burst; a result code other than success becomes an exception. The count is that of the modules read,
+    /// and stays as it is when the burst fails.
+    void ReadOnce(int& count);
+    void ShowModule(int row, TavikLibrary::TavikModule* module, bool inUnits);
+    /// Counts bursts and the modules of the last one, as far as a failure lets it get.
+    void CountBursts(int& bursts, int& count);
+
     std::unique_ptr<Ui::ReadBurstWidget> ui;
+    TavikLibrary::TavikServer* server = nullptr;
+    TavikLibrary::TavikNetwork* network = nullptr;
 };

@@ -14,12 +14,6 @@ void AcquisitionState::StopBuffered() {
     }
 }
 
-void AcquisitionState::StopDifference() {
-    if (difference == DifferenceRunning || difference == DifferenceEnded) {
-        difference = DifferenceFinished;
-    }
-}
-
 void AcquisitionState::StopDynamic() {
     if (dynamic == eDynamicState::Running || dynamic == eDynamicState::Stopping) {
         dynamic = eDynamicState::ResultsAvailable;
@@ -28,7 +22,6 @@ void AcquisitionState::StopDynamic() {
 
 void AcquisitionState::StopAll() {
     StopBuffered();
-    StopDifference();
     StopDynamic();
 }
 

@@ -16,7 +16,6 @@ struct AcquisitionState {
     bool Running() const;
     /// Each does nothing when its mode does not run.
     void StopBuffered();
-    void StopDifference();
     void StopDynamic();
     void StopAll();
 };

@@ -9,9 +9,14 @@
 /// Difference mode of a network.
 class TavikLibrary::NetworkDifference::Implementation {
 public:
-    explicit Implementation(TavikSimulator::SimulatedNetwork& owner)
-        : network(owner), name("difference " + owner.Name()) {}
+    Implementation(TavikSimulator::Bench& owner, TavikSimulator::SimulatedNetwork& simulated)
+        : bench(owner), network(simulated), name("difference " + simulated.Name()) {}
 
+    /// Lets a call take the time in which every module that takes part is asked for its results; called without
+    /// the lock.
+    void SpendFetching();
+
+    TavikSimulator::Bench& bench;
     TavikSimulator::SimulatedNetwork& network;
     const std::string name; ///< in the journal
 };
@@ -21,6 +26,20 @@ class TavikLibrary::ModuleDifference::Implementation {
 public:
     explicit Implementation(TavikModule::Implementation& owner)
         : module(owner), name("difference " + owner.hardware->Identity()) {}
+
+    /// A call that the library answers by itself.
+    template <class Body, class... Args>
+    auto Local(const char* operation, Body body, const Args&... args) {
+        return module.LocalOf(name, operation, body, args...);
+    }
+
+    /// One of the values that were fetched last.
+    template <class Value>
+    Value Fetched(const char* operation, Value TavikSimulator::DifferenceValues::*value) {
+        return Local(operation, [&] { return module.differenceValues.*value; });
+    }
+
+    void SetEnabled(bool enabled);
 
     TavikModule::Implementation& module;
     const std::string name; ///< in the journal

@@ -1,5 +1,8 @@
 #include "library/TavikDifference.h"
 #include "simulator/acquisition/DifferenceMode.h"
+#include "simulator/bench/Bench.h"
+
+#include <mutex>
 
 namespace TavikLibrary {
 
@@ -15,9 +18,31 @@ int NetworkDifference::Status() {
                              [&self] { return static_cast<int>(self.network.acquisition.difference); });
 }
 
+int NetworkDifference::Count() {
+    Implementation& self = *implementation;
+    return self.network.Call(self.name, "Count", [&self] { return self.network.difference.EnabledCount(); });
+}
+
+void NetworkDifference::Start() {
+    Implementation& self = *implementation;
+    self.bench.gate.Call(
+        self.name, "Start", [&self] { self.network.SpendTransactions(1); },
+        [&self] { self.network.difference.Start(); });
+}
+
 void NetworkDifference::Stop() {
     Implementation& self = *implementation;
-    self.network.Call(self.name, "Stop", [&self] { self.network.acquisition.StopDifference(); });
+    self.bench.gate.Call(
+        self.name, "Stop", [&self] { self.SpendFetching(); }, [&self] { self.network.difference.Stop(); });
+}
+
+void NetworkDifference::Implementation::SpendFetching() {
+    int modules = 0;
+    {
+        const std::lock_guard lock(bench.gate.mutex);
+        modules = network.difference.TakingPart();
+    }
+    network.SpendTransactions(modules);
 }
 
 } // namespace TavikLibrary

@@ -54,19 +54,35 @@ void Bench::Schedule(const Event& event) {
 }
 
 void Bench::Settle() {
-    if (events.empty()) {
+    if (events.empty() && followed.empty()) {
         return;
     }
     const double now = clock.Now();
     while (!events.empty() && events.back().at <= now) {
         Event event = events.back();
         events.pop_back();
+        ProgressTo(event.at);
         Happen(event);
         if (event.description.every > 0.0) {
             event.at += event.description.every;
             Schedule(event);
         }
     }
+    ProgressTo(now);
+}
+
+void Bench::ProgressTo(double seconds) {
+    for (Ongoing* ongoing : followed) {
+        ongoing->ProgressTo(seconds);
+    }
+}
+
+void Bench::Follow(Ongoing& ongoing) {
+    followed.push_back(&ongoing);
+}
+
+void Bench::Forget(Ongoing& ongoing) {
+    followed.erase(std::remove(followed.begin(), followed.end(), &ongoing), followed.end());
 }
 
 void Bench::Happen(const Event& event) {

@@ -47,6 +47,8 @@ const ErrorText Texts[] = {
     {eTavikErrors::SignalFault, "Signal fault",
      "The encoder's signals make no sense; it is wired in another way than the interface is set to."},
     {eTavikErrors::BeamOff, "Beam off", "The laser's beam is off."},
+    {eTavikErrors::NoModuleEnabled, "No module enabled", "No module is enabled for the run."},
+    {eTavikErrors::StopAwaited, "Stop awaited", "The last run has ended by itself; stop it first."},
     {eTavikErrors::ReadingUnsettled, "Reading unsettled",
      "Warning: the reading was taken before the module had settled."},
     {eTavikErrors::NotMastered, "Not mastered", "Warning: the reading was taken by an air gauge that is not mastered."},

@@ -44,6 +44,11 @@ TavikModule* ModuleList::At(unsigned int index) {
     return entry.module.get();
 }
 
+TavikModule::Implementation& ModuleList::ImplementationAt(int index) {
+    At(static_cast<unsigned int>(index));
+    return *list[static_cast<std::size_t>(index)].implementation;
+}
+
 int ModuleList::IndexOf(const std::string& identity) const {
     for (std::size_t i = 0; i < list.size(); ++i) {
         if (list[i].hardware->Identity() == identity) {
@@ -70,10 +75,7 @@ void ModuleList::RequireChangeable() const {
         Refuse(eTavikErrors::NotifyRunning,
                "A notify run is going on on network \"" + network.Name() + "\"; stop it first.");
     }
-    if (network.acquisition.Running()) {
-        Refuse(eTavikErrors::AcquisitionRunning,
-               "Network \"" + network.Name() + "\" is collecting readings; stop that first.");
-    }
+    network.RequireNotCollecting();
 }
 
 void ModuleList::RequireIndex(int index) const {

@@ -28,6 +28,8 @@ public:
     int Count() const { return static_cast<int>(list.size()); }
     /// The library's object for a list position; the same one as long as the module stays in the list.
     TavikLibrary::TavikModule* At(unsigned int index);
+    /// What is behind that object.
+    TavikLibrary::TavikModule::Implementation& ImplementationAt(int index);
     int IndexOf(const std::string& identity) const;
     const ModuleHardware& HardwareAt(int index) const;
     std::vector<std::string> Identities() const;

@@ -18,7 +18,7 @@ public:
           network(simulated),
           name("network " + simulated.Name()),
           buffered(new NetworkBuffered::Implementation(simulated)),
-          difference(new NetworkDifference::Implementation(simulated)),
+          difference(new NetworkDifference::Implementation(owner, simulated)),
           dynamic(new TavikDynamic::Implementation(simulated)) {}
 
     /// A call that is answered whether the network is connected or not.
@@ -54,6 +54,9 @@ public:
         }
         network.SpendTransactions(modules);
     }
+
+    /// The same for a read burst.
+    void SpendReadBurst();
 
     TavikSimulator::Bench& bench;
     TavikSimulator::SimulatedNetwork& network;

@@ -27,7 +27,8 @@ double TransactionTime(eNetSpeed speed) {
 }
 
 SimulatedNetwork::SimulatedNetwork(Bench& ownerBench, const NetworkDescription& networkDescription)
-    : bench(ownerBench),
+    : difference(ownerBench, *this),
+      bench(ownerBench),
       description(networkDescription),
       controllerID(description.controller),
       text(description.description),
@@ -41,6 +42,12 @@ SimulatedNetwork::~SimulatedNetwork() = default;
 void SimulatedNetwork::RequireConnected() const {
     if (!connected) {
         Refuse(eTavikErrors::NetworkNotConnected, "Network \"" + Name() + "\" is not connected.");
+    }
+}
+
+void SimulatedNetwork::RequireNotCollecting() const {
+    if (acquisition.Running()) {
+        Refuse(eTavikErrors::AcquisitionRunning, "Network \"" + Name() + "\" is collecting readings; stop that first.");
     }
 }
 
@@ -61,6 +68,7 @@ void SimulatedNetwork::Disconnect() {
     connected = false;
     modules.CancelNotifying();
     acquisition.StopAll();
+    difference.Abandon();
 }
 
 void SimulatedNetwork::SetPresent(bool nowPresent) {
@@ -81,6 +89,7 @@ void SimulatedNetwork::SetSpeed(eNetSpeed wanted) {
         Refuse(eTavikErrors::NotifyRunning,
                "A notify run is going on on network \"" + Name() + "\"; stop it before setting the speed.");
     }
+    RequireNotCollecting();
     if (!ControllerCanWorkAt(wanted)) {
         Refuse(eTavikErrors::SpeedNotAvailable,
                "The controller of network \"" + Name() + "\" cannot work at the speed " + name + ".");

@@ -2,6 +2,7 @@
 
 #include "library/TavikNetwork.h"
 #include "simulator/acquisition/AcquisitionState.h"
+#include "simulator/acquisition/DifferenceRun.h"
 #include "simulator/bench/Bench.h"
 #include "simulator/bench/Clock.h"
 #include "simulator/bench/Description.h"
@@ -16,6 +17,9 @@ namespace TavikSimulator {
 
 /// Time that one transaction takes (a question to a module and its answer), in seconds.
 double TransactionTime(TavikLibrary::eNetSpeed speed);
+/// Time that a read burst of so many modules takes, in seconds: one command to all of them, and their answers one
+/// after another without a question to each.
+double ReadBurstTime(TavikLibrary::eNetSpeed speed, int modules);
 
 /// A controller and the modules behind it. Guarded by the bench's lock, but for what says otherwise.
 class SimulatedNetwork {
@@ -40,6 +44,8 @@ public:
     bool IsConnected() const { return connected; }
     bool IsPresent() const { return present; }
     void RequireConnected() const;
+    /// Throws TavikException while readings are being collected.
+    void RequireNotCollecting() const;
     /// How long Connect will take, in seconds; needs no lock.
     double ConnectTime() const { return connected ? 0.0 : description.connectTime; }
     void Connect();
@@ -58,10 +64,14 @@ public:
 
     /// Lets a call take the time of so many transactions on this network's wires; called without the lock.
     void SpendTransactions(int count);
+    /// The same for a read burst of so many modules.
+    void SpendReadBurst(int modules);
 
     /// The modules, after those of a notify run whose time has come have been let in.
     ModuleList& Modules();
     int ReadBurstCapableCount();
+    /// Reads the modules that take part in a read burst. Returns a result code; count is set on success only.
+    int ReadBurst(int& count);
 
     /// The library's object for this network; the same one as long as there is a server.
     TavikLibrary::TavikNetwork* Object();
@@ -69,6 +79,7 @@ public:
     void EndObjects();
 
     AcquisitionState acquisition;
+    DifferenceRun difference;
     bool known = false; ///< found by FindNetworks
 
 private:

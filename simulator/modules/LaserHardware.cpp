@@ -101,6 +101,10 @@ Reading RatedLaserHardware::ReadAt(double seconds) const {
     return LaserHardware::ReadAt(static_cast<double>(instant - instant % period) / 1e9);
 }
 
+double RatedLaserHardware::ReadingPeriod() const {
+    return 1.0 / *ValuesPerSecond(rate);
+}
+
 void RatedLaserHardware::RequireOnOffer(eMeasuringRate newRate) const {
     if (!Offers(Description().laser, newRate)) {
         Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the measuring rate " +

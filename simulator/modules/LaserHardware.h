@@ -50,6 +50,7 @@ public:
     explicit RatedLaserHardware(const ModuleDescription& description);
 
     Reading ReadAt(double seconds) const override;
+    double ReadingPeriod() const override;
 
     TavikLibrary::eMeasuringRate MeasuringRate() const { return rate; }
     /// Throws TavikException, and changes nothing, for a rate that is not on offer.

@@ -26,6 +26,10 @@ Reading ModuleHardware::ReadAt(double seconds) const {
     return Digitise(signal.At(seconds), range);
 }
 
+double ModuleHardware::ReadingPeriod() const {
+    return 0.001;
+}
+
 double ModuleHardware::CountsPerUnit() const {
     return description.countsPerUnit;
 }

@@ -31,6 +31,8 @@ public:
 
     /// The module's reading at a bench time in seconds.
     virtual Reading ReadAt(double seconds) const;
+    /// From one reading to the next when the module reads by itself, in seconds.
+    virtual double ReadingPeriod() const;
     virtual double CountsPerUnit() const;
     /// The measuring range and its unit, as they are now.
     virtual double Offset() const;

@@ -1,5 +1,6 @@
 #include "simulator/modules/ModuleImplementation.h"
 
+#include "library/TavikException.h"
 #include "simulator/acquisition/BufferedMode.h"
 #include "simulator/acquisition/DifferenceMode.h"
 #include "simulator/bench/ErrorTexts.h"
@@ -23,6 +24,7 @@ TavikModule::Implementation::Implementation(TavikSimulator::Bench& ownerBench,
 TavikModule::Implementation::~Implementation() = default;
 
 const TavikSimulator::Reading& TavikModule::Implementation::Read(std::optional<int> code) {
+    network.RequireNotCollecting();
     hardware->RequireReadable();
     last = hardware->ReadAt(bench.clock.Now());
     if (!code && TavikSimulator::ComesWithoutReading(last.code)) {
@@ -32,6 +34,19 @@ const TavikSimulator::Reading& TavikModule::Implementation::Read(std::optional<i
     }
     last.code = code.value_or(last.code);
     return last;
+}
+
+void TavikModule::Implementation::KeepReadingOf(double seconds) {
+    if (!hardware->Answers(seconds)) {
+        last.code = static_cast<int>(eTavikErrors::ModuleNotResponding);
+        return;
+    }
+    try {
+        hardware->RequireReadable();
+        last = hardware->ReadAt(seconds);
+    } catch (const TavikException& exception) {
+        last.code = exception.ErrorCode();
+    }
 }
 
 void TavikModule::Implementation::RequireListed() {

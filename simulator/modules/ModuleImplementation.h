@@ -3,6 +3,7 @@
 #include "library/TavikBuffered.h"
 #include "library/TavikDifference.h"
 #include "library/TavikModule.h"
+#include "simulator/acquisition/DifferenceTally.h"
 #include "simulator/bench/Bench.h"
 #include "simulator/bench/SimulatedNetwork.h"
 #include "simulator/modules/ModuleHardware.h"
@@ -104,6 +105,12 @@ public:
     /// Takes a reading and keeps it as the last one; a code given from outside replaces its own. Throws
     /// TavikException when the module answers without a reading.
     const TavikSimulator::Reading& Read(std::optional<int> code);
+    /// Takes the reading of a bench time, in seconds, and keeps it as the last one; whatever keeps the module from
+    /// giving one becomes its result code.
+    void KeepReadingOf(double seconds);
+
+    void RequireListed();
+    void RequireAnswer();
 
     TavikSimulator::Bench& bench;
     TavikSimulator::SimulatedNetwork& network;
@@ -120,7 +127,7 @@ public:
     std::unique_ptr<ModuleDifference> difference;
     std::unique_ptr<TavikSimulator::ModuleExtras> extras;
 
-private:
-    void RequireListed();
-    void RequireAnswer();
+    bool differenceEnabled = false;
+    /// As they were fetched last.
+    TavikSimulator::DifferenceValues differenceValues;
 };

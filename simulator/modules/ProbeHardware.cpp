@@ -37,6 +37,11 @@ Reading ProbeHardware::ReadAt(double seconds) const {
     return physics.ReadAt(seconds);
 }
 
+double ProbeHardware::ReadingPeriod() const {
+    constexpr int fewestSamples = 4;
+    return std::max(fewestSamples, physics.AveragingSamples()) * physics.SamplePeriod();
+}
+
 double ProbeHardware::CountsPerUnit() const {
     return physics.CountsPerUnit();
 }

@@ -13,6 +13,8 @@ public:
     explicit ProbeHardware(const ModuleDescription& description);
 
     Reading ReadAt(double seconds) const override;
+    /// The time in which all samples of a reading are collected anew, and never less than that of 4 samples.
+    double ReadingPeriod() const override;
     double CountsPerUnit() const override;
     void PowerOn(double seconds) override;
 

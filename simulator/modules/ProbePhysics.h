@@ -75,6 +75,8 @@ public:
 
     int ResolutionBits() const { return resolutionBits; }
     int AveragingSamples() const { return averagingSamples; }
+    /// Between two samples, in seconds.
+    double SamplePeriod() const { return static_cast<double>(samplePeriod) / 1e9; }
     double LowPassCutoff() const { return lowPass ? lowPass->Cutoff() : 0.0; }
     double Offset() const { return range.offset; }
     double Stroke() const { return range.stroke; }
