@@ -65,6 +65,7 @@ enum class eTavikErrors : int {
     OverRange = 0x2113,         ///< the reading lies above the stroke; its value is the upper limit
     SignalFault = 0x2114,       ///< no reading: the encoder's signals make no sense
     BeamOff = 0x2115,           ///< no reading: the laser's beam is off
+    MarkNotFound = 0x2128,      ///< no reading at the reference mark: it has not been found
     ReadingUnsettled = 0x10001, ///< warning: the reading was taken before the module had settled
     NotMastered = 0x10002,      ///< warning: the reading was taken by an air gauge that is not mastered
     BelowLimit = 0x10003,       ///< warning: the reading lies below the limit that is set on a hand tool

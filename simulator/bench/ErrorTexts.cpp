@@ -47,6 +47,7 @@ const ErrorText Texts[] = {
     {eTavikErrors::SignalFault, "Signal fault",
      "The encoder's signals make no sense; it is wired in another way than the interface is set to."},
     {eTavikErrors::BeamOff, "Beam off", "The laser's beam is off."},
+    {eTavikErrors::MarkNotFound, "Mark not found", "The linear encoder's reference mark has not been found."},
     {eTavikErrors::ReadingUnsettled, "Reading unsettled",
      "Warning: the reading was taken before the module had settled."},
     {eTavikErrors::NotMastered, "Not mastered", "Warning: the reading was taken by an air gauge that is not mastered."},
