@@ -180,6 +180,8 @@ void LinearEncoderHardware::Find(std::optional<int> recall, double seconds) {
     Follow(seconds);
     const std::int64_t instant = NanosecondsOf(seconds);
     foundCount.reset();
+    // A hand that has not finished yet lets go.
+    hand.reset();
     const double tip = TipWithoutNoise(instant);
     search = {recall, instant, tip};
     if (const auto& comesAfter = Description().linearEncoder.hand) {
