@@ -67,6 +67,7 @@ enum class eTavikErrors : int {
     BeamOff = 0x2115,           ///< no reading: the laser's beam is off
     NoModuleEnabled = 0x2118,   ///< a run was to start for which no module is enabled
     StopAwaited = 0x2119,       ///< a run has ended by itself and has to be stopped before the next one
+    MarkNotFound = 0x2128,      ///< no reading at the reference mark: it has not been found
     ReadingUnsettled = 0x10001, ///< warning: the reading was taken before the module had settled
     NotMastered = 0x10002,      ///< warning: the reading was taken by an air gauge that is not mastered
     BelowLimit = 0x10003,       ///< warning: the reading lies below the limit that is set on a hand tool

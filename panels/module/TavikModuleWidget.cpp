@@ -8,6 +8,7 @@
 #include "library/TavikModulePNX.h"
 #include "library/TavikModuleQTA.h"
 #include "library/TavikModuleRLK.h"
+#include "library/TavikModuleRN.h"
 #include "panels/airgauge/ModulePNXWidget.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
@@ -21,6 +22,7 @@
 #include "panels/types/ModuleHVXWidget.h"
 #include "panels/types/ModuleKXwidget.h"
 #include "panels/types/ModuleQTAWidget.h"
+#include "panels/types/ModuleRNWidget.h"
 #include "panels/types/ModuleSWAX2Widget.h"
 #include "panels/types/ModuleSWAXWidget.h"
 #include "panels/wireless/moduleRLKWidget.h"
@@ -286,6 +288,7 @@ void TavikModuleWidget::OpenTypePanels() {
     // The first that fits is the only one.
     OpenTypePanelFor<ModuleHVXWidget, TavikLibrary::TavikModuleHVX>() ||
         OpenTypePanelFor<ModuleQTAWidget, TavikLibrary::TavikModuleQTA>() ||
+        OpenTypePanelFor<ModuleRNWidget, TavikLibrary::TavikModuleRN>() ||
         OpenTypePanelFor<ModuleSWAXWidget, TavikLibrary::TavikModuleSWAX>() ||
         OpenTypePanelFor<ModuleSWAX2Widget, TavikLibrary::TavikModuleSWAX2>() ||
         OpenTypePanelFor<moduleRLKWidget, TavikLibrary::TavikModuleRLK>();

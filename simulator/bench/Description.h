@@ -52,6 +52,7 @@ struct ModuleDescription {
     std::vector<TavikLibrary::eAveraging> averagings;   ///< on offer, in display order
     bool display = false;                               ///< an air gauge with a display
     EncoderDescription encoder;
+    LinearEncoderDescription linearEncoder;
     PinsDescription pins;
     LaserDescription laser;
     ReadModeDescription readMode;

@@ -49,6 +49,7 @@ const ErrorText Texts[] = {
     {eTavikErrors::BeamOff, "Beam off", "The laser's beam is off."},
     {eTavikErrors::NoModuleEnabled, "No module enabled", "No module is enabled for the run."},
     {eTavikErrors::StopAwaited, "Stop awaited", "The last run has ended by itself; stop it first."},
+    {eTavikErrors::MarkNotFound, "Mark not found", "The linear encoder's reference mark has not been found."},
     {eTavikErrors::ReadingUnsettled, "Reading unsettled",
      "Warning: the reading was taken before the module had settled."},
     {eTavikErrors::NotMastered, "Not mastered", "Warning: the reading was taken by an air gauge that is not mastered."},

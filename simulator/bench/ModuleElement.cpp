@@ -130,9 +130,9 @@ ModuleDescription ReadOne(BenchElement& element) {
     if (type == eModuleType::PNX) {
         module.display = element.Flag("display", module.display);
     }
-    ReadKindOfModule(element, module);
     ReadCapabilities(element, module);
     ReadRange(element, module);
+    ReadKindOfModule(element, module);
     ReadProbeSettings(element, module);
     ReadPlace(element, module);
     return module;

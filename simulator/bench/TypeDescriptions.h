@@ -26,6 +26,12 @@ struct EncoderDescription {
     double markEvery = 0.0;     ///< lines from one mark to the next; 0 for a single mark
 };
 
+/// A linear encoder's reference mark, and the hand that moves its tip.
+struct LinearEncoderDescription {
+    std::optional<double> mark; ///< in the module's unit; a quarter of the stroke from its beginning if none is given
+    std::optional<double> hand = 3.0; ///< seconds from the beginning of a search until the hand comes; none for never
+};
+
 /// An output that is wired to an input of the same module.
 struct WireDescription {
     int from = 0;

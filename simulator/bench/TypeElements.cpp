@@ -34,6 +34,21 @@ void ReadEncoder(BenchElement& element, EncoderDescription& encoder) {
     }
 }
 
+void ReadLinearEncoder(BenchElement& element, ModuleDescription& module) {
+    LinearEncoderDescription& encoder = module.linearEncoder;
+    if (element.Has("mark")) {
+        encoder.mark = element.Number("mark", 0.0, -FarthestLine, FarthestLine);
+        if (*encoder.mark < module.offset || *encoder.mark > module.offset + module.stroke) {
+            element.Fail("The reference mark lies within the measuring range.");
+        }
+    }
+    if (element.Text("hand") == "never") {
+        encoder.hand.reset();
+    } else if (element.Has("hand")) {
+        encoder.hand = element.Number("hand", 0.0, 0.0, LongestTime);
+    }
+}
+
 /// The pins that can be outputs and those that can be inputs: bit i stands for pin i.
 struct PinMasks {
     int outputs;
@@ -173,6 +188,8 @@ void ReadReadMode(BenchElement& element, ReadModeDescription& readMode) {
 
 void ReadKindOfModule(BenchElement& element, ModuleDescription& module) {
     switch (module.type) {
+    case eModuleType::RN:
+        return ReadLinearEncoder(element, module);
     case eModuleType::QTA:
         return ReadEncoder(element, module.encoder);
     case eModuleType::SWAX:

@@ -2,6 +2,7 @@
 
 #include "simulator/bench/ErrorTexts.h"
 #include "simulator/modules/EncoderCounter.h"
+#include "simulator/signals/SignalSteps.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,22 +17,6 @@ using TavikLibrary::eRefAction;
 using TavikLibrary::eTavikErrors;
 
 namespace {
-
-constexpr double ShortestStep = 0.001; // seconds
-constexpr double LongestStep = 1.0;    // seconds
-
-// The encoder's way is followed in steps that are short against everything it does.
-std::int64_t StepFor(const SignalDescription& signal) {
-    constexpr double stepsPerPeriod = 256.0;
-    double shortest = LongestStep * stepsPerPeriod;
-    if (signal.motion != Motion::Still && signal.motion != Motion::Ramp) {
-        shortest = std::min(shortest, signal.period);
-    }
-    for (const Harmonic& harmonic : signal.harmonics) {
-        shortest = std::min(shortest, signal.revolution / harmonic.lobes);
-    }
-    return NanosecondsOf(std::clamp(shortest / stepsPerPeriod, ShortestStep, LongestStep));
-}
 
 template <class Value>
 void RequireKnown(Value value, Value last, const std::string& identity, const char* what) {

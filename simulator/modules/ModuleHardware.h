@@ -76,6 +76,7 @@ protected:
     /// The signal has changed; it has been changed in the description already.
     virtual void UseSignal(const SignalDescription& signal);
     const Signal& Felt() const { return signal; }
+    const MeasuringRange& Range() const { return range; }
     /// What the module says of itself, for a module that can come to say something else.
     ModuleDescription& Information() { return description; }
 

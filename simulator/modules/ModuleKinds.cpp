@@ -14,6 +14,7 @@
 #include "simulator/modules/DigitalIOHardware.h"
 #include "simulator/modules/EncoderHardware.h"
 #include "simulator/modules/LaserHardware.h"
+#include "simulator/modules/LinearEncoderHardware.h"
 #include "simulator/modules/ModuleHardware.h"
 #include "simulator/modules/ProbeHardware.h"
 #include "simulator/modules/ReadModeHardware.h"
@@ -182,7 +183,7 @@ const std::vector<ModuleKind>& ModuleKinds() {
     using namespace TavikLibrary;
     static const std::vector<ModuleKind> kinds = {
         {eModuleType::KX, "KX", Probe, MakeHardware<ProbeHardware>, Make<TavikModuleKX>},
-        {eModuleType::RN, "RN", LinearEncoder, MakeHardware<ModuleHardware>, Make<TavikModuleRN>},
+        {eModuleType::RN, "RN", LinearEncoder, MakeHardware<LinearEncoderHardware>, Make<TavikModuleRN>},
         {eModuleType::QTA, "QTA", EncoderInterface, MakeHardware<EncoderHardware>, Make<TavikModuleQTA>},
         {eModuleType::HVX, "HVX", ReadModeModule, MakeHardware<ReadModeHardware>, Make<TavikModuleHVX>},
         {eModuleType::SWAX, "SWAX", EightPins, MakeEightPins, Make<TavikModuleSWAX>},

@@ -11,13 +11,17 @@ using TavikLibrary::eTavikErrors;
 namespace {
 
 Reading ReadingOf(eTavikErrors code, int counts, const MeasuringRange& range) {
-    return {static_cast<int>(code), counts, range.offset + counts * range.stroke / range.fullScale};
+    return {static_cast<int>(code), counts, UnitsOf(counts, range)};
 }
 
 } // namespace
 
 double CountsPerUnit(const MeasuringRange& range) {
     return range.fullScale / range.stroke;
+}
+
+double UnitsOf(int counts, const MeasuringRange& range) {
+    return range.offset + counts * range.stroke / range.fullScale;
 }
 
 Reading Digitise(double position, const MeasuringRange& range) {

@@ -17,6 +17,8 @@ struct MeasuringRange {
 };
 
 double CountsPerUnit(const MeasuringRange& range);
+/// The value of a count, in the module's unit.
+double UnitsOf(int counts, const MeasuringRange& range);
 
 /// The reading that a module gives of a position (in its unit, on the scale its readings are on): the
 /// nearest count, and the unit value of that count. A position that rounds below the stroke reads as

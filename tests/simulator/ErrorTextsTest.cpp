@@ -36,6 +36,7 @@ const eTavikErrors Known[] = {
     eTavikErrors::OverRange,
     eTavikErrors::SignalFault,
     eTavikErrors::BeamOff,
+    eTavikErrors::MarkNotFound,
     eTavikErrors::ReadingUnsettled,
     eTavikErrors::NotMastered,
     eTavikErrors::BelowLimit,

@@ -4,6 +4,7 @@
 #include "panels/types/ModuleHVXWidget.h"
 #include "panels/types/ModuleKXwidget.h"
 #include "panels/types/ModuleQTAWidget.h"
+#include "panels/types/ModuleRNWidget.h"
 #include "panels/types/ModuleSWAX2Widget.h"
 #include "panels/types/ModuleSWAXWidget.h"
 #include "tests/panels/types/PanelTest.h"
@@ -19,7 +20,7 @@
 namespace {
 
 /// The modules of the bench in their order, and the panels that each of them gets.
-const char* const types[] = {"KX", "HVX", "QTA", "SWAX", "SWAX2", "BW", "BWR", "BWK"};
+const char* const types[] = {"KX", "HVX", "QTA", "SWAX", "SWAX2", "BW", "BWR", "BWK", "RN"};
 
 QString Bench() {
     QString modules;
@@ -84,6 +85,7 @@ void PlacesTest::Modules() {
         {beam, probe},
         {QStringLiteral("ModuleBWRWidget at right"), beam, probe},
         {QStringLiteral("ModuleBWKWidget at right"), beam, probe},
+        {QStringLiteral("ModuleRNWidget at reference")},
     };
     for (int row = 0; row < places.size(); ++row) {
         QTest::newRow(types[row]) << row << places.at(row);
@@ -160,12 +162,12 @@ void PlacesTest::afterThePageIsLaidOutAnew() {
 
 void PlacesTest::oldPanelsAreGone() {
     OpenModule(Bench(), 0);
-    for (int row = 1; row < 8; ++row) {
+    for (int row = 1; row < 9; ++row) {
         QVERIFY(Operator().SelectPage("tabNetwork"));
         QVERIFY(Operator().SelectRow("listModules", row));
         QVERIFY(Operator().SelectPage("tabModule"));
         Settle();
-        const int expected = row < 5 ? 1 : row == 5 ? 2 : 3;
+        const int expected = row < 5 || row == 8 ? 1 : row == 5 ? 2 : 3;
         QCOMPARE(Window().findChildren<TypePanel*>().size(), expected);
     }
 }
