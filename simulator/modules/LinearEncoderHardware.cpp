@@ -65,15 +65,25 @@ void LinearEncoderHardware::PowerOn(double seconds) {
     datum = {0, PositionAt(seconds).counts};
 }
 
-void LinearEncoderHardware::SetDirection(eDirection newDirection, double seconds) {
+void LinearEncoderHardware::RequireDirection(eDirection newDirection) const {
     if (newDirection != eDirection::Normal && newDirection != eDirection::Reversed) {
         Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " has no counting direction " +
                                                   std::to_string(static_cast<int>(newDirection)) + ".");
     }
+}
+
+void LinearEncoderHardware::SetDirection(eDirection newDirection, double seconds) {
+    RequireDirection(newDirection);
     Follow(seconds);
     const int position = PositionAt(seconds).counts;
     datum = {CountAt(position), position};
     direction = newDirection;
+}
+
+std::vector<KeptSetting> LinearEncoderHardware::KeptSettings(double seconds) {
+    return {KeptNumber<eDirection>(
+        "direction", [this] { return direction; }, [this](eDirection wanted) { RequireDirection(wanted); },
+        [this, seconds](eDirection wanted) { SetDirection(wanted, seconds); })};
 }
 
 void LinearEncoderHardware::PresetInCounts(int counts, double seconds) {

@@ -40,7 +40,13 @@ public:
     /// Nothing when no search is on.
     void StopSearch(double seconds);
 
+protected:
+    /// The direction; the datum is lost without power, and a file does not bring it back.
+    std::vector<KeptSetting> KeptSettings(double seconds) override;
+
 private:
+    void RequireDirection(TavikLibrary::eDirection direction) const;
+
     /// The count that belongs to a position; positions in counts from the lower limit of the stroke.
     struct Datum {
         std::int64_t count = 0;

@@ -4,6 +4,7 @@
 #include "library/TavikModulePNX.h"
 #include "library/TavikModuleQTA.h"
 #include "library/TavikModuleRLK.h"
+#include "library/TavikModuleRN.h"
 #include "tests/simulator/Bench.h"
 
 #include <QFile>
@@ -59,6 +60,10 @@ const QMap<QByteArray, Kind>& Kinds() {
                                  Shown(encoder.HoldOff()),        Shown(encoder.DynamicMasterMode())};
           },
           "<setting name=\"quadrature-mode\" value=\"5\"/>", "has no quadrature mode 5"}},
+        {"linear encoder",
+         {"type=\"RN\"", [](TavikModule* module) { As<TavikModuleRN>(module).setDirection(eDirection::Reversed); },
+          [](TavikModule* module) { return QStringList{Shown(As<TavikModuleRN>(module).Direction())}; },
+          "<setting name=\"direction\" value=\"2\"/>", "has no counting direction 2"}},
         {"digital I/O",
          {"type=\"SWAX\"",
           [](TavikModule* module) {
