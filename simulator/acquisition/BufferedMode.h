@@ -20,8 +20,22 @@ public:
 class TavikLibrary::ModuleBuffered::Implementation {
 public:
     explicit Implementation(TavikModule::Implementation& owner)
-        : module(owner), name("buffered " + owner.hardware->Identity()) {}
+        : module(owner), settings(owner.hardware->buffered), name("buffered " + owner.hardware->Identity()) {}
+
+    /// A call that changes a setting; refused while the network's buffered mode runs.
+    template <class Body, class... Args>
+    void Set(const char* operation, Body body, const Args&... args) {
+        module.LocalOf(
+            name, operation,
+            [&] {
+                module.network.RequireConnected();
+                module.network.RequireBufferedAtRest();
+                body();
+            },
+            args...);
+    }
 
     TavikModule::Implementation& module;
+    TavikSimulator::BufferedModule& settings;
     const std::string name; ///< in the journal
 };

@@ -54,18 +54,31 @@ void Bench::Schedule(const Event& event) {
 }
 
 void Bench::Settle() {
-    if (events.empty()) {
+    if (events.empty() && !Collecting()) {
         return;
     }
     const double now = clock.Now();
     while (!events.empty() && events.back().at <= now) {
         Event event = events.back();
         events.pop_back();
+        CollectUntil(event.at);
         Happen(event);
         if (event.description.every > 0.0) {
             event.at += event.description.every;
             Schedule(event);
         }
+    }
+    CollectUntil(now);
+}
+
+bool Bench::Collecting() const {
+    return std::any_of(networks.begin(), networks.end(),
+                       [](const auto& network) { return network->acquisition.Running(); });
+}
+
+void Bench::CollectUntil(double seconds) {
+    for (const auto& network : networks) {
+        network->CollectUntil(seconds);
     }
 }
 

@@ -52,6 +52,8 @@ private:
         EventDescription description;
     };
     void Schedule(const Event& event);
+    bool Collecting() const;
+    void CollectUntil(double seconds);
     void Happen(const Event& event);
 
     std::uint64_t seed;

@@ -132,6 +132,7 @@ ModuleDescription ReadOne(BenchElement& element) {
     }
     ReadKindOfModule(element, module);
     ReadCapabilities(element, module);
+    module.bufferDepth = static_cast<int>(element.Whole("buffer-depth", module.bufferDepth, 1, LargestBufferDepth));
     ReadRange(element, module);
     ReadProbeSettings(element, module);
     ReadPlace(element, module);
