@@ -1,7 +1,6 @@
 #include "panels/types/DigitalIOControls.h"
 
 #include <QComboBox>
-#include <QRadioButton>
 
 #include <algorithm>
 #include <array>
@@ -14,13 +13,6 @@ namespace {
 constexpr std::array<int, 5> debounceMilliseconds{0, 5, 10, 25, 50};
 
 } // namespace
-
-void Check(QRadioButton* button, bool checked) {
-    // An exclusive pair would hold on to its last checked button.
-    button->setAutoExclusive(checked);
-    button->setChecked(checked);
-    button->setAutoExclusive(true);
-}
 
 void ShowDebounceTime(QComboBox* combo, int milliseconds) {
     const auto entry = std::find(debounceMilliseconds.begin(), debounceMilliseconds.end(), milliseconds);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panels/common/Fields.h"
+
 #include <optional>
 #include <utility>
 
@@ -13,9 +15,6 @@ struct RadioPair {
     QRadioButton* low;
     QRadioButton* high;
 };
-
-/// Checks or unchecks one button of a pair. Unlike a click, this can leave both unchecked.
-void Check(QRadioButton* button, bool checked);
 
 /// Shows a level: 0 checks the low button, 1 the high one, any other level neither. Each button has the
 /// level read for itself, so a level that changes in between shows as it is last.
