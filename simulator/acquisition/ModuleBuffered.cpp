@@ -30,7 +30,7 @@ eBufferedMode ModuleBuffered::Mode() {
 }
 
 void ModuleBuffered::setMode(eBufferedMode mode) {
-    implementation->Set(
+    implementation->SetSampling(
         "setMode", [&] { implementation->settings.SetMode(mode); }, mode);
 }
 
@@ -40,7 +40,7 @@ bool ModuleBuffered::Enabled() {
 }
 
 void ModuleBuffered::setEnabled(bool enabled) {
-    implementation->Set(
+    implementation->SetPart(
         "setEnabled", [&] { implementation->settings.SetEnabled(enabled); }, enabled);
 }
 
@@ -50,7 +50,7 @@ int ModuleBuffered::ReadingInterval() {
 }
 
 void ModuleBuffered::setReadingInterval(int microseconds) {
-    implementation->Set(
+    implementation->SetSampling(
         "setReadingInterval", [&] { implementation->settings.SetInterval(microseconds); }, microseconds);
 }
 

@@ -345,6 +345,10 @@ void BufferedModeTest::SettingsAreRefusedWhileRunning() {
     QVERIFY(refused(RefusalOf([&] { network->Start(); })));
     QVERIFY(refused(RefusalOf([&] { network.Network()->DeleteModule(1); })));
     QVERIFY(refused(RefusalOf([&] { network.Network()->ClearModules(); })));
+    // How a module samples that takes no part does not matter to the run.
+    network.At(1)->setMode(SampleMode);
+    network.At(1)->setReadingInterval(8192);
+    QCOMPARE(network.At(1)->TTUs(), 80);
     QCOMPARE(network->Status(), 1);
     QCOMPARE(network->EnabledCount(), 1);
     QCOMPARE(network.At(0)->Mode(), SyncMode);
