@@ -67,6 +67,10 @@ enum class eTavikErrors : int {
     BeamOff = 0x2115,           ///< no reading: the laser's beam is off
     NoModuleEnabled = 0x2118,   ///< a run was to start for which no module is enabled
     StopAwaited = 0x2119,       ///< a run has ended by itself and has to be stopped before the next one
+    BufferOverrun = 0x2120, ///< the buffer was full; what came after this reading was lost
+    DroppedOut = 0x2121,    ///< the module dropped out of a collection; there are no readings from here on
+    NoSuchReading = 0x2122,
+    NotRunning = 0x2123,
     MarkNotFound = 0x2128,      ///< no reading at the reference mark: it has not been found
     ReadingUnsettled = 0x10001, ///< warning: the reading was taken before the module had settled
     NotMastered = 0x10002,      ///< warning: the reading was taken by an air gauge that is not mastered

@@ -12,7 +12,7 @@ void ShowInField(QLineEdit* field, const QString& text) {
 }
 
 void Check(QRadioButton* button, bool checked) {
-    // An exclusive pair would hold on to its last checked button.
+    // Exclusive buttons would hold on to the last checked one.
     button->setAutoExclusive(checked);
     button->setChecked(checked);
     button->setAutoExclusive(true);

@@ -8,5 +8,5 @@ class QString;
 /// the field.
 void ShowInField(QLineEdit* field, const QString& text);
 
-/// Checks or unchecks one button of a pair. Unlike a click, this can leave both unchecked.
+/// Checks or unchecks one of several buttons that exclude each other. Unlike a click, this can leave all unchecked.
 void Check(QRadioButton* button, bool checked);

@@ -20,8 +20,38 @@ public:
 class TavikLibrary::ModuleBuffered::Implementation {
 public:
     explicit Implementation(TavikModule::Implementation& owner)
-        : module(owner), name("buffered " + owner.hardware->Identity()) {}
+        : module(owner), settings(owner.hardware->buffered), name("buffered " + owner.hardware->Identity()) {}
+
+    /// A call that changes how the module samples; refused while it takes part in a run.
+    template <class Body, class... Args>
+    void SetSampling(const char* operation, Body body, const Args&... args) {
+        Set(
+            operation, [this] { return settings.Enabled(); }, body, args...);
+    }
+
+    /// A call that changes whether the module takes part; refused during a run.
+    template <class Body, class... Args>
+    void SetPart(const char* operation, Body body, const Args&... args) {
+        Set(
+            operation, [] { return true; }, body, args...);
+    }
 
     TavikModule::Implementation& module;
+    TavikSimulator::BufferedModule& settings;
     const std::string name; ///< in the journal
+
+private:
+    template <class Matters, class Body, class... Args>
+    void Set(const char* operation, Matters matters, Body body, const Args&... args) {
+        module.LocalOf(
+            name, operation,
+            [&] {
+                module.network.RequireConnected();
+                if (matters()) {
+                    module.network.RequireBufferedAtRest();
+                }
+                body();
+            },
+            args...);
+    }
 };

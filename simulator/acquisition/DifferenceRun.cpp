@@ -46,7 +46,7 @@ void Accumulate(Participant& participant, double after, double until) {
 } // namespace
 
 /// The modules that take part in a run, and how far it has gone.
-class DifferenceRun::Collection : public Ongoing {
+class DifferenceRun::Collection {
 public:
     Collection(SimulatedNetwork& owner, double now) : network(owner), progressedTo(now) {}
 
@@ -60,7 +60,7 @@ public:
         return found == participants.end() ? nullptr : &*found;
     }
 
-    void ProgressTo(double seconds) override {
+    void ProgressTo(double seconds) {
         if (network.acquisition.difference != AcquisitionState::DifferenceRunning) {
             return;
         }
@@ -138,7 +138,6 @@ void DifferenceRun::Start() {
     }
     collection = std::move(started);
     network.acquisition.difference = AcquisitionState::DifferenceRunning;
-    bench.Follow(*collection);
 }
 
 void DifferenceRun::Stop() {
@@ -153,20 +152,21 @@ void DifferenceRun::Stop() {
             participant.module->differenceValues.code = static_cast<int>(eTavikErrors::ModuleNotResponding);
         }
     }
-    End();
+    collection.reset();
     network.acquisition.difference = AcquisitionState::DifferenceFinished;
 }
 
 void DifferenceRun::Abandon() {
     if (collection) {
-        End();
+        collection.reset();
         network.acquisition.difference = AcquisitionState::DifferenceIdle;
     }
 }
 
-void DifferenceRun::End() {
-    bench.Forget(*collection);
-    collection.reset();
+void DifferenceRun::ProgressTo(double seconds) {
+    if (collection) {
+        collection->ProgressTo(seconds);
+    }
 }
 
 void DifferenceRun::Fetch(Module& module) {

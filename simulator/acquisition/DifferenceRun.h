@@ -29,6 +29,8 @@ public:
     void Stop();
     /// The network is gone; what was not fetched is lost.
     void Abandon();
+    /// Takes the readings that were due until a bench time.
+    void ProgressTo(double seconds);
     /// Fetches what a module has accumulated so far. Throws TavikException when it does not answer. Does nothing for
     /// a module that takes no part.
     void Fetch(TavikLibrary::TavikModule::Implementation& module);
@@ -37,7 +39,6 @@ private:
     class Collection;
 
     void RequireStartable() const;
-    void End();
 
     Bench& bench;
     SimulatedNetwork& network;

@@ -9,10 +9,40 @@ NetworkBuffered::~NetworkBuffered() {
     delete implementation;
 }
 
+int NetworkBuffered::EnabledCount() {
+    Implementation& self = *implementation;
+    return self.network.Call(self.name, "EnabledCount", [&self] { return self.network.BufferedEnabledCount(); });
+}
+
 int NetworkBuffered::Status() {
     Implementation& self = *implementation;
     return self.network.Call(self.name, "Status",
                              [&self] { return static_cast<int>(self.network.acquisition.buffered); });
+}
+
+int NetworkBuffered::MasterIndex() {
+    Implementation& self = *implementation;
+    return self.network.Call(self.name, "MasterIndex", [&self] { return self.network.BufferedMasterIndex(); });
+}
+
+void NetworkBuffered::setMasterIndex(int index) {
+    Implementation& self = *implementation;
+    self.network.Call(
+        self.name, "setMasterIndex", [&] { self.network.SetBufferedMaster(index); }, index);
+}
+
+void NetworkBuffered::Start() {
+    Implementation& self = *implementation;
+    self.network.CallAfter(
+        self.name, "Start", [&self] { self.network.SpendTransactions(self.network.BufferedTransactions()); },
+        [&self] { self.network.StartBuffered(); });
+}
+
+void NetworkBuffered::Sample() {
+    Implementation& self = *implementation;
+    self.network.CallAfter(
+        self.name, "Sample", [&self] { self.network.SpendTransactions(1); },
+        [&self] { self.network.SampleBuffered(); });
 }
 
 void NetworkBuffered::Stop() {

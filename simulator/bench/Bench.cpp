@@ -54,35 +54,32 @@ void Bench::Schedule(const Event& event) {
 }
 
 void Bench::Settle() {
-    if (events.empty() && followed.empty()) {
+    if (events.empty() && !Collecting()) {
         return;
     }
     const double now = clock.Now();
     while (!events.empty() && events.back().at <= now) {
         Event event = events.back();
         events.pop_back();
-        ProgressTo(event.at);
+        CollectUntil(event.at);
         Happen(event);
         if (event.description.every > 0.0) {
             event.at += event.description.every;
             Schedule(event);
         }
     }
-    ProgressTo(now);
+    CollectUntil(now);
 }
 
-void Bench::ProgressTo(double seconds) {
-    for (Ongoing* ongoing : followed) {
-        ongoing->ProgressTo(seconds);
+bool Bench::Collecting() const {
+    return std::any_of(networks.begin(), networks.end(),
+                       [](const auto& network) { return network->acquisition.Running(); });
+}
+
+void Bench::CollectUntil(double seconds) {
+    for (const auto& network : networks) {
+        network->CollectUntil(seconds);
     }
-}
-
-void Bench::Follow(Ongoing& ongoing) {
-    followed.push_back(&ongoing);
-}
-
-void Bench::Forget(Ongoing& ongoing) {
-    followed.erase(std::remove(followed.begin(), followed.end(), &ongoing), followed.end());
 }
 
 void Bench::Happen(const Event& event) {

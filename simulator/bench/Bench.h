@@ -15,17 +15,6 @@ namespace TavikSimulator {
 
 class SimulatedNetwork;
 
-/// Something on the bench that goes on by itself while time passes, such as a collection of readings.
-class Ongoing {
-public:
-    /// Lets happen what is due up to a bench time in seconds. Whatever changes on the bench does so after this has
-    /// been told of the moment of the change.
-    virtual void ProgressTo(double seconds) = 0;
-
-protected:
-    ~Ongoing() = default;
-};
-
 /// Everything that a TavikServer finds: networks, modules, time, and the gate before it all.
 class Bench final : private Gate::Settler {
 public:
@@ -50,9 +39,6 @@ public:
     std::uint64_t SeedOf(const std::string& identity) const;
     /// Lets what is due by now happen.
     void Settle() override;
-    /// From now on this is told of the time; until it is forgotten again. Not to be called from ProgressTo.
-    void Follow(Ongoing& ongoing);
-    void Forget(Ongoing& ongoing);
 
     /// A server begins or ends; with the last one all objects of the library end.
     void Attach();
@@ -66,13 +52,13 @@ private:
         EventDescription description;
     };
     void Schedule(const Event& event);
+    bool Collecting() const;
+    void CollectUntil(double seconds);
     void Happen(const Event& event);
-    void ProgressTo(double seconds);
 
     std::uint64_t seed;
     std::vector<std::unique_ptr<SimulatedNetwork>> networks;
     std::vector<Event> events; ///< the next one last
-    std::vector<Ongoing*> followed;
     int servers = 0;
     std::unique_ptr<TavikLibrary::TavikNetworks> networksObject;
 };

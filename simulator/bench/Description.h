@@ -33,6 +33,10 @@ struct ModuleCapabilities {
     bool readBurst = false;
 };
 
+/// What a module's buffer holds unless the bench file says otherwise, and the most that it may say.
+constexpr int DefaultBufferDepth = 16384;
+constexpr int LargestBufferDepth = 4000000;
+
 struct ModuleDescription {
     TavikLibrary::eModuleType type = TavikLibrary::eModuleType::Unknown;
     std::string identity;
@@ -45,6 +49,7 @@ struct ModuleDescription {
     double countsPerUnit = 1.0; ///< of a probe it follows from resolution and stroke
     bool hotSwappable = false;
     ModuleCapabilities capabilities;
+    int bufferDepth = DefaultBufferDepth; ///< readings that its buffer holds in buffered mode
     std::vector<TavikLibrary::eNetSpeed> speeds;
     int resolutionBits = 14;
     int averagingSamples = 1;

@@ -2,6 +2,7 @@
 
 #include "library/TavikEnums.h"
 #include "library/TavikModuleKX.h"
+#include "library/TavikReading.h"
 
 #include <cstdio>
 #include <string>
@@ -49,6 +50,10 @@ inline std::string JournalText(TavikLibrary::eAveraging value) {
 template <class Value, std::enable_if_t<std::is_integral_v<Value> || std::is_enum_v<Value>, int> = 0>
 std::string JournalText(Value value) {
     return std::to_string(static_cast<long long>(value));
+}
+
+inline std::string JournalText(const TavikLibrary::TavikReading& value) {
+    return std::to_string(value.resultCode) + ", " + std::to_string(value.counts) + ", " + JournalText(value.units);
 }
 
 template <class Object>

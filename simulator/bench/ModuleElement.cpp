@@ -131,6 +131,7 @@ ModuleDescription ReadOne(BenchElement& element) {
         module.display = element.Flag("display", module.display);
     }
     ReadCapabilities(element, module);
+    module.bufferDepth = static_cast<int>(element.Whole("buffer-depth", module.bufferDepth, 1, LargestBufferDepth));
     ReadRange(element, module);
     ReadKindOfModule(element, module);
     ReadProbeSettings(element, module);

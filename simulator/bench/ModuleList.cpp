@@ -70,6 +70,14 @@ std::vector<std::string> ModuleList::Identities() const {
     return identities;
 }
 
+std::vector<ModuleHardware*> ModuleList::Listed() const {
+    std::vector<ModuleHardware*> listed;
+    for (const Entry& entry : list) {
+        listed.push_back(entry.hardware.get());
+    }
+    return listed;
+}
+
 void ModuleList::RequireChangeable() const {
     if (notify) {
         Refuse(eTavikErrors::NotifyRunning,
@@ -289,11 +297,17 @@ void ModuleList::TakeInReplacements() {
 }
 
 void ModuleList::RequireAllAnswer() const {
-    for (const Entry& entry : list) {
-        if (!entry.hardware->Answers(bench.clock.Now())) {
-            Refuse(eTavikErrors::ModuleNotResponding,
-                   "Module " + entry.hardware->Identity() + " on network \"" + network.Name() + "\" does not answer.");
-        }
+    const double now = bench.clock.Now();
+    for (int index = 0; index < Count(); ++index) {
+        RequireAnswer(index, now);
+    }
+}
+
+void ModuleList::RequireAnswer(int index, double now) const {
+    const ModuleHardware& hardware = HardwareAt(index);
+    if (!hardware.Answers(now)) {
+        Refuse(eTavikErrors::ModuleNotResponding,
+               "Module " + hardware.Identity() + " on network \"" + network.Name() + "\" does not answer.");
     }
 }
 

@@ -33,6 +33,8 @@ public:
     int IndexOf(const std::string& identity) const;
     const ModuleHardware& HardwareAt(int index) const;
     std::vector<std::string> Identities() const;
+    /// The modules in the list, in order.
+    std::vector<ModuleHardware*> Listed() const;
 
     void Add(const std::string& identity, const std::string& probeIdentity);
     void Delete(int index);
@@ -42,6 +44,10 @@ public:
     void ApplyPositions();
     void TakeInReplacements();
     void RequireAllAnswer() const;
+    void RequireAnswer(int index, double now) const;
+    void RequireIndex(int index) const;
+    /// Neither a notify run nor a collection is going on.
+    void RequireChangeable() const;
 
     /// The list as a network file keeps it.
     std::vector<StoredModule> Stored(double now) const;
@@ -79,8 +85,6 @@ private:
         std::string connector; ///< the identity that its T-connector remembers
     };
 
-    void RequireChangeable() const;
-    void RequireIndex(int index) const;
     void Append(const std::shared_ptr<ModuleHardware>& hardware);
     void Retire(Entry& entry);
     void PutBackOnWire(Entry& entry);

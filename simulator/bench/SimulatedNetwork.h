@@ -3,6 +3,7 @@
 #include "library/TavikNetwork.h"
 #include "simulator/acquisition/AcquisitionState.h"
 #include "simulator/acquisition/DifferenceRun.h"
+#include "simulator/acquisition/BufferedCollection.h"
 #include "simulator/bench/Bench.h"
 #include "simulator/bench/Clock.h"
 #include "simulator/bench/Description.h"
@@ -10,6 +11,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,7 +34,13 @@ public:
     /// A call of one of the network's objects that the library answers by itself.
     template <class Body, class... Args>
     auto Call(const std::string& object, const char* operation, Body body, const Args&... args) {
-        return bench.gate.Call(object, operation, NoWait{}, body, args...);
+        return CallAfter(object, operation, NoWait{}, body, args...);
+    }
+
+    /// The same for a call that takes time.
+    template <class Wait, class Body, class... Args>
+    auto CallAfter(const std::string& object, const char* operation, Wait wait, Body body, const Args&... args) {
+        return bench.gate.Call(object, operation, wait, body, args...);
     }
 
     /// Never changes; needs no lock.
@@ -78,6 +86,20 @@ public:
     /// Ends the library's objects of this network and its modules.
     void EndObjects();
 
+    /// Each of these throws TavikException, and changes nothing, when it cannot be done.
+    void RequireBufferedAtRest() const;
+    void SetBufferedMaster(int index);
+    void StartBuffered();
+    void SampleBuffered();
+    int BufferedEnabledCount();
+    /// List position of the module that triggers samples; -1 for the controller.
+    int BufferedMasterIndex();
+    /// How many transactions a start takes; called without the lock.
+    int BufferedTransactions();
+
+    /// Takes the readings of running collections that were due until a bench time.
+    void CollectUntil(double seconds);
+
     AcquisitionState acquisition;
     DifferenceRun difference;
     bool known = false; ///< found by FindNetworks
@@ -93,6 +115,8 @@ private:
     int failedTriesLeft;
     Bus bus;
     ModuleList modules;
+    std::string bufferedMaster; ///< identity; empty for the controller
+    std::optional<BufferedCollection> bufferedRun;
     std::unique_ptr<TavikLibrary::TavikNetwork> object;
 };
 

@@ -18,6 +18,8 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
+constexpr std::size_t StepsRemembered = 1024;
+
 template <class Value>
 void RequireKnown(Value value, Value last, const std::string& identity, const char* what) {
     const int number = static_cast<int>(value);
@@ -39,8 +41,9 @@ bool HappensOnce(eRefAction action) {
 
 EncoderHardware::EncoderHardware(const ModuleDescription& description)
     : ModuleHardware(description), master(description.identity, true), step(StepFor(description.signal)) {
-    made.position = Felt().WithoutNoise(0);
-    seen = made;
+    seen.position = Felt().WithoutNoise(0);
+    seen.straightFrom = seen.position;
+    way.push_back(seen);
 }
 
 Reading EncoderHardware::ReadAt(double seconds) const {
@@ -61,8 +64,8 @@ Reading EncoderHardware::ReadAt(double seconds) const {
 
 void EncoderHardware::PowerOn(double seconds) {
     Arrive(seconds);
-    made.count = 0;
-    seen = made;
+    way.back().count = 0;
+    seen = way.back();
 }
 
 eRefAction EncoderHardware::RefAction(double seconds) const {
@@ -72,8 +75,8 @@ eRefAction EncoderHardware::RefAction(double seconds) const {
 void EncoderHardware::SetRefAction(eRefAction action, double seconds) {
     RequireKnown(action, eRefAction::Preset, Identity(), "reference action");
     Arrive(seconds);
-    made.action = action;
-    seen = made;
+    way.back().action = action;
+    seen = way.back();
 }
 
 void EncoderHardware::SetQuadratureMode(eQuadratureMode newMode, double seconds) {
@@ -132,24 +135,58 @@ std::vector<KeptSetting> EncoderHardware::KeptSettings(double seconds) {
     return kept;
 }
 
+// Somebody turned the encoder by hand, at once.
 void EncoderHardware::UseSignal(const SignalDescription& signal) {
-    made = seen;
     step = StepFor(signal);
+    way.assign(1, seen);
+    State& from = way.back();
+    const double position = Felt().WithoutNoise(from.instant);
+    from.gone += CountsGone(from.position, position, Description().encoder.output, mode);
+    from.straightFrom = position;
+}
+
+std::int64_t EncoderHardware::TriggerCountAt(double seconds) const {
+    const std::int64_t instant = NanosecondsOf(seconds);
+    return instant > seen.instant ? StateAt(seconds).gone : GoneAt(CheckpointBefore(instant), instant);
+}
+
+// Within a step the encoder goes straight on, so that the way that it has gone never gets shorter.
+std::int64_t EncoderHardware::GoneAt(const State& checkpoint, std::int64_t instant) const {
+    if (instant <= checkpoint.instant) {
+        return checkpoint.gone;
+    }
+    const double from = checkpoint.straightFrom;
+    const double to = Felt().WithoutNoise(checkpoint.instant + step);
+    const double part = static_cast<double>(instant - checkpoint.instant) / static_cast<double>(step);
+    const double reached = std::clamp(from + part * (to - from), std::min(from, to), std::max(from, to));
+    return checkpoint.gone + CountsGone(from, reached, Description().encoder.output, mode);
+}
+
+const EncoderHardware::State& EncoderHardware::CheckpointBefore(std::int64_t instant) const {
+    while (way.back().instant + step <= instant) {
+        State next = way.back();
+        StepTo(next, next.instant + step);
+        way.push_back(next);
+        if (way.size() > StepsRemembered) {
+            way.pop_front();
+        }
+    }
+    const std::int64_t index = std::max<std::int64_t>((instant - way.front().instant) / step, 0);
+    return way[static_cast<std::size_t>(index)];
 }
 
 EncoderHardware::State EncoderHardware::StateAt(double seconds) const {
-    const std::int64_t instant = NanosecondsOf(seconds);
-    while (made.instant + step <= instant) {
-        StepTo(made, made.instant + step);
-    }
-    State state = made;
+    State state = CheckpointBefore(NanosecondsOf(seconds));
     // Also at the same instant: somebody may have turned the encoder by hand.
-    StepTo(state, instant);
-    seen = state;
+    StepTo(state, std::max(state.instant, NanosecondsOf(seconds)));
+    if (state.instant >= seen.instant) {
+        seen = state;
+    }
     return state;
 }
 
 void EncoderHardware::StepTo(State& state, std::int64_t instant) const {
+    state.gone = GoneAt(state, instant);
     const double position = Felt().WithoutNoise(instant);
     const double before = state.position;
     if (position != before) {
@@ -157,6 +194,7 @@ void EncoderHardware::StepTo(State& state, std::int64_t instant) const {
         PassMarks(state, position);
     }
     state.position = position;
+    state.straightFrom = position;
     state.instant = instant;
 }
 
@@ -178,7 +216,7 @@ void EncoderHardware::PassMarks(State& state, double position) const {
 }
 
 void EncoderHardware::Arrive(double seconds) {
-    made = StateAt(seconds);
+    way.assign(1, StateAt(seconds));
 }
 
 } // namespace TavikSimulator

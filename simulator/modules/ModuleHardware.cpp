@@ -8,7 +8,8 @@
 namespace TavikSimulator {
 
 ModuleHardware::ModuleHardware(const ModuleDescription& moduleDescription)
-    : present(moduleDescription.place != Place::Absent),
+    : buffered(moduleDescription.identity, moduleDescription.capabilities.buffered, moduleDescription.bufferDepth),
+      present(moduleDescription.place != Place::Absent),
       announcesAfter(moduleDescription.announcesAfter),
       description(moduleDescription),
       signal(moduleDescription.signal) {

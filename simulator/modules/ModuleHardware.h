@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/acquisition/BufferedModule.h"
 #include "simulator/bench/Description.h"
 #include "simulator/bench/NetworkFile.h"
 #include "simulator/modules/KeptSetting.h"
@@ -61,6 +62,8 @@ public:
     /// Holds a still part under the gauge, at a position in its unit.
     virtual void Hold(double position);
     virtual void Release();
+
+    BufferedModule buffered;
 
     bool present = true;
     bool listed = false;

@@ -41,13 +41,8 @@ public:
     /// The same for one of the objects that belong to the module, under its own name in the journal.
     template <class Body, class... Args>
     auto LocalOf(const std::string& object, const char* operation, Body body, const Args&... args) {
-        return bench.gate.Call(
-            object, operation, TavikSimulator::NoWait{},
-            [&] {
-                RequireListed();
-                return body();
-            },
-            args...);
+        return Checked(
+            object, operation, TavikSimulator::NoWait{}, [this] { RequireListed(); }, body, args...);
     }
 
     /// A call that is answered from what the library learned when the network was connected.
@@ -77,23 +72,8 @@ public:
     /// The same for a call that takes another time than that of one transaction.
     template <class Wait, class Body, class... Args>
     auto Asking(const std::string& object, const char* operation, Wait wait, Body body, const Args&... args) {
-        if constexpr (std::is_invocable_v<Body, std::optional<int>>) {
-            return bench.gate.Call(
-                object, operation, wait,
-                [&](std::optional<int> code) {
-                    RequireAnswer();
-                    return body(code);
-                },
-                args...);
-        } else {
-            return bench.gate.Call(
-                object, operation, wait,
-                [&] {
-                    RequireAnswer();
-                    return body();
-                },
-                args...);
-        }
+        return Checked(
+            object, operation, wait, [this] { RequireAnswer(); }, body, args...);
     }
 
     /// The hardware as the kind that it is.
@@ -130,4 +110,26 @@ public:
     bool differenceEnabled = false;
     /// As they were fetched last.
     TavikSimulator::DifferenceValues differenceValues;
+private:
+    template <class Wait, class Check, class Body, class... Args>
+    auto Checked(const std::string& object, const char* operation, Wait wait, Check check, Body body,
+                 const Args&... args) {
+        if constexpr (std::is_invocable_v<Body, std::optional<int>>) {
+            return bench.gate.Call(
+                object, operation, wait,
+                [&](std::optional<int> code) {
+                    check();
+                    return body(code);
+                },
+                args...);
+        } else {
+            return bench.gate.Call(
+                object, operation, wait,
+                [&] {
+                    check();
+                    return body();
+                },
+                args...);
+        }
+    }
 };
