@@ -5,7 +5,8 @@ namespace TavikSimulator {
 using TavikLibrary::eDynamicState;
 
 bool AcquisitionState::Running() const {
-    return buffered == BufferedRunning || difference == DifferenceRunning || dynamic == eDynamicState::Running;
+    return buffered == BufferedRunning || difference == DifferenceRunning || dynamic == eDynamicState::Running ||
+           dynamic == eDynamicState::Stopping;
 }
 
 void AcquisitionState::StopBuffered() {
@@ -20,16 +21,9 @@ void AcquisitionState::StopDifference() {
     }
 }
 
-void AcquisitionState::StopDynamic() {
-    if (dynamic == eDynamicState::Running || dynamic == eDynamicState::Stopping) {
-        dynamic = eDynamicState::ResultsAvailable;
-    }
-}
-
 void AcquisitionState::StopAll() {
     StopBuffered();
     StopDifference();
-    StopDynamic();
 }
 
 } // namespace TavikSimulator

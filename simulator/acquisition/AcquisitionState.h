@@ -14,10 +14,9 @@ struct AcquisitionState {
     TavikLibrary::eDynamicState dynamic = TavikLibrary::eDynamicState::Idle;
 
     bool Running() const;
-    /// Each does nothing when its mode does not run.
+    /// Each does nothing when its mode does not run. Dynamic mode is stopped by its collector.
     void StopBuffered();
     void StopDifference();
-    void StopDynamic();
     void StopAll();
 };
 

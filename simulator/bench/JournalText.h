@@ -2,6 +2,7 @@
 
 #include "library/TavikEnums.h"
 #include "library/TavikModuleKX.h"
+#include "library/TavikReading.h"
 
 #include <cstdio>
 #include <string>
@@ -43,6 +44,11 @@ inline std::string JournalText(TavikLibrary::eResolution value) {
 
 inline std::string JournalText(TavikLibrary::eAveraging value) {
     return TavikLibrary::eAveraging_ToString(value);
+}
+
+inline std::string JournalText(const TavikLibrary::TavikReading& value) {
+    return std::to_string(value.counts) + " (" + JournalText(value.units) + "), code " +
+           std::to_string(value.resultCode);
 }
 
 /// Whole numbers, and enumerations without a text of their own.

@@ -74,6 +74,10 @@ void ModuleList::RequireChangeable() const {
         Refuse(eTavikErrors::AcquisitionRunning,
                "Network \"" + network.Name() + "\" is collecting readings; stop that first.");
     }
+    if (network.dynamic.Enabled()) {
+        Refuse(eTavikErrors::DynamicEnabled,
+               "Network \"" + network.Name() + "\" is enabled for dynamic mode; disable that first.");
+    }
 }
 
 void ModuleList::RequireIndex(int index) const {

@@ -61,6 +61,7 @@ void SimulatedNetwork::Disconnect() {
     connected = false;
     modules.CancelNotifying();
     acquisition.StopAll();
+    dynamic.Disconnect();
 }
 
 void SimulatedNetwork::SetPresent(bool nowPresent) {

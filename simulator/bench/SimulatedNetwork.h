@@ -2,6 +2,7 @@
 
 #include "library/TavikNetwork.h"
 #include "simulator/acquisition/AcquisitionState.h"
+#include "simulator/acquisition/DynamicCollector.h"
 #include "simulator/bench/Bench.h"
 #include "simulator/bench/Clock.h"
 #include "simulator/bench/Description.h"
@@ -9,6 +10,7 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -30,6 +32,21 @@ public:
     auto Call(const std::string& object, const char* operation, Body body, const Args&... args) {
         return bench.gate.Call(object, operation, NoWait{}, body, args...);
     }
+
+    /// The same for a call that takes the time of some transactions; how many is asked for under the lock.
+    template <class Count, class Body, class... Args>
+    auto CallTaking(const std::string& object, const char* operation, Count count, Body body, const Args&... args) {
+        const auto wait = [&] {
+            std::unique_lock lock(bench.gate.mutex);
+            const int transactions = count();
+            lock.unlock();
+            SpendTransactions(transactions);
+        };
+        return bench.gate.Call(object, operation, wait, body, args...);
+    }
+
+    /// The bench's time in seconds; needs no lock.
+    double Now() const { return bench.clock.Now(); }
 
     /// Never changes; needs no lock.
     const std::string& Name() const { return description.name; }
@@ -69,6 +86,7 @@ public:
     void EndObjects();
 
     AcquisitionState acquisition;
+    DynamicCollector dynamic{*this, acquisition.dynamic};
     bool known = false; ///< found by FindNetworks
 
 private:
