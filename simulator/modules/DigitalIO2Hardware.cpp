@@ -63,6 +63,10 @@ int DigitalIO2Hardware::DrivenLevel(int pin, int state, int pull) const {
     return letsGo ? pull : wanted;
 }
 
+std::int64_t DigitalIO2Hardware::TriggerCountAt(double seconds) const {
+    return RisesOfInput(FirstInput, seconds);
+}
+
 int DigitalIO2Hardware::ReadingBit(int pin, double seconds) const {
     if (!IsInput(pin)) {
         return OutputState(pin);

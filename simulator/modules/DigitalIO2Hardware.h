@@ -24,6 +24,8 @@ public:
     void SetOutputMode(TavikLibrary::eDIOOutputMode mode, double seconds);
 
     MasterSettings* Master() override { return &master; }
+    /// The first input (pin 4) triggers each time that it is seen going high, whatever the polarity masks say.
+    std::int64_t TriggerCountAt(double seconds) const override;
 
     MasterSettings master;
 

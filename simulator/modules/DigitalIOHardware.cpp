@@ -94,10 +94,17 @@ void DigitalIOHardware::SetDebounceTime(int milliseconds, double seconds) {
                                                   std::to_string(milliseconds) +
                                                   " ms; it has 0, 5, 10, 15, 25 and 50 ms.");
     }
+    std::vector<std::int64_t> before;
+    for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {
+        before.push_back(RisesOfInput(pin, seconds));
+    }
     for (Wire& wire : wires) {
         wire.line.Settle(seconds, DebounceSeconds());
     }
     debounceTime = milliseconds;
+    for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {
+        At(pin).risesMissed = before[static_cast<std::size_t>(pin)] - SeenRises(pin, seconds);
+    }
 }
 
 int DigitalIOHardware::DrivenLevel(int, int state, int) const {
@@ -133,6 +140,24 @@ int DigitalIOHardware::LevelOfInput(int pin, double seconds) const {
         }
     }
     return (Description().pins.inputs >> pin) & 1;
+}
+
+std::int64_t DigitalIOHardware::RisesOfInput(int pin, double seconds) const {
+    return SeenRises(pin, seconds) + At(pin).risesMissed;
+}
+
+std::int64_t DigitalIOHardware::SeenRises(int pin, double seconds) const {
+    for (const Wire& wire : wires) {
+        if (wire.ends.to == pin) {
+            return wire.line.RisesUntil(seconds, DebounceSeconds());
+        }
+    }
+    for (const PulsesDescription& pulses : Description().pins.pulses) {
+        if (pulses.pin == pin) {
+            return RisesOf(pulses, seconds, DebounceSeconds());
+        }
+    }
+    return 0;
 }
 
 } // namespace TavikSimulator

@@ -3,6 +3,7 @@
 #include "simulator/modules/InputLine.h"
 #include "simulator/modules/ModuleHardware.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace TavikSimulator {
@@ -33,13 +34,16 @@ protected:
     virtual int DrivenLevel(int pin, int state, int pull) const;
     /// What the module's reading tells of a pin.
     virtual int ReadingBit(int pin, double seconds) const;
+    /// How often the level of an input was seen going high until a bench time; never less than before.
+    std::int64_t RisesOfInput(int pin, double seconds) const;
     /// Brings the lines of all wires up to date after a change of the pins.
     void DriveWires(double seconds);
 
 private:
     struct Pin {
         bool input = true;
-        int state = 0; ///< as an output
+        int state = 0;                ///< as an output
+        std::int64_t risesMissed = 0; ///< what another debounce time would have made of pulses gone by
     };
     struct Wire {
         WireDescription ends;
@@ -49,6 +53,7 @@ private:
     const Pin& At(int pin) const;
     int PullOf(int pin) const;
     int LevelOfInput(int pin, double seconds) const;
+    std::int64_t SeenRises(int pin, double seconds) const;
     double DebounceSeconds() const { return debounceTime / 1000.0; }
 
     std::vector<Pin> pins;

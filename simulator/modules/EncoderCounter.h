@@ -15,6 +15,9 @@ namespace TavikSimulator {
 /// count/direction   nothing                 a line, always up          a line, up or down
 std::int64_t CountsBetween(double from, double to, EncoderOutput output, TavikLibrary::eQuadratureMode mode);
 
+/// How many counts there were on such a way, those down as good as those up: never less than on a part of the way.
+std::int64_t CountsGone(double from, double to, EncoderOutput output, TavikLibrary::eQuadratureMode mode);
+
 /// Where on its way from one position to another an encoder passes reference marks.
 struct MarksPassed {
     bool any = false;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <string>
 
 namespace TavikSimulator {
@@ -18,6 +19,7 @@ namespace {
 
 constexpr double ShortestStep = 0.001; // seconds
 constexpr double LongestStep = 1.0;    // seconds
+constexpr std::size_t StepsRemembered = 1024;
 
 // The encoder's way is followed in steps that are short against everything it does.
 std::int64_t StepFor(const SignalDescription& signal) {
@@ -53,8 +55,9 @@ bool HappensOnce(eRefAction action) {
 
 EncoderHardware::EncoderHardware(const ModuleDescription& description)
     : ModuleHardware(description), master(description.identity, true), step(StepFor(description.signal)) {
-    made.position = Felt().WithoutNoise(0);
-    seen = made;
+    seen.position = Felt().WithoutNoise(0);
+    seen.straightFrom = seen.position;
+    way.push_back(seen);
 }
 
 Reading EncoderHardware::ReadAt(double seconds) const {
@@ -75,8 +78,8 @@ Reading EncoderHardware::ReadAt(double seconds) const {
 
 void EncoderHardware::PowerOn(double seconds) {
     Arrive(seconds);
-    made.count = 0;
-    seen = made;
+    way.back().count = 0;
+    seen = way.back();
 }
 
 eRefAction EncoderHardware::RefAction(double seconds) const {
@@ -86,8 +89,8 @@ eRefAction EncoderHardware::RefAction(double seconds) const {
 void EncoderHardware::SetRefAction(eRefAction action, double seconds) {
     RequireKnown(action, eRefAction::Preset, Identity(), "reference action");
     Arrive(seconds);
-    made.action = action;
-    seen = made;
+    way.back().action = action;
+    seen = way.back();
 }
 
 void EncoderHardware::SetQuadratureMode(eQuadratureMode newMode, double seconds) {
@@ -114,24 +117,59 @@ void EncoderHardware::SetPresetInCounts(int counts, double seconds) {
     preset = counts;
 }
 
+// Somebody turned the encoder by hand, at once.
 void EncoderHardware::UseSignal(const SignalDescription& signal) {
-    made = seen;
     step = StepFor(signal);
+    way.assign(1, seen);
+    State& from = way.back();
+    const double position = Felt().WithoutNoise(from.instant);
+    from.gone += CountsGone(from.position, position, Description().encoder.output, mode);
+    from.straightFrom = position;
+}
+
+std::int64_t EncoderHardware::TriggerCountAt(double seconds) const {
+    const std::int64_t instant = NanosecondsOf(seconds);
+    return GoneAt(CheckpointBefore(instant), instant);
+}
+
+// Within a step the encoder goes straight on, so that the way that it has gone never gets shorter.
+std::int64_t EncoderHardware::GoneAt(const State& checkpoint, std::int64_t instant) const {
+    if (instant <= checkpoint.instant) {
+        return checkpoint.gone;
+    }
+    const double from = checkpoint.straightFrom;
+    const double to = Felt().WithoutNoise(checkpoint.instant + step);
+    const double part = static_cast<double>(instant - checkpoint.instant) / static_cast<double>(step);
+    const double reached = std::clamp(from + part * (to - from), std::min(from, to), std::max(from, to));
+    return checkpoint.gone + CountsGone(from, reached, Description().encoder.output, mode);
+}
+
+const EncoderHardware::State& EncoderHardware::CheckpointBefore(std::int64_t instant) const {
+    while (way.back().instant + step <= instant) {
+        State next = way.back();
+        StepTo(next, next.instant + step);
+        way.push_back(next);
+        if (way.size() > StepsRemembered) {
+            way.pop_front();
+        }
+    }
+    const auto after = std::upper_bound(way.begin(), way.end(), instant,
+                                        [](std::int64_t wanted, const State& state) { return wanted < state.instant; });
+    return after == way.begin() ? way.front() : *std::prev(after);
 }
 
 EncoderHardware::State EncoderHardware::StateAt(double seconds) const {
-    const std::int64_t instant = NanosecondsOf(seconds);
-    while (made.instant + step <= instant) {
-        StepTo(made, made.instant + step);
-    }
-    State state = made;
+    State state = CheckpointBefore(NanosecondsOf(seconds));
     // Also at the same instant: somebody may have turned the encoder by hand.
-    StepTo(state, instant);
-    seen = state;
+    StepTo(state, std::max(state.instant, NanosecondsOf(seconds)));
+    if (state.instant >= seen.instant) {
+        seen = state;
+    }
     return state;
 }
 
 void EncoderHardware::StepTo(State& state, std::int64_t instant) const {
+    state.gone = GoneAt(state, instant);
     const double position = Felt().WithoutNoise(instant);
     const double before = state.position;
     if (position != before) {
@@ -139,6 +177,7 @@ void EncoderHardware::StepTo(State& state, std::int64_t instant) const {
         PassMarks(state, position);
     }
     state.position = position;
+    state.straightFrom = position;
     state.instant = instant;
 }
 
@@ -160,7 +199,7 @@ void EncoderHardware::PassMarks(State& state, double position) const {
 }
 
 void EncoderHardware::Arrive(double seconds) {
-    made = StateAt(seconds);
+    way.assign(1, StateAt(seconds));
 }
 
 } // namespace TavikSimulator

@@ -5,12 +5,16 @@
 #include "simulator/modules/ModuleHardware.h"
 
 #include <cstdint>
+#include <deque>
 
 namespace TavikSimulator {
 
 /// An encoder interface and the encoder that is plugged in. Its signal is the encoder's position in
 /// lines; the count follows the way that the encoder went, reference marks on the way included. Setters
 /// throw TavikException, and change nothing, for a value that the interface does not know.
+///
+/// A collection may look back: for about a second before the latest time that was asked for, but not beyond the last
+/// change of a setting, the interface still knows what it saw.
 class EncoderHardware : public ModuleHardware {
 public:
     explicit EncoderHardware(const ModuleDescription& description);
@@ -31,6 +35,8 @@ public:
     void SetPresetInCounts(int counts, double seconds);
 
     MasterSettings* Master() override { return &master; }
+    /// Every count triggers, up or down; what presets and reference marks make of the count does not matter.
+    std::int64_t TriggerCountAt(double seconds) const override;
 
     MasterSettings master;
 
@@ -44,7 +50,11 @@ private:
         double position = 0.0;    ///< in lines
         std::int64_t count = 0;
         TavikLibrary::eRefAction action = TavikLibrary::eRefAction::None;
+        std::int64_t gone = 0;     ///< counts, whatever their direction
+        double straightFrom = 0.0; ///< from here it goes straight on to where it is a step later
     };
+    const State& CheckpointBefore(std::int64_t instant) const;
+    std::int64_t GoneAt(const State& checkpoint, std::int64_t instant) const;
     State StateAt(double seconds) const;
     void StepTo(State& state, std::int64_t instant) const;
     void PassMarks(State& state, double position) const;
@@ -55,8 +65,8 @@ private:
     TavikLibrary::eEncoderInterfaceType interfaceType = TavikLibrary::eEncoderInterfaceType::Differential;
     int preset = 0;
     std::int64_t step; ///< between two looks at the encoder, in nanoseconds
-    /// How far the way has been made; goes on at whole steps when the interface is asked.
-    mutable State made;
+    /// The latest stretch of the way, at whole steps; never empty. It goes on when the interface is asked.
+    mutable std::deque<State> way;
     /// When the interface was asked last; another signal begins from there.
     mutable State seen;
 };
