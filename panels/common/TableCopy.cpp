@@ -1,5 +1,7 @@
 #include "panels/common/TableCopy.h"
 
+#include "panels/common/WaitCursor.h"
+
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -91,6 +93,7 @@ QString AsText(const QAbstractItemModel& model, const QItemSelection& selection)
 void CopySelection(const QTableView& table) {
     const QItemSelectionModel* selected = table.selectionModel();
     if (selected != nullptr && selected->hasSelection()) {
+        const WaitCursor waiting;
         QGuiApplication::clipboard()->setText(AsText(*table.model(), selected->selection()));
     }
 }
