@@ -3,7 +3,7 @@
 #include "simulator/modules/EncoderHardware.h"
 #include "simulator/modules/MasterSettings.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace TavikSimulator {
 
@@ -34,8 +34,8 @@ private:
     std::int64_t given = 0;
 };
 
-/// Looks at the master's count at fixed times and takes its way between two looks for even. So the syncs do not
-/// depend on how often the collection is brought up to date.
+/// Looks at the master's count at fixed times, and back for when it got so far. So the syncs do not depend on how often
+/// the collection is brought up to date.
 class FromMaster : public SyncSource {
 public:
     FromMaster(ModuleHardware& theMaster, double theBeginning, double theShortestInterval)
@@ -55,7 +55,7 @@ public:
     std::optional<double> Next(double until) override {
         while (true) {
             if (const auto sync = BetweenLooks()) {
-                ready = *sync + shortestInterval;
+                ready = *sync + shortestInterval - 2.0 * accuracy;
                 *target += settings.TxSync();
                 return sync;
             }
@@ -75,6 +75,7 @@ private:
         std::int64_t count;
     };
     static constexpr double lookInterval = 0.001; // seconds
+    static constexpr double accuracy = 1e-7;      // of a trigger's time, in seconds
 
     /// The reference mark begins the counting, and sets the master's own count to 0 or its preset on the way.
     bool WaitForMark() {
@@ -95,7 +96,6 @@ private:
         after = {time, master.TriggerCountAt(time)};
         if (waiting != nullptr && waiting->RefAction(time) == eRefAction::None) {
             waiting = nullptr;
-            before = after;
             target = after.count + settings.TxSync();
         }
     }
@@ -105,17 +105,23 @@ private:
         if (!target || after.count < *target) {
             return std::nullopt;
         }
-        const double secondsPerCount = (after.time - before.time) / static_cast<double>(after.count - before.count);
-        const auto timeOf = [&](std::int64_t count) {
-            return before.time + static_cast<double>(count - before.count) * secondsPerCount;
-        };
-        if (timeOf(*target) < ready - rounding) {
+        if (TimeOf(*target) < ready) {
             missed = true;
-            const double behind =
-                std::ceil((ready - rounding - timeOf(*target)) / (secondsPerCount * settings.TxSync()));
-            *target += static_cast<std::int64_t>(behind) * settings.TxSync();
+            const std::int64_t count = ready < after.time ? master.TriggerCountAt(ready) : after.count;
+            *target += (std::max(count - *target, std::int64_t{0}) / settings.TxSync() + 1) * settings.TxSync();
         }
-        return after.count < *target ? std::nullopt : std::optional<double>(timeOf(*target));
+        return after.count < *target ? std::nullopt : std::optional<double>(TimeOf(*target));
+    }
+
+    /// When the master reached a count between the last two looks.
+    double TimeOf(std::int64_t count) const {
+        double earlier = before.time;
+        double later = after.time;
+        while (later - earlier > accuracy) {
+            const double middle = (earlier + later) / 2.0;
+            (master.TriggerCountAt(middle) < count ? earlier : later) = middle;
+        }
+        return later;
     }
 
     ModuleHardware& master;

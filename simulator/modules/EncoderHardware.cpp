@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <string>
 
 namespace TavikSimulator {
@@ -129,7 +128,7 @@ void EncoderHardware::UseSignal(const SignalDescription& signal) {
 
 std::int64_t EncoderHardware::TriggerCountAt(double seconds) const {
     const std::int64_t instant = NanosecondsOf(seconds);
-    return GoneAt(CheckpointBefore(instant), instant);
+    return instant > seen.instant ? StateAt(seconds).gone : GoneAt(CheckpointBefore(instant), instant);
 }
 
 // Within a step the encoder goes straight on, so that the way that it has gone never gets shorter.
@@ -153,9 +152,8 @@ const EncoderHardware::State& EncoderHardware::CheckpointBefore(std::int64_t ins
             way.pop_front();
         }
     }
-    const auto after = std::upper_bound(way.begin(), way.end(), instant,
-                                        [](std::int64_t wanted, const State& state) { return wanted < state.instant; });
-    return after == way.begin() ? way.front() : *std::prev(after);
+    const std::int64_t index = std::max<std::int64_t>((instant - way.front().instant) / step, 0);
+    return way[static_cast<std::size_t>(index)];
 }
 
 EncoderHardware::State EncoderHardware::StateAt(double seconds) const {
