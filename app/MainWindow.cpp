@@ -58,7 +58,10 @@ MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_uniqu
     ui->readBurstWidget->setCommandsEnabled(false);
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // The library goes before the widgets. What these do when they lose the focus must not reach it.
+    modulePages->RemoveFrom(serverPages);
+}
 
 void MainWindow::DisableControls() {
     SetControlsEnabled(false);

@@ -61,21 +61,26 @@ enum class eTavikErrors : int {
     ReadingNotAvailable = 0x2103,
     InvalidArgument = 0x2104,
     NotSupported = 0x2105,
-    UnderRange = 0x2112,        ///< the reading lies below the stroke; its value is the lower limit
-    OverRange = 0x2113,         ///< the reading lies above the stroke; its value is the upper limit
-    SignalFault = 0x2114,       ///< no reading: the encoder's signals make no sense
-    BeamOff = 0x2115,           ///< no reading: the laser's beam is off
-    NoModuleEnabled = 0x2118,   ///< a run was to start for which no module is enabled
-    StopAwaited = 0x2119,       ///< a run has ended by itself and has to be stopped before the next one
-    BufferOverrun = 0x2120, ///< the buffer was full; what came after this reading was lost
-    DroppedOut = 0x2121,    ///< the module dropped out of a collection; there are no readings from here on
+    UnderRange = 0x2112,      ///< the reading lies below the stroke; its value is the lower limit
+    OverRange = 0x2113,       ///< the reading lies above the stroke; its value is the upper limit
+    SignalFault = 0x2114,     ///< no reading: the encoder's signals make no sense
+    BeamOff = 0x2115,         ///< no reading: the laser's beam is off
+    NoModuleEnabled = 0x2118, ///< a run was to start for which no module is enabled
+    StopAwaited = 0x2119,     ///< a run has ended by itself and has to be stopped before the next one
+    BufferOverrun = 0x2120,   ///< the buffer was full; what came after this reading was lost
+    DroppedOut = 0x2121,      ///< the module dropped out of a collection; there are no readings from here on
     NoSuchReading = 0x2122,
     NotRunning = 0x2123,
-    MarkNotFound = 0x2128,      ///< no reading at the reference mark: it has not been found
-    ReadingUnsettled = 0x10001, ///< warning: the reading was taken before the module had settled
-    NotMastered = 0x10002,      ///< warning: the reading was taken by an air gauge that is not mastered
-    BelowLimit = 0x10003,       ///< warning: the reading lies below the limit that is set on a hand tool
-    AboveLimit = 0x10004,       ///< warning: the reading lies above the limit that is set on a hand tool
+    MarkNotFound = 0x2128, ///< no reading at the reference mark: it has not been found
+    DynamicEnabled = 0x2130,
+    DynamicNotPossible = 0x2131, ///< the settings of dynamic mode do not go together
+    DynamicNotReady = 0x2132,    ///< dynamic mode has not been enabled or prepared
+    SyncsDropped = 0x2133,       ///< the oldest syncs of a dynamic collection made room for later ones
+    SyncsMissed = 0x2134,        ///< a master triggered faster than the modules can answer
+    ReadingUnsettled = 0x10001,  ///< warning: the reading was taken before the module had settled
+    NotMastered = 0x10002,       ///< warning: the reading was taken by an air gauge that is not mastered
+    BelowLimit = 0x10003,        ///< warning: the reading lies below the limit that is set on a hand tool
+    AboveLimit = 0x10004,        ///< warning: the reading lies above the limit that is set on a hand tool
 };
 
 std::string eNetSpeed_ToString(eNetSpeed speed);

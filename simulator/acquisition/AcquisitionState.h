@@ -14,10 +14,8 @@ struct AcquisitionState {
     TavikLibrary::eDynamicState dynamic = TavikLibrary::eDynamicState::Idle;
 
     bool Running() const;
-    /// Each does nothing when its mode does not run.
+    /// Does nothing when buffered mode does not run.
     void StopBuffered();
-    void StopDynamic();
-    void StopAll();
 };
 
 } // namespace TavikSimulator

@@ -92,6 +92,7 @@ void SimulatedNetwork::CollectUntil(double seconds) {
         bufferedRun->CollectUntil(NanosecondsOf(seconds));
     }
     difference.ProgressTo(seconds);
+    dynamic.Progress(seconds);
 }
 
 } // namespace TavikSimulator

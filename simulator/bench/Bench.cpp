@@ -10,10 +10,14 @@
 
 namespace TavikSimulator {
 
+using TavikLibrary::eDynamicState;
 using TavikLibrary::eTavikErrors;
 
 Bench::Bench(const BenchDescription& description)
-    : clock(description.clockSpeed, description.manualClock), gate(clock, *this), seed(description.seed) {
+    : clock(description.clockSpeed, description.manualClock),
+      gate(clock, *this),
+      seed(description.seed),
+      thread(gate.mutex, [this] { return SeeToCollections(); }) {
     gate.SetLatency(description.latency);
     for (const NetworkDescription& network : description.networks) {
         networks.push_back(std::make_unique<SimulatedNetwork>(*this, network));
@@ -117,9 +121,52 @@ void Bench::Detach() {
     for (const auto& network : networks) {
         network->Disconnect();
         network->known = false;
+        network->dynamic.Reset();
         network->EndObjects();
     }
     networksObject.reset();
+}
+
+void Bench::StartDynamic(void (*collectionFinished)()) {
+    std::vector<SimulatedNetwork*> prepared;
+    for (const auto& network : networks) {
+        if (network->dynamic.State() == eDynamicState::Prepared) {
+            network->dynamic.RequireIdle();
+            prepared.push_back(network.get());
+        }
+    }
+    if (prepared.empty()) {
+        Refuse(eTavikErrors::DynamicNotReady, "No network is prepared for a dynamic collection.");
+    }
+    for (SimulatedNetwork* network : prepared) {
+        network->dynamic.Start(clock.Now(), collectionFinished);
+    }
+}
+
+void Bench::StopDynamic() {
+    for (const auto& network : networks) {
+        network->dynamic.Stop();
+    }
+}
+
+void Bench::EndThreadIfUnused() {
+    thread.EndUnless([this] {
+        const std::lock_guard lock(gate.mutex);
+        return servers > 0;
+    });
+}
+
+LibraryThread::Duty Bench::SeeToCollections() {
+    Settle();
+    LibraryThread::Duty duty;
+    for (const auto& network : networks) {
+        if (const auto call = network->dynamic.Announce()) {
+            duty.calls.push_back(call);
+        }
+    }
+    duty.watching = std::any_of(networks.begin(), networks.end(),
+                                [](const auto& network) { return network->dynamic.State() == eDynamicState::Running; });
+    return duty;
 }
 
 } // namespace TavikSimulator

@@ -4,6 +4,7 @@
 #include "simulator/bench/Clock.h"
 #include "simulator/bench/Description.h"
 #include "simulator/bench/Gate.h"
+#include "simulator/bench/LibraryThread.h"
 
 #include <atomic>
 #include <cstdint>
@@ -27,6 +28,10 @@ public:
     Gate gate;
     std::atomic<std::uint64_t> callsOnRemovedModules{0};
 
+    /// To be called without the lock of the gate, as LibraryThread's functions.
+    void WakeThread() { thread.Wake(); }
+    void EndThreadIfUnused();
+
     // From here on guarded by the lock of the gate.
 
     /// All networks, in the order of the bench file.
@@ -43,6 +48,10 @@ public:
     /// A server begins or ends; with the last one all objects of the library end.
     void Attach();
     void Detach();
+    /// Starts the dynamic collections that are prepared. The callback is called from the library's own thread when
+    /// one of them has ended. Throws TavikException, and starts none, when that cannot be.
+    void StartDynamic(void (*collectionFinished)());
+    void StopDynamic();
     TavikLibrary::TavikNetworks* NetworksObject() { return networksObject.get(); }
 
 private:
@@ -55,12 +64,15 @@ private:
     bool Collecting() const;
     void CollectUntil(double seconds);
     void Happen(const Event& event);
+    LibraryThread::Duty SeeToCollections();
 
     std::uint64_t seed;
     std::vector<std::unique_ptr<SimulatedNetwork>> networks;
     std::vector<Event> events; ///< the next one last
     int servers = 0;
     std::unique_ptr<TavikLibrary::TavikNetworks> networksObject;
+    /// Ends before everything else.
+    LibraryThread thread;
 };
 
 /// The bench of this process; makes one if there is none. Throws TavikException when that fails.

@@ -46,6 +46,11 @@ inline std::string JournalText(TavikLibrary::eAveraging value) {
     return TavikLibrary::eAveraging_ToString(value);
 }
 
+inline std::string JournalText(const TavikLibrary::TavikReading& value) {
+    return std::to_string(value.counts) + " (" + JournalText(value.units) + "), code " +
+           std::to_string(value.resultCode);
+}
+
 /// Whole numbers, and enumerations without a text of their own.
 template <class Value, std::enable_if_t<std::is_integral_v<Value> || std::is_enum_v<Value>, int> = 0>
 std::string JournalText(Value value) {

@@ -84,6 +84,10 @@ void ModuleList::RequireChangeable() const {
                "A notify run is going on on network \"" + network.Name() + "\"; stop it first.");
     }
     network.RequireNotCollecting();
+    if (network.dynamic.Enabled()) {
+        Refuse(eTavikErrors::DynamicEnabled,
+               "Network \"" + network.Name() + "\" is enabled for dynamic mode; disable that first.");
+    }
 }
 
 void ModuleList::RequireIndex(int index) const {

@@ -67,8 +67,9 @@ void SimulatedNetwork::Connect() {
 void SimulatedNetwork::Disconnect() {
     connected = false;
     modules.CancelNotifying();
-    acquisition.StopAll();
+    acquisition.StopBuffered();
     difference.Abandon();
+    dynamic.Disconnect();
 }
 
 void SimulatedNetwork::SetPresent(bool nowPresent) {

@@ -2,8 +2,9 @@
 
 #include "library/TavikNetwork.h"
 #include "simulator/acquisition/AcquisitionState.h"
-#include "simulator/acquisition/DifferenceRun.h"
 #include "simulator/acquisition/BufferedCollection.h"
+#include "simulator/acquisition/DifferenceRun.h"
+#include "simulator/acquisition/DynamicCollector.h"
 #include "simulator/bench/Bench.h"
 #include "simulator/bench/Clock.h"
 #include "simulator/bench/Description.h"
@@ -11,6 +12,7 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -42,6 +44,21 @@ public:
     auto CallAfter(const std::string& object, const char* operation, Wait wait, Body body, const Args&... args) {
         return bench.gate.Call(object, operation, wait, body, args...);
     }
+
+    /// The same for a call that takes the time of some transactions; how many is asked for under the lock.
+    template <class Count, class Body, class... Args>
+    auto CallTaking(const std::string& object, const char* operation, Count count, Body body, const Args&... args) {
+        const auto wait = [&] {
+            std::unique_lock lock(bench.gate.mutex);
+            const int transactions = count();
+            lock.unlock();
+            SpendTransactions(transactions);
+        };
+        return bench.gate.Call(object, operation, wait, body, args...);
+    }
+
+    /// The bench's time in seconds; needs no lock.
+    double Now() const { return bench.clock.Now(); }
 
     /// Never changes; needs no lock.
     const std::string& Name() const { return description.name; }
@@ -102,6 +119,7 @@ public:
 
     AcquisitionState acquisition;
     DifferenceRun difference;
+    DynamicCollector dynamic{*this, acquisition.dynamic};
     bool known = false; ///< found by FindNetworks
 
 private:

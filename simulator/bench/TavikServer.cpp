@@ -2,7 +2,6 @@
 
 #include "simulator/bench/Bench.h"
 #include "simulator/bench/ErrorTexts.h"
-#include "simulator/bench/SimulatedNetwork.h"
 
 #include <memory>
 
@@ -31,6 +30,7 @@ TavikServer::TavikServer() : implementation(nullptr) {
 TavikServer::~TavikServer() {
     implementation->bench->gate.UnfailingCall(implementation->name, "~TavikServer",
                                               [this] { implementation->bench->Detach(); });
+    implementation->bench->EndThreadIfUnused();
     delete implementation;
 }
 
@@ -57,12 +57,15 @@ std::string TavikServer::GetErrorDescription(int code) {
         implementation->name, "GetErrorDescription", [code] { return TavikSimulator::ErrorDescription(code); }, code);
 }
 
+void TavikServer::StartAllDynamic(void (*collectionFinished)()) {
+    implementation->Call(
+        "StartAllDynamic", [&] { implementation->bench->StartDynamic(collectionFinished); }, collectionFinished);
+    implementation->bench->WakeThread();
+}
+
 void TavikServer::StopAllDynamic() {
-    implementation->Call("StopAllDynamic", [this] {
-        for (const auto& network : implementation->bench->Networks()) {
-            network->acquisition.StopDynamic();
-        }
-    });
+    implementation->Call("StopAllDynamic", [this] { implementation->bench->StopDynamic(); });
+    implementation->bench->WakeThread();
 }
 
 } // namespace TavikLibrary

@@ -1,0 +1,448 @@
+#include "library/TavikDynamic.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
+#include "library/TavikServer.h"
+#include "panels/modes/DynamicWidget.h"
+#include "tests/panels/modes/DynamicPage.h"
+#include "tests/support/HostStandIn.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QStatusBar>
+#include <QTableView>
+
+using namespace TavikSimulator;
+
+namespace {
+
+const QString prepared = QStringLiteral("Prepared");
+const QString finished = QStringLiteral("Results available");
+const QString startCall = QStringLiteral("server.StartAllDynamic(object)");
+const QString stopCall = QStringLiteral("server.StopAllDynamic()");
+
+} // namespace
+
+/// Collections that the operator starts, and their ends.
+class DynamicCollectionTest : public DynamicPage {
+    Q_OBJECT
+
+private slots:
+    void startingDisablesTheWindow();
+    void theEndEnablesTheWindow();
+    void stoppingLeavesThatToTheEnd();
+    void continuousStreaming();
+    void statusBarWhileCollecting();
+    void aModuleDropsOut();
+    void theNetworkDropsOut();
+    void aStartThatFails();
+    void aRefreshThatFailsAfterTheStart();
+    void aStopThatFails();
+    void failuresAfterTheEnd_data();
+    void failuresAfterTheEnd();
+    void resultsOfTheModule();
+    void resultsOfAllModules();
+    void aModuleThatFormedNoPart();
+    void aModuleThatIsNotInTheList();
+    void resultsThatFail();
+    void anotherCollection();
+    void closingWhileItRuns();
+    void closingRightAfterTheStop();
+    void closingWhenTheEndIsOnItsWay();
+    void endsAfterTheClosing();
+    void closingInTheBoxOfAFailedStop();
+    void theWindowGoesWhileItRuns();
+    void thePageGoesBeforeTheEnd();
+
+private:
+    void WaitForTheEnd() {
+        QVERIFY(WaitUntil([this] { return Operator().IsEnabled("listModules"); }));
+        QVERIFY(WaitUntil([this] { return Window().statusBar()->currentMessage().isEmpty(); }));
+    }
+    void Collect(int syncs = 100) {
+        Enter("sbNumSyncs", syncs);
+        Start();
+        AdvanceClock(10.0);
+        WaitForTheEnd();
+        QCOMPARE(Text("lblStatus"), finished);
+        Calls::Mark();
+    }
+    void CloseAndSettle() {
+        Window().close();
+        QTest::qWait(50);
+        QVERIFY(!Window().isVisible());
+    }
+    /// Once the window has been closed nothing is asked of the library any more.
+    void NothingIsAskedLater() {
+        const QStringList calls = Calls::Take();
+        QCOMPARE(calls.last(), QStringLiteral("networks.DisconnectAll()"));
+        QCOMPARE(boxes.Count(), 0);
+    }
+};
+
+void DynamicCollectionTest::startingDisablesTheWindow() {
+    OpenPage();
+    Start();
+    QVERIFY(Changes().contains(startCall));
+    QCOMPARE(Text("lblStatus"), QStringLiteral("Running"));
+    QCOMPARE(Usable(), QStringList{QStringLiteral("btnStop")});
+    for (const char* name : {"tableNetworks", "listModules", "btnNotify", "btnRead", "btnConnectAll"}) {
+        QVERIFY2(!Operator().Find(name)->isEnabledTo(&Window()), name);
+    }
+    Click("btnStop");
+    WaitForTheEnd();
+}
+
+void DynamicCollectionTest::theEndEnablesTheWindow() {
+    OpenPage();
+    Enter("sbNumSyncs", 100);
+    Start();
+    Changes();
+    AdvanceClock(0.0249);
+    QTest::qWait(20);
+    QCOMPARE(Usable(), QStringList{QStringLiteral("btnStop")});
+    QVERIFY(!Operator().IsEnabled("listModules"));
+    AdvanceClock(0.0002);
+    WaitForTheEnd();
+    QCOMPARE(Changes(), QStringList{stopCall});
+    QCOMPARE(Text("lblStatus"), finished);
+    QCOMPARE(Text("lblError"), QStringLiteral("No error."));
+    QCOMPARE(Usable(), (QStringList{QStringLiteral("btnModuleResults"), QStringLiteral("btnAllResults"),
+                                    QStringLiteral("btnDisable"), QStringLiteral("btnPrepare")}));
+    for (const char* name : {"tableNetworks", "listModules", "btnNotify", "btnRead", "btnConnectAll"}) {
+        QVERIFY2(Operator().Find(name)->isEnabledTo(&Window()), name);
+    }
+}
+
+void DynamicCollectionTest::stoppingLeavesThatToTheEnd() {
+    OpenPage();
+    Start();
+    Changes();
+    // What the library tells meanwhile waits in the queue.
+    QVERIFY(QMetaObject::invokeMethod(Page(), "on_btnStop_clicked"));
+    QTest::qSleep(50);
+    QCOMPARE(Changes(), QStringList{stopCall});
+    QVERIFY(!Operator().IsEnabled("listModules"));
+    QVERIFY(!Operator().IsEnabled("btnStop"));
+    WaitForTheEnd();
+    QCOMPARE(Changes(), QStringList{stopCall});
+    QCOMPARE(Text("lblStatus"), finished);
+}
+
+void DynamicCollectionTest::continuousStreaming() {
+    OpenPage();
+    Enter("sbNumSyncs", 0);
+    Start();
+    AdvanceClock(30.0);
+    QTest::qWait(50);
+    QCOMPARE(Usable(), QStringList{QStringLiteral("btnStop")});
+    Click("btnStop");
+    WaitForTheEnd();
+    QCOMPARE(Text("lblStatus"), finished);
+}
+
+void DynamicCollectionTest::statusBarWhileCollecting() {
+    OpenPage();
+    Enter("sbNumSyncs", 8000);
+    Start();
+    const auto* bar = Window().statusBar();
+    QCOMPARE(bar->currentMessage(), QStringLiteral("Dynamic collection running"));
+    AdvanceClock(1.0);
+    QTRY_COMPARE(bar->currentMessage(),
+                 QStringLiteral("Dynamic collection running: 2 modules, 4000 of 8000 syncs, 0 s"));
+    // A failure there is nothing to bother the operator with.
+    FailNext("ReadingCount", QStringLiteral("No answer"));
+    QTRY_COMPARE(bar->currentMessage(), QStringLiteral("Dynamic collection running"));
+    QTRY_COMPARE(bar->currentMessage(),
+                 QStringLiteral("Dynamic collection running: 2 modules, 4000 of 8000 syncs, 1 s"));
+    AdvanceClock(1.0);
+    WaitForTheEnd();
+    Click("btnDisable");
+    Enter("sbNumSyncs", 0);
+    Start();
+    AdvanceClock(2.0);
+    QTRY_COMPARE(bar->currentMessage(), QStringLiteral("Dynamic collection running: 2 modules, 8000 syncs, 0 s"));
+    Click("btnStop");
+    WaitForTheEnd();
+}
+
+void DynamicCollectionTest::aModuleDropsOut() {
+    OpenPage();
+    Start();
+    AdvanceClock(0.1);
+    SetModulePresent("Alpha", "KX00000002", false);
+    WaitForTheEnd();
+    QCOMPARE(Text("lblStatus"), finished);
+    QCOMPARE(Text("lblError"), QStringLiteral("The module does not answer."));
+    QVERIFY(Operator().IsEnabled("btnAllResults"));
+}
+
+void DynamicCollectionTest::theNetworkDropsOut() {
+    OpenPage();
+    Start();
+    AdvanceClock(0.1);
+    SetNetworkPresent("Alpha", false);
+    WaitForTheEnd();
+    // A network that is gone is not shown anew; nothing is left to be stopped.
+    QVERIFY(!Operator().IsEnabled("btnStop"));
+    QVERIFY(Operator().IsEnabled("listModules") && Operator().Find("btnConnectAll")->isEnabledTo(&Window()));
+    SetNetworkPresent("Alpha", true);
+    QVERIFY(Operator().SelectPage("tabServer"));
+    Click("btnConnectAll");
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    QVERIFY(Operator().SelectRow("listModules", 1));
+    ShowPage();
+    QCOMPARE(Text("lblStatus"), finished);
+    QCOMPARE(Text("lblError"), QStringLiteral("The network is not connected."));
+    QCOMPARE(Text("lblNetEnabled"), QStringLiteral("False"));
+}
+
+void DynamicCollectionTest::aStartThatFails() {
+    OpenPage();
+    Enable();
+    Click("btnPrepare");
+    ExpectBox(QStringLiteral("No answer"));
+    FailNext("StartAllDynamic", QStringLiteral("No answer"));
+    Click("btnStart");
+    QCOMPARE(boxes.Count(), 1);
+    QVERIFY(Operator().IsEnabled("listModules"));
+    QCOMPARE(Text("lblStatus"), prepared);
+    QCOMPARE(Window().statusBar()->currentMessage(), QString());
+    Click("btnStart");
+    QCOMPARE(Text("lblStatus"), QStringLiteral("Running"));
+    Click("btnStop");
+    WaitForTheEnd();
+}
+
+void DynamicCollectionTest::aRefreshThatFailsAfterTheStart() {
+    OpenPage();
+    Enable();
+    Click("btnPrepare");
+    ExpectBox(QStringLiteral("No answer"));
+    FailNext("DynamicState", QStringLiteral("No answer"));
+    Click("btnStart");
+    QCOMPARE(boxes.Count(), 1);
+    QCOMPARE(Usable(), QStringList{QStringLiteral("btnStop")});
+    Click("btnStop");
+    WaitForTheEnd();
+    QCOMPARE(Text("lblStatus"), finished);
+}
+
+void DynamicCollectionTest::aStopThatFails() {
+    OpenPage();
+    Start();
+    ExpectBox(QStringLiteral("No answer"));
+    FailNext("StopAllDynamic", QStringLiteral("No answer"));
+    Click("btnStop");
+    QCOMPARE(boxes.Count(), 1);
+    QCOMPARE(Usable(), QStringList{QStringLiteral("btnStop")});
+    Click("btnStop");
+    WaitForTheEnd();
+}
+
+void DynamicCollectionTest::failuresAfterTheEnd_data() {
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<bool>("ofThePage");
+    QTest::newRow("stopping") << QStringLiteral("StopAllDynamic") << true;
+    // The page is shown anew when the window's controls are enabled, and once more.
+    QTest::newRow("showing") << QStringLiteral("DynamicRate") << false;
+}
+
+void DynamicCollectionTest::failuresAfterTheEnd() {
+    QFETCH(QString, operation);
+    QFETCH(bool, ofThePage);
+    OpenPage();
+    Enter("sbNumSyncs", 100);
+    Start();
+    if (ofThePage) {
+        ExpectBox(QStringLiteral("No answer"));
+    } else {
+        boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("No answer"));
+    }
+    FailNext(qPrintable(operation), QStringLiteral("No answer"));
+    AdvanceClock(1.0);
+    WaitForTheEnd();
+    QVERIFY(WaitUntil([this] { return boxes.Count() == 1; }));
+    QCOMPARE(Text("lblStatus"), finished);
+    QVERIFY(Operator().IsEnabled("btnAllResults"));
+}
+
+void DynamicCollectionTest::resultsOfTheModule() {
+    OpenPage(Probes(), 1);
+    HoldPosition("Alpha", "KX00000002", 0.5);
+    Collect();
+    boxes.ExpectUse(Page(), QStringLiteral("Results"), [](QDialog& dialog) {
+        const auto* table = dialog.findChild<QTableView*>(QStringLiteral("tableResults"));
+        QCOMPARE(dialog.findChild<QLabel*>(QStringLiteral("lblModuleID"))->text(), QStringLiteral("KX00000002"));
+        QCOMPARE(table->model()->rowCount(), 100);
+        QCOMPARE(table->model()->columnCount(), 1);
+        QCOMPARE(table->model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Reading (UOM)"));
+        QCOMPARE(table->model()->index(99, 0).data().toString(), QStringLiteral("0.50000"));
+        dialog.close();
+    });
+    Click("btnModuleResults");
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicCollectionTest::resultsOfAllModules() {
+    OpenPage();
+    HoldPosition("Alpha", "KX00000001", 5.0);
+    HoldPosition("Alpha", "KX00000002", 0.25);
+    Collect(3);
+    boxes.ExpectUse(Page(), QStringLiteral("Results (in each module's unit of measure)."), [](QDialog& dialog) {
+        const auto* model = dialog.findChild<QTableView*>(QStringLiteral("tableResults"))->model();
+        QCOMPARE(model->rowCount(), 3);
+        QCOMPARE(model->columnCount(), 2);
+        QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("KX00000002"));
+        QCOMPARE(model->index(2, 0).data().toString(),
+                 QStringLiteral("The reading lies above the module's measuring range."));
+        QCOMPARE(model->index(2, 1).data().toString(), QStringLiteral("0.25000"));
+        dialog.close();
+    });
+    Click("btnAllResults");
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicCollectionTest::aModuleThatFormedNoPart() {
+    OpenPage(Probes(), 1);
+    Enter("sbModulesInCollection", 1);
+    Collect();
+    ExpectBox(QStringLiteral("The current module did not form part of the dynamic collection"));
+    Click("btnModuleResults");
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicCollectionTest::aModuleThatIsNotInTheList() {
+    OpenPage();
+    Collect();
+    Fault missing;
+    missing.operation = "GetModuleIndexByID";
+    missing.effect = FaultEffect::Result;
+    missing.code = -1;
+    AddFault(missing);
+    ExpectBox(QStringLiteral("The current module did not form part of the dynamic collection"));
+    Click("btnModuleResults");
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicCollectionTest::resultsThatFail() {
+    OpenPage();
+    Collect();
+    for (const char* button : {"btnModuleResults", "btnAllResults"}) {
+        ExpectBox(QStringLiteral("No answer"));
+        FailNext("GetItem", QStringLiteral("No answer"));
+        Click(button);
+    }
+    QCOMPARE(boxes.Count(), 2);
+}
+
+void DynamicCollectionTest::anotherCollection() {
+    OpenPage();
+    Collect();
+    Click("btnPrepare");
+    QCOMPARE(Text("lblStatus"), prepared);
+    QCOMPARE(Usable(), (QStringList{QStringLiteral("btnDisable"), QStringLiteral("btnStart")}));
+    Click("btnStart");
+    QVERIFY(!Operator().IsEnabled("listModules"));
+    AdvanceClock(1.0);
+    WaitForTheEnd();
+    QCOMPARE(Text("lblStatus"), finished);
+}
+
+void DynamicCollectionTest::closingWhileItRuns() {
+    OpenPage();
+    Enter("sbNumSyncs", 0);
+    Start();
+    Changes();
+    CloseAndSettle();
+    NothingIsAskedLater();
+}
+
+void DynamicCollectionTest::closingRightAfterTheStop() {
+    OpenPage();
+    Start();
+    Changes();
+    QVERIFY(QMetaObject::invokeMethod(Page(), "on_btnStop_clicked"));
+    CloseAndSettle();
+    NothingIsAskedLater();
+}
+
+void DynamicCollectionTest::closingWhenTheEndIsOnItsWay() {
+    OpenPage();
+    Enter("sbNumSyncs", 100);
+    Start();
+    Changes();
+    AdvanceClock(1.0);
+    // The library has told the page, which has not been to its queue yet.
+    QTest::qSleep(50);
+    CloseAndSettle();
+    NothingIsAskedLater();
+}
+
+void DynamicCollectionTest::endsAfterTheClosing() {
+    OpenPage();
+    Enter("sbNumSyncs", 0);
+    Start();
+    Changes();
+    // Nothing that the closing does ends the collection.
+    for (const char* operation : {"StopAllDynamic", "DisconnectAll"}) {
+        FailNext(operation, QStringLiteral("No answer"));
+    }
+    CloseAndSettle();
+    Calls::Mark();
+    SetNetworkPresent("Alpha", false);
+    QTest::qWait(50);
+    QCOMPARE(Calls::Take(), QStringList());
+    QCOMPARE(boxes.Count(), 0);
+}
+
+void DynamicCollectionTest::closingInTheBoxOfAFailedStop() {
+    OpenPage();
+    Enter("sbNumSyncs", 100);
+    Start();
+    BoxReply closing;
+    closing.meanwhile = [this](QDialog&) { Window().close(); };
+    boxes.ExpectError(Page(), QStringLiteral("Dynamic Mode"), QStringLiteral("No answer"), closing);
+    FailNext("StopAllDynamic", QStringLiteral("No answer"));
+    AdvanceClock(1.0);
+    QVERIFY(WaitUntil([this] { return !Window().isVisible(); }));
+    QTest::qWait(50);
+    QCOMPARE(Calls::Take().last(), QStringLiteral("networks.DisconnectAll()"));
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicCollectionTest::theWindowGoesWhileItRuns() {
+    OpenPage();
+    Enter("sbNumSyncs", 0);
+    Start();
+    AdvanceClock(0.5);
+    Drop();
+    QTest::qWait(20);
+    QCOMPARE(boxes.Count(), 0);
+}
+
+void DynamicCollectionTest::thePageGoesBeforeTheEnd() {
+    UseBenchText(Benches::With(Probes()).toStdString(), "bench of the test");
+    UseManualClock();
+    SetLatency(false);
+    TavikLibrary::TavikServer server;
+    server.Networks()->FindNetworks();
+    server.Networks()->ConnectAll();
+    TavikLibrary::TavikNetwork* network = server.Networks()->Network(0);
+    HostStandIn host;
+    auto* page = new DynamicWidget(&host);
+    page->setNetwork(&host, &server, network, network->GetModule(0));
+    Hand hand(host);
+    for (const char* slot : {"on_btnEnable_clicked", "on_btnPrepare_clicked", "on_btnStart_clicked"}) {
+        QVERIFY(QMetaObject::invokeMethod(page, slot));
+    }
+    QCOMPARE(host.disabled, 1);
+    delete page;
+    AdvanceClock(10.0);
+    QTRY_COMPARE(network->Dynamic()->DynamicState(), TavikLibrary::eDynamicState::ResultsAvailable);
+    QTest::qWait(20);
+    QCOMPARE(host.enabled, 0);
+}
+
+TAVIK_TEST_MAIN(DynamicCollectionTest)
+
+#include "DynamicCollectionTest.moc"

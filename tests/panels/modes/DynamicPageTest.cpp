@@ -1,0 +1,473 @@
+#include "tests/panels/modes/DynamicPage.h"
+
+#include "library/TavikDynamic.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
+#include "library/TavikServer.h"
+
+#include <QRadioButton>
+#include <QTextEdit>
+
+using namespace TavikSimulator;
+
+namespace {
+
+const QStringList settingsOfNormalMode{QStringLiteral("listRate"), QStringLiteral("sbNumSyncs"),
+                                       QStringLiteral("radioSyncNormal"), QStringLiteral("radioSyncExternal"),
+                                       QStringLiteral("sbModulesInCollection")};
+
+} // namespace
+
+/// The page of dynamic mode while nothing is collected.
+class DynamicPageTest : public DynamicPage {
+    Q_OBJECT
+
+private slots:
+    void whatTheFormHolds();
+    void showingChangesNothing();
+    void ratesAreSet();
+    void noRowIsRefused();
+    void numbersAreSet();
+    void modulesInCollectionAreLimited();
+    void externalModeTakesTheMaster();
+    void externalModeLeavesOutTheMaster();
+    void externalModeWithoutMastersStaysNormal();
+    void anotherMaster();
+    void masterModesOfRows();
+    void rowsBeyondTheMasterModes();
+    void aModeWithoutARow();
+    void settingsOfTheMasters();
+    void aMissingMasterResetsTheMode();
+    void intervalIsCheckedWhenEnabling_data();
+    void intervalIsCheckedWhenEnabling();
+    void intervalIsSetWithoutACheck();
+    void enablingAndPreparing();
+    void aNumberBeingTypedCounts();
+    void otherLongOperations();
+    void failuresShowTheirText_data();
+    void failuresShowTheirText();
+    void aFailedRefreshIsShown();
+    void aDroppedNetworkIsNotShown();
+    void networksOfBothKinds();
+    void everythingIsReached();
+};
+
+void DynamicPageTest::whatTheFormHolds() {
+    OpenPage();
+    QStringList rates;
+    QStringList modes;
+    for (const QString& name : {QStringLiteral("listRate"), QStringLiteral("listDynamicMasterMode")}) {
+        (rates.isEmpty() ? rates : modes) = Rows(qPrintable(name));
+    }
+    QCOMPARE(rates.join(QLatin1Char(' ')), QStringLiteral("Rate4K Rate2K Rate1K Dynamic2Custom"));
+    QCOMPARE(modes.join(QLatin1Char(',')),
+             QStringLiteral("Instant,HoldOff,Refaction_Reset,Refaction_Preset,Not Master"));
+    for (const char* name : {"sbInterval", "sbNumSyncs", "sbCountsPerSync", "sbHoldOffCounts"}) {
+        QCOMPARE(The<QSpinBox>(name)->minimum(), 0);
+        QCOMPARE(The<QSpinBox>(name)->maximum(), 999999999);
+    }
+    QCOMPARE(The<QSpinBox>("sbModulesInCollection")->maximum(), 150);
+    for (const char* name : {"lblNetEnabled", "lblStatus", "lblError"}) {
+        QCOMPARE(Operator().Find(name)->styleSheet(),
+                 QStringLiteral("border: 1px solid gray; background-color: white"));
+    }
+    QVERIFY(The<QTextEdit>("tbDynamicModeNotes")->isReadOnly());
+    const QString notes = The<QTextEdit>("tbDynamicModeNotes")->toPlainText();
+    QVERIFY(notes.contains(QLatin1String("last module index")) && notes.contains(QLatin1String("input 1")));
+}
+
+void DynamicPageTest::showingChangesNothing() {
+    OpenModule(Benches::With(Masters()), 0);
+    ShowPage();
+    QCOMPARE(Changes(), QStringList());
+    QCOMPARE(Text("lblRate"), QStringLiteral("Rate4K"));
+    QCOMPARE(Row("listRate"), 0);
+    QCOMPARE(Value("sbInterval"), 1000);
+    QCOMPARE(Value("sbNumSyncs"), 1000);
+    QVERIFY(The<QRadioButton>("radioSyncNormal")->isChecked());
+    QCOMPARE(Text("lblDynamicMasterMode"), QStringLiteral("NotMaster"));
+    QCOMPARE(Value("sbModulesInCollection"), 2);
+    QCOMPARE(Rows("listDynamicModules"), (QStringList{QStringLiteral("KX00000001"), QStringLiteral("KX00000002")}));
+    const auto* masters = The<QComboBox>("cbExternalMaster");
+    QCOMPARE(masters->count(), 2);
+    QCOMPARE(masters->itemText(0), QStringLiteral("SWAX200003"));
+    QCOMPARE(masters->itemText(1), QStringLiteral("QTA0000004"));
+    QCOMPARE(Text("lblNetEnabled"), QStringLiteral("False"));
+    QCOMPARE(Text("lblStatus"), QStringLiteral("Idle"));
+    QCOMPARE(Text("lblError"), QStringLiteral("No error."));
+    QCOMPARE(Usable(), settingsOfNormalMode + QStringList{QStringLiteral("btnEnable")});
+}
+
+void DynamicPageTest::ratesAreSet() {
+    OpenPage();
+    for (const int rate : {3, 1, 2, 0}) {
+        QVERIFY(Operator().SelectRow("listRate", rate));
+        QCOMPARE(Changes(), QStringList{network + QStringLiteral("setDynamicRate(%1)").arg(rate)});
+        QCOMPARE(Text("lblRate"), Rows("listRate").at(rate));
+        QCOMPARE(Operator().IsEnabled("sbInterval"), rate == 3);
+    }
+}
+
+void DynamicPageTest::noRowIsRefused() {
+    OpenPage();
+    ExpectBox(QStringLiteral("Network \"Alpha\" has no dynamic rate -1."));
+    The<QListWidget>("listRate")->setCurrentRow(-1);
+    QCOMPARE(boxes.Count(), 1);
+    // The list still works as lists do.
+    QVERIFY(Operator().SelectRow("listRate", 2));
+    QCOMPARE(Text("lblRate"), QStringLiteral("Rate1K"));
+    QCOMPARE(The<QListWidget>("listRate")->selectedItems().size(), 1);
+}
+
+void DynamicPageTest::numbersAreSet() {
+    OpenPage();
+    Enter("sbNumSyncs", 250);
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setCollectionSize(250)")});
+    Enter("sbNumSyncs", 0);
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setCollectionSize(0)")});
+    Enter("sbModulesInCollection", 1);
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setNumberOfModules(1)")});
+    QCOMPARE(Rows("listDynamicModules"), QStringList{QStringLiteral("KX00000001")});
+}
+
+void DynamicPageTest::modulesInCollectionAreLimited() {
+    OpenPage(Masters());
+    Enter("sbModulesInCollection", 100);
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setNumberOfModules(4)")});
+    QCOMPARE(Value("sbModulesInCollection"), 4);
+    Click("radioSyncExternal");
+    Changes();
+    Enter("sbModulesInCollection", 4);
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setNumberOfModules(3)")});
+    Enter("sbModulesInCollection", 2);
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setNumberOfModules(2)")});
+    QCOMPARE(Rows("listDynamicModules").size(), 2);
+}
+
+void DynamicPageTest::externalModeTakesTheMaster() {
+    OpenPage(Masters());
+    Click("radioSyncExternal");
+    QCOMPARE(Changes(), (QStringList{network + QStringLiteral("setMasterIndex(2)"),
+                                     network + QStringLiteral("setDynamicMode(3)")}));
+    QVERIFY(The<QRadioButton>("radioSyncExternal")->isChecked());
+    for (const char* name : {"cbExternalMaster", "listDynamicMasterMode", "sbCountsPerSync", "sbHoldOffCounts"}) {
+        QVERIFY2(Operator().IsEnabled(name), name);
+    }
+    QCOMPARE(The<QComboBox>("cbExternalMaster")->currentText(), QStringLiteral("SWAX200003"));
+    QCOMPARE(Text("lblDynamicMasterMode"), QStringLiteral("NotMaster"));
+    QCOMPARE(Row("listDynamicMasterMode"), 4);
+    Click("radioSyncNormal");
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setDynamicMode(0)")});
+    QVERIFY(!Operator().IsEnabled("cbExternalMaster"));
+    QCOMPARE(Text("lblDynamicMasterMode"), QStringLiteral("NotMaster"));
+}
+
+void DynamicPageTest::externalModeLeavesOutTheMaster() {
+    OpenPage(Probes() + QStringLiteral("<module type=\"QTA\" identity=\"QTA0000004\"/>"));
+    QCOMPARE(Value("sbModulesInCollection"), 3);
+    Click("radioSyncExternal");
+    QCOMPARE(Changes(), (QStringList{network + QStringLiteral("setNumberOfModules(2)"),
+                                     network + QStringLiteral("setMasterIndex(2)"),
+                                     network + QStringLiteral("setDynamicMode(3)")}));
+    QCOMPARE(Value("sbModulesInCollection"), 2);
+}
+
+void DynamicPageTest::externalModeWithoutMastersStaysNormal() {
+    OpenPage();
+    QCOMPARE(The<QComboBox>("cbExternalMaster")->count(), 0);
+    Click("radioSyncExternal");
+    QCOMPARE(Changes(), QStringList());
+    QVERIFY(The<QRadioButton>("radioSyncNormal")->isChecked());
+    QCOMPARE(Value("sbModulesInCollection"), 2);
+}
+
+void DynamicPageTest::anotherMaster() {
+    OpenPage(Masters());
+    Click("radioSyncExternal");
+    Changes();
+    QVERIFY(Operator().Choose("cbExternalMaster", 1));
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setMasterIndex(3)")});
+    QCOMPARE(The<QComboBox>("cbExternalMaster")->currentText(), QStringLiteral("QTA0000004"));
+    // A page that is shown anew shows the master that is set.
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    QVERIFY(Operator().SelectRow("listModules", 1));
+    ShowPage();
+    QCOMPARE(Changes(), QStringList());
+    QCOMPARE(The<QComboBox>("cbExternalMaster")->currentText(), QStringLiteral("QTA0000004"));
+}
+
+void DynamicPageTest::masterModesOfRows() {
+    OpenPage(Probes() + QStringLiteral("<module type=\"QTA\" identity=\"QTA0000004\"/>"));
+    Click("radioSyncExternal");
+    Changes();
+    const int values[] = {0, 1, 5, 6, -1};
+    for (const int row : {0, 1, 2, 3, 4}) {
+        QVERIFY(Operator().SelectRow("listDynamicMasterMode", row));
+        QCOMPARE(Changes(), QStringList{QStringLiteral("module QTA0000004.setDynamicMasterMode(%1)").arg(values[row])});
+        QCOMPARE(Row("listDynamicMasterMode"), row);
+        QCOMPARE(Text("lblDynamicMasterMode"),
+                 row == 4 ? QStringLiteral("NotMaster") : Rows("listDynamicMasterMode").at(row));
+    }
+}
+
+void DynamicPageTest::rowsBeyondTheMasterModes() {
+    OpenPage(Masters());
+    Click("radioSyncExternal");
+    auto* list = The<QListWidget>("listDynamicMasterMode");
+    list->addItem(QStringLiteral("Sixth"));
+    Changes();
+    ExpectBox(QStringLiteral("Unexpected external master mode"));
+    list->setCurrentRow(5);
+    QCOMPARE(boxes.Count(), 1);
+    QCOMPARE(Changes(), QStringList());
+    list->setCurrentRow(-1);
+    QCOMPARE(Changes(), QStringList());
+    QCOMPARE(list->currentRow(), 4);
+}
+
+void DynamicPageTest::aModeWithoutARow() {
+    OpenPage(Masters());
+    Click("radioSyncExternal");
+    Fault unknown;
+    unknown.operation = "DynamicMasterMode";
+    unknown.trigger = FaultTrigger::FromNth;
+    unknown.effect = FaultEffect::Result;
+    unknown.code = 2;
+    AddFault(unknown);
+    Enter("sbNumSyncs", 5);
+    QCOMPARE(Row("listDynamicMasterMode"), -1);
+    QVERIFY(The<QListWidget>("listDynamicMasterMode")->selectedItems().isEmpty());
+    QCOMPARE(Text("lblDynamicMasterMode"), QStringLiteral("Unknown master mode (2)"));
+}
+
+void DynamicPageTest::settingsOfTheMasters() {
+    OpenPage(Masters());
+    Click("radioSyncExternal");
+    Changes();
+    Enter("sbCountsPerSync", 12);
+    QCOMPARE(Changes(), QStringList{QStringLiteral("module SWAX200003.setTxSync(12)")});
+    Enter("sbHoldOffCounts", 7);
+    QCOMPARE(Changes(), QStringList());
+    QCOMPARE(Value("sbHoldOffCounts"), 0);
+    QVERIFY(Operator().Choose("cbExternalMaster", 1));
+    Changes();
+    QCOMPARE(Value("sbCountsPerSync"), 1);
+    Enter("sbCountsPerSync", 65537 + 4);
+    QCOMPARE(Changes(), QStringList{QStringLiteral("module QTA0000004.setTxSync(5)")});
+    QCOMPARE(Value("sbCountsPerSync"), 5);
+    Enter("sbHoldOffCounts", 700000);
+    QCOMPARE(Changes(), QStringList{QStringLiteral("module QTA0000004.setHoldOff(700000)")});
+    QCOMPARE(Value("sbHoldOffCounts"), 700000);
+    ExpectBox(QStringLiteral("The counts per sync of module QTA0000004 must be 1 to 32767, not 0."));
+    Enter("sbCountsPerSync", 0);
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicPageTest::aMissingMasterResetsTheMode() {
+    OpenPage(Masters());
+    Click("radioSyncExternal");
+    QVERIFY(Operator().Choose("cbExternalMaster", 1));
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    QVERIFY(Operator().SelectRow("listModules", 3));
+    Click("btnDeleteModule");
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    const QStringList changes = Changes();
+    QVERIFY2(changes.contains(network + QStringLiteral("setDynamicMode(0)")),
+             qPrintable(changes.join(QLatin1Char('\n'))));
+    ShowPage();
+    QVERIFY(The<QRadioButton>("radioSyncNormal")->isChecked());
+    QCOMPARE(The<QComboBox>("cbExternalMaster")->count(), 1);
+}
+
+void DynamicPageTest::intervalIsCheckedWhenEnabling_data() {
+    QTest::addColumn<int>("interval");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("full speed") << 0 << true;
+    QTest::newRow("1") << 1 << false;
+    QTest::newRow("too short") << 111 << false;
+    QTest::newRow("shortest") << 112 << true;
+}
+
+void DynamicPageTest::intervalIsCheckedWhenEnabling() {
+    QFETCH(int, interval);
+    QFETCH(bool, accepted);
+    OpenPage();
+    QVERIFY(Operator().SelectRow("listRate", 3));
+    Enter("sbInterval", interval);
+    const QString setInterval = network + QStringLiteral("setDynamicInterval(%1)").arg(interval);
+    QVERIFY(Changes().contains(setInterval));
+    if (!accepted) {
+        ExpectBox(QStringLiteral("Interval must be 0 for full speed or a minimum of 112"));
+    }
+    Enable();
+    QCOMPARE(boxes.Count(), accepted ? 0 : 1);
+    // The first time is the end of the editing, when the button takes the focus.
+    QCOMPARE(Changes(), accepted ? (QStringList{setInterval, setInterval, network + QStringLiteral("setEnabled(true)")})
+                                 : QStringList{setInterval});
+    QCOMPARE(Text("lblNetEnabled"), accepted ? QStringLiteral("True") : QStringLiteral("False"));
+}
+
+void DynamicPageTest::intervalIsSetWithoutACheck() {
+    OpenPage();
+    QVERIFY(Operator().SelectRow("listRate", 3));
+    Changes();
+    Enter("sbInterval", 3);
+    QVERIFY(Changes().contains(network + QStringLiteral("setDynamicInterval(3)")));
+    QCOMPARE(Value("sbInterval"), 3);
+    QCOMPARE(boxes.Count(), 0);
+}
+
+void DynamicPageTest::enablingAndPreparing() {
+    OpenPage(Masters());
+    Enable();
+    QCOMPARE(Changes(), (QStringList{network + QStringLiteral("setDynamicInterval(1000)"),
+                                     network + QStringLiteral("setEnabled(true)")}));
+    QCOMPARE(Text("lblNetEnabled"), QStringLiteral("True"));
+    QCOMPARE(Usable(), (QStringList{QStringLiteral("btnDisable"), QStringLiteral("btnPrepare")}));
+    Click("btnPrepare");
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("Prepare()")});
+    QCOMPARE(Text("lblStatus"), QStringLiteral("Prepared"));
+    QCOMPARE(Usable(), (QStringList{QStringLiteral("btnDisable"), QStringLiteral("btnStart")}));
+    Click("btnDisable");
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setEnabled(false)")});
+    QCOMPARE(Text("lblStatus"), QStringLiteral("Idle"));
+    QCOMPARE(Usable(), settingsOfNormalMode + QStringList{QStringLiteral("btnEnable")});
+}
+
+void DynamicPageTest::aNumberBeingTypedCounts() {
+    OpenPage();
+    QVERIFY(Operator().Enter("sbNumSyncs", QStringLiteral("77")));
+    QCOMPARE(Changes(), QStringList());
+    // The key does not take the focus away from the number.
+    Operator().Press(Qt::Key_E, Qt::AltModifier);
+    QVERIFY(WaitUntil([this] { return Text("lblNetEnabled") == QLatin1String("True"); }));
+    QCOMPARE(Changes(), (QStringList{network + QStringLiteral("setCollectionSize(77)"),
+                                     network + QStringLiteral("setDynamicInterval(1000)"),
+                                     network + QStringLiteral("setEnabled(true)")}));
+    QCOMPARE(Value("sbNumSyncs"), 77);
+}
+
+void DynamicPageTest::otherLongOperations() {
+    OpenPage(Masters());
+    Click("radioSyncExternal");
+    QVERIFY(Operator().SelectRow("listRate", 3));
+    QVERIFY(Operator().Enter("sbInterval", QStringLiteral("55")));
+    Changes();
+    Window().DisableControls();
+    QCOMPARE(Usable(), QStringList());
+    QCOMPARE(Changes(), QStringList());
+    Window().EnableControls();
+    QVERIFY(Usable().contains(QStringLiteral("sbInterval")) && Usable().contains(QStringLiteral("cbExternalMaster")));
+    QCOMPARE(Changes(), QStringList());
+}
+
+void DynamicPageTest::failuresShowTheirText_data() {
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<int>("deed");
+    QTest::newRow("rate") << QStringLiteral("setDynamicRate") << 0;
+    QTest::newRow("syncs") << QStringLiteral("setCollectionSize") << 1;
+    QTest::newRow("modules") << QStringLiteral("setNumberOfModules") << 2;
+    QTest::newRow("normal") << QStringLiteral("setDynamicMode") << 3;
+    QTest::newRow("external") << QStringLiteral("setMasterIndex") << 4;
+    QTest::newRow("master mode") << QStringLiteral("setDynamicMasterMode") << 5;
+    QTest::newRow("counts") << QStringLiteral("setTxSync") << 6;
+    QTest::newRow("hold-off") << QStringLiteral("setHoldOff") << 7;
+    QTest::newRow("interval") << QStringLiteral("setDynamicInterval") << 8;
+    QTest::newRow("minimum") << QStringLiteral("MinimumInterval") << 9;
+    QTest::newRow("enable") << QStringLiteral("setEnabled") << 9;
+    QTest::newRow("prepare") << QStringLiteral("Prepare") << 10;
+}
+
+void DynamicPageTest::failuresShowTheirText() {
+    QFETCH(QString, operation);
+    QFETCH(int, deed);
+    OpenPage(Probes() + QStringLiteral("<module type=\"QTA\" identity=\"QTA0000004\"/>"));
+    const std::vector<std::function<void()>> deeds = {
+        [this] { QVERIFY(Operator().SelectRow("listRate", 1)); },
+        [this] { Enter("sbNumSyncs", 9); },
+        [this] { Enter("sbModulesInCollection", 1); },
+        [this] { Click("radioSyncNormal"); },
+        [this] { Click("radioSyncExternal"); },
+        [this] { QVERIFY(Operator().SelectRow("listDynamicMasterMode", 1)); },
+        [this] { Enter("sbCountsPerSync", 9); },
+        [this] { Enter("sbHoldOffCounts", 9); },
+        [this] { Enter("sbInterval", 9); },
+        [this] { Enable(); },
+        [this] { Click("btnPrepare"); }};
+    if (deed >= 5 && deed <= 7) {
+        Click("radioSyncExternal");
+    }
+    if (deed == 8) {
+        QVERIFY(Operator().SelectRow("listRate", 3));
+    }
+    if (deed == 10) {
+        Enable();
+    }
+    const QString text = QStringLiteral("Gauge <b>3</b> & more");
+    ExpectBox(text);
+    FailNext(qPrintable(operation), text);
+    deeds[static_cast<std::size_t>(deed)]();
+    QCOMPARE(boxes.Count(), 1);
+    QVERIFY(IsOpen());
+}
+
+void DynamicPageTest::aFailedRefreshIsShown() {
+    OpenPage();
+    ExpectBox(QStringLiteral("No answer"));
+    FailNext("NumberOfModules", QStringLiteral("No answer"));
+    Enter("sbNumSyncs", 9);
+    QCOMPARE(boxes.Count(), 1);
+    Changes();
+    // What the page was being filled with does not count as the operator's.
+    Enter("sbNumSyncs", 10);
+    QCOMPARE(Changes(), QStringList{network + QStringLiteral("setCollectionSize(10)")});
+}
+
+void DynamicPageTest::aDroppedNetworkIsNotShown() {
+    OpenPage();
+    Enable();
+    SetNetworkPresent("Alpha", false);
+    Changes();
+    Window().EnableControls();
+    QCOMPARE(Text("lblNetEnabled"), QStringLiteral("True"));
+    ExpectBox(QStringLiteral("Network \"Alpha\" is not connected."));
+    Click("btnPrepare");
+    QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicPageTest::networksOfBothKinds() {
+    OpenModule(Benches::With(Probes(), QStringLiteral("capabilities=\"dynamic2\"")), 0);
+    ShowPage();
+    ExpectBox(QStringLiteral("Network \"Alpha\" cannot be enabled for dynamic mode: its controller does not offer the "
+                             "rate Rate4K."));
+    Enable();
+    QCOMPARE(boxes.Count(), 1);
+    QVERIFY(Operator().SelectRow("listRate", 3));
+    Enable();
+    QCOMPARE(Text("lblNetEnabled"), QStringLiteral("True"));
+}
+
+void DynamicPageTest::everythingIsReached() {
+    OpenPage(Masters());
+    Window().resize(1100, 700);
+    Settle();
+    // Every control can be brought into view and is not covered by another one.
+    Click("radioSyncExternal");
+    QVERIFY(Operator().Choose("cbExternalMaster", 1));
+    for (const int row : {0, 1, 2, 3, 4}) {
+        QVERIFY(Operator().SelectRow("listDynamicMasterMode", row));
+        QVERIFY(Operator().SelectRow("listRate", row % 4));
+    }
+    for (const char* name : {"sbNumSyncs", "sbCountsPerSync", "sbHoldOffCounts", "sbModulesInCollection"}) {
+        QVERIFY(Operator().Click(name));
+    }
+    for (const char* name : {"listRate", "listDynamicMasterMode"}) {
+        const auto* list = The<QListWidget>(name);
+        const QRect last = list->visualItemRect(list->item(list->count() - 1));
+        QVERIFY2(list->viewport()->rect().contains(last), name);
+    }
+}
+
+TAVIK_TEST_MAIN(DynamicPageTest)
+
+#include "DynamicPageTest.moc"
