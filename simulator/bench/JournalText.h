@@ -57,10 +57,6 @@ std::string JournalText(Value value) {
     return std::to_string(static_cast<long long>(value));
 }
 
-inline std::string JournalText(const TavikLibrary::TavikReading& value) {
-    return std::to_string(value.resultCode) + ", " + std::to_string(value.counts) + ", " + JournalText(value.units);
-}
-
 template <class Object>
 std::string JournalText(Object* object) {
     return object ? "object" : "null";
