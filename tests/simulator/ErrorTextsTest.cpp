@@ -36,6 +36,8 @@ const eTavikErrors Known[] = {
     eTavikErrors::OverRange,
     eTavikErrors::SignalFault,
     eTavikErrors::BeamOff,
+    eTavikErrors::NoModuleEnabled,
+    eTavikErrors::StopAwaited,
     eTavikErrors::ReadingUnsettled,
     eTavikErrors::NotMastered,
     eTavikErrors::BelowLimit,

@@ -35,7 +35,10 @@ int TakePictures(const QDir& folder) {
     tour.OpenWindow();
     tour.Window().resize(tour.Window().minimumSize());
     tour.boxes.Tolerate(true);
-    for (const TourStep& step : TourSteps(tour.bench)) {
+    std::vector<TourStep> steps = ModesTourSteps(tour.bench);
+    const std::vector<TourStep> others = TourSteps(tour.bench);
+    steps.insert(steps.end(), others.begin(), others.end());
+    for (const TourStep& step : steps) {
         if ((step.slow && !step.pictured) || step.closes) {
             continue;
         }
