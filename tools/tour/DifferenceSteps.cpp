@@ -79,7 +79,11 @@ void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     const Place other{Place::Module, bench.shown, bench.visited.value(0)};
     steps.push_back({QStringLiteral("connected-for-modes"), Place{Place::Server, bench.shown, QString()},
                      [](Tour& tour) { tour.Operator().Click("btnConnectAll"); },
-                     [probe](Tour& tour) { return tour.Rows("listModules").contains(probe.module); }, LastResortOnly});
+                     [probe, other](Tour& tour) {
+                         const QStringList rows = tour.Rows("listModules");
+                         return rows.contains(probe.module) && rows.contains(other.module);
+                     },
+                     LastResortOnly});
     AddPage(steps, other, LastResortOnly);
     AddEnabling(steps, other, "btnEnable", QStringLiteral("True"));
     AddPage(steps, probe, LastResortOnly);
