@@ -35,9 +35,9 @@ int TakePictures(const QDir& folder) {
     tour.OpenWindow();
     tour.Window().resize(tour.Window().minimumSize());
     tour.boxes.Tolerate(true);
-    std::vector<TourStep> steps = ModesTourSteps(tour.bench);
-    const std::vector<TourStep> others = TourSteps(tour.bench);
-    steps.insert(steps.end(), others.begin(), others.end());
+    std::vector<TourStep> steps = TourSteps(tour.bench);
+    const std::vector<TourStep> ofModes = ModesTourSteps(tour.bench);
+    steps.insert(steps.end(), ofModes.begin(), ofModes.end());
     for (const TourStep& step : steps) {
         if ((step.slow && !step.pictured) || step.closes) {
             continue;

@@ -78,7 +78,10 @@ void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     const Place probe{Place::Module, bench.shown, bench.probe};
     const Place other{Place::Module, bench.shown, bench.visited.value(0)};
     steps.push_back({QStringLiteral("connected-for-modes"), Place{Place::Server, bench.shown, QString()},
-                     [](Tour& tour) { tour.Operator().Click("btnConnectAll"); },
+                     [](Tour& tour) {
+                         tour.Operator().SelectPage("tabServer");
+                         tour.Operator().Click("btnConnectAll");
+                     },
                      [probe, other](Tour& tour) {
                          const QStringList rows = tour.Rows("listModules");
                          return rows.contains(probe.module) && rows.contains(other.module);
