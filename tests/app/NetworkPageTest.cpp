@@ -78,10 +78,16 @@ void NetworkPageTest::selectionBuildsThePagesInOrder() {
     const QStringList calls = Calls::Take();
     QCOMPARE(calls.first(), QStringLiteral("network Alpha.GetModule(2)"));
     QCOMPARE(calls.at(1), QStringLiteral("module RN00000003.Identity()"));
-    COMPARE_CALLS(calls.mid(calls.size() - 4), {QStringLiteral("module RN00000003.BufferedCapable()"),
-                                                QStringLiteral("module RN00000003.DifferenceCapable()"),
-                                                QStringLiteral("network Alpha.DynamicCapable()"),
-                                                QStringLiteral("network Alpha.ReadBurstCapable()")});
+    // The module's page, which comes first, asks most of this too.
+    const int pageIsFilled = calls.indexOf(QStringLiteral("status RN00000003.ErrorString()"));
+    QVERIFY(pageIsFilled > 0);
+    COMPARE_CALLS(
+        calls.mid(pageIsFilled)
+            .filter(QRegularExpression(QStringLiteral("^(module RN00000003|network Alpha)\\."
+                                                      "(Buffered|Difference|Dynamic|ReadBurst)Capable\\(")))
+            .mid(0, 4),
+        {QStringLiteral("module RN00000003.BufferedCapable()"), QStringLiteral("module RN00000003.DifferenceCapable()"),
+         QStringLiteral("network Alpha.DynamicCapable()"), QStringLiteral("network Alpha.ReadBurstCapable()")});
     QVERIFY(Operator().SelectRow("listModules", first));
     QVERIFY(!Pages().contains(QStringLiteral("Ref Mark Mode")));
     QCOMPARE(Pages().size(), 7);

@@ -37,6 +37,8 @@ const eTavikErrors Known[] = {
     eTavikErrors::SignalFault,
     eTavikErrors::BeamOff,
     eTavikErrors::MarkNotFound,
+    eTavikErrors::NoModuleEnabled,
+    eTavikErrors::StopAwaited,
     eTavikErrors::ReadingUnsettled,
     eTavikErrors::NotMastered,
     eTavikErrors::BelowLimit,

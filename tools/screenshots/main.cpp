@@ -35,7 +35,10 @@ int TakePictures(const QDir& folder) {
     tour.OpenWindow();
     tour.Window().resize(tour.Window().minimumSize());
     tour.boxes.Tolerate(true);
-    for (const TourStep& step : TourSteps(tour.bench)) {
+    std::vector<TourStep> steps = TourSteps(tour.bench);
+    const std::vector<TourStep> ofModes = ModesTourSteps(tour.bench);
+    steps.insert(steps.end(), ofModes.begin(), ofModes.end());
+    for (const TourStep& step : steps) {
         if ((step.slow && !step.pictured) || step.closes) {
             continue;
         }

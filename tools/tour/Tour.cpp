@@ -87,6 +87,13 @@ std::vector<TourStep> PanelTourSteps(const TourBench& bench) {
     return steps;
 }
 
+std::vector<TourStep> ModesTourSteps(const TourBench& bench) {
+    std::vector<TourStep> steps;
+    AddDifferenceSteps(steps, bench);
+    AddReadBurstSteps(steps, bench);
+    return steps;
+}
+
 std::vector<TourStep> TourSteps(const TourBench& bench) {
     std::vector<TourStep> steps;
     AddServerSteps(steps, bench);

@@ -82,5 +82,7 @@ std::vector<TourStep> TourSteps(const TourBench& bench);
 
 /// Only the way to the modules that are visited, and what can be done on their panels.
 std::vector<TourStep> PanelTourSteps(const TourBench& bench);
+/// Only the way to two modules that can take part, and the acquisition modes.
+std::vector<TourStep> ModesTourSteps(const TourBench& bench);
 /// Only those of a wireless connection module and its hand tools.
 std::vector<TourStep> WirelessTourSteps(const TourBench& bench);

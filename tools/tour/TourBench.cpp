@@ -63,6 +63,22 @@ TourBench WirelessTourBench() {
     return bench;
 }
 
+TourBench ModesTourBench() {
+    TourBench bench;
+    bench.text = QStringLiteral(R"xml(
+<bench>
+  <network name="Alpha" controller="C1">
+    <module type="KX" identity="KX00000001"/>
+    <module type="RN" identity="RN00000002"/>
+  </network>
+</bench>)xml");
+    bench.otherNetwork = 0;
+    bench.networkName = QStringLiteral("Alpha");
+    bench.probe = QStringLiteral("KX00000001");
+    bench.visited = QStringList{QStringLiteral("RN00000002")};
+    return bench;
+}
+
 TourBench DefaultTourBench() {
     TourBench bench;
     bench.text = QString::fromStdString(TavikSimulator::DefaultBenchText());

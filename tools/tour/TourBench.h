@@ -31,5 +31,7 @@ TourBench SmallTourBench();
 TourBench PanelTourBench(const QString& kind);
 /// One wireless connection module and few hand tools.
 TourBench WirelessTourBench();
+/// Two modules that can take part in the acquisition modes.
+TourBench ModesTourBench();
 /// The bench that is compiled into the simulated library.
 TourBench DefaultTourBench();

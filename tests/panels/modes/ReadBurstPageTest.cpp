@@ -277,7 +277,7 @@ void ReadBurstPageTest::theRateOfFiveSeconds() {
     slow.operation = "Readburst";
     slow.effect = FaultEffect::Slow;
     slow.trigger = FaultTrigger::FromNth;
-    slow.delay = 0.2145;
+    slow.delay = 0.2085;
     AddFault(slow);
     bool cursorAtBox = true;
     BoxReply reply;

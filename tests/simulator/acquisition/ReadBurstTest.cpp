@@ -5,6 +5,8 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
+
 using namespace TavikSimulator;
 using TavikLibrary::eTavikErrors;
 using TavikLibrary::TavikModule;
@@ -239,18 +241,20 @@ void ReadBurstTest::itTakesItsTimeOnARealClock() {
     ConnectedServer server;
     UseRealClock();
     SetLatency(true);
-    constexpr int bursts = 300;
-    QElapsedTimer timer;
-    timer.start();
+    // The median, because a busy computer makes some of them late.
+    std::vector<double> seconds(300);
     int count = 0;
-    for (int i = 0; i < bursts; ++i) {
+    for (double& each : seconds) {
+        QElapsedTimer timer;
+        timer.start();
         server.Network()->Readburst(count);
+        each = static_cast<double>(timer.nsecsElapsed()) / 1e9;
     }
-    const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
-    const double nominal = bursts * NominalTime(9);
-    qInfo("%d bursts took %.1f ms, nominally %.1f ms.", bursts, seconds * 1e3, nominal * 1e3);
-    QVERIFY(seconds >= nominal);
-    QVERIFY(seconds < 2 * nominal);
+    std::sort(seconds.begin(), seconds.end());
+    const double median = seconds.at(seconds.size() / 2);
+    qInfo("A burst took %.4f ms, nominally %.4f ms.", median * 1e3, NominalTime(9) * 1e3);
+    QVERIFY(seconds.front() >= NominalTime(9) * 0.999);
+    QVERIFY(median < 1.5 * NominalTime(9));
 }
 
 QTEST_APPLESS_MAIN(ReadBurstTest)

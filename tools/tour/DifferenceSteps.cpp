@@ -1,0 +1,99 @@
+#include "tools/tour/Steps.h"
+
+#include <QDialog>
+
+using TavikSimulator::JournalEntry;
+
+namespace {
+
+using Calls = std::vector<JournalEntry>;
+
+const FailureRule ownBox = Always(QStringLiteral("Difference Mode"), QStringLiteral("Error: "));
+
+/// The page's own box, but for what is asked when the window's controls are enabled again: that is after the page has
+/// shown what the stopped run came to, and before it looks for the last time whether the run is over.
+FailureBox OfRun(const Calls& calls) {
+    enum { Running, Showing, Enabling, Enabled, Looking } phase = Running;
+    for (const JournalEntry& call : calls) {
+        const bool failing = &call == &calls.back();
+        if (phase == Enabled && call.operation == "Difference" && call.object.rfind("module ", 0) == 0) {
+            phase = Looking;
+        } else if (phase == Running && call.operation == "Stop" && !failing) {
+            phase = Showing;
+        } else if (phase == Showing && call.operation == "Count" && !failing) {
+            phase = Enabling;
+        } else if (phase == Enabling && call.operation == "Count" && !failing) {
+            phase = Enabled;
+        }
+    }
+    return phase == Enabling || phase == Enabled ? FailureBox() : ownBox(calls);
+}
+
+void Run(Tour& tour) {
+    tour.Operator().SelectPage("tabDifference");
+    int looks = 0;
+    const auto operatorsHand = Repeatedly([&] {
+        TavikSimulator::AdvanceClock(1.0);
+        if (++looks == 2) {
+            tour.ReportDialog(tour.Window(), QStringLiteral("difference-running"));
+        }
+        if (looks >= 2 && tour.Operator().IsEnabled("btnStopDiff")) {
+            tour.Operator().Click("btnStopDiff");
+        }
+    });
+    tour.Operator().Click("btnStartDiff");
+    if (tour.Operator().IsEnabled("btnStopDiff")) {
+        // A look at the run failed; it goes on.
+        tour.Operator().Click("btnStopDiff");
+    }
+}
+
+void ShowResults(Tour& tour) {
+    tour.Operator().SelectPage("tabDifference");
+    BoxReply reply;
+    reply.meanwhile = [&tour](QDialog& dialog) {
+        tour.ReportDialog(dialog, QStringLiteral("difference-results-dialog"));
+    };
+    tour.boxes.ExpectDialog(tour.Operator().Find("differenceModeWidget"), QStringLiteral("Difference Mode Results"),
+                            reply);
+    tour.Operator().Click("btnDisplayAllModuleResults");
+}
+
+void AddEnabling(std::vector<TourStep>& steps, const Place& place, const char* button, const QString& enabled) {
+    TourStep step;
+    step.name = QStringLiteral("difference-%1-%2").arg(enabled.toLower(), place.module);
+    step.place = place;
+    step.act = [button](Tour& tour) {
+        tour.Operator().SelectPage("tabDifference");
+        tour.Operator().Click(button);
+    };
+    step.seen = [enabled](Tour& tour) { return tour.Operator().Text("tbEnabled") == enabled; };
+    step.failure = ownBox;
+    steps.push_back(step);
+}
+
+} // namespace
+
+void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
+    const Place probe{Place::Module, bench.shown, bench.probe};
+    const Place other{Place::Module, bench.shown, bench.visited.value(0)};
+    steps.push_back({QStringLiteral("connected-for-modes"), Place{Place::Server, bench.shown, QString()},
+                     [](Tour& tour) {
+                         tour.Operator().SelectPage("tabServer");
+                         tour.Operator().Click("btnConnectAll");
+                     },
+                     [probe, other](Tour& tour) {
+                         const QStringList rows = tour.Rows("listModules");
+                         return rows.contains(probe.module) && rows.contains(other.module);
+                     },
+                     LastResortOnly});
+    AddPage(steps, other, LastResortOnly);
+    AddEnabling(steps, other, "btnEnable", QStringLiteral("True"));
+    AddPage(steps, probe, LastResortOnly);
+    AddEnabling(steps, probe, "btnEnable", QStringLiteral("True"));
+    steps.push_back({QStringLiteral("difference-run"), probe, Run,
+                     [](Tour& tour) { return tour.Operator().IsEnabled("btnDisplayAllModuleResults"); }, OfRun});
+    steps.push_back({QStringLiteral("difference-results"), probe, ShowResults,
+                     [](Tour& tour) { return tour.Operator().IsEnabled("btnDisplayAllModuleResults"); }, ownBox});
+    AddEnabling(steps, probe, "btnDisable", QStringLiteral("False"));
+}
