@@ -63,6 +63,20 @@ TourBench WirelessTourBench() {
     return bench;
 }
 
+TourBench ModesTourBench() {
+    TourBench bench;
+    bench.text = QStringLiteral(R"xml(
+<bench>
+  <network name="Alpha" controller="C1">
+    <module type="RN" identity="RN00000001" mark="4.5"/>
+  </network>
+</bench>)xml");
+    bench.otherNetwork = 0;
+    bench.networkName = QStringLiteral("Alpha");
+    bench.linearEncoder = QStringLiteral("RN00000001");
+    return bench;
+}
+
 TourBench DefaultTourBench() {
     TourBench bench;
     bench.text = QString::fromStdString(TavikSimulator::DefaultBenchText());
@@ -85,6 +99,7 @@ TourBench DefaultTourBench() {
                     QStringLiteral("HVX0000111"), QStringLiteral("PNX0000114")};
     bench.airGauge = QStringLiteral("PNX0000113");
     bench.networkName = QStringLiteral("Mixed");
+    bench.linearEncoder = QStringLiteral("RN12000104");
     bench.wireless = QStringLiteral("RLK0000112");
     bench.freeTool = QStringLiteral("KRV1000006");
     return bench;
