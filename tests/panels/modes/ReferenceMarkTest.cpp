@@ -24,6 +24,7 @@ private slots:
     void learnsInCounts();
     void learnsInUnits();
     void recalls();
+    void recallKeepsItsValue();
     void sendsRecallValues_data();
     void sendsRecallValues();
     void pollsEveryFiftyMilliseconds();
@@ -172,6 +173,20 @@ void ReferenceMarkTest::recalls() {
     QVERIFY(Operator().Click("radioUnits"));
     QVERIFY(Operator().Click("btnRead"));
     QCOMPARE(Operator().Text("tbReading"), QStringLiteral("-9.50000 mm"));
+}
+
+void ReferenceMarkTest::recallKeepsItsValue() {
+    OpenPage();
+    QVERIFY(Operator().Click("radioRecall"));
+    RecallValue()->setValue(100.0);
+    Fault other;
+    other.operation = "ReadInCountsAtRefmark";
+    other.effect = FaultEffect::Result;
+    other.code = 4711;
+    AddFault(other);
+    Find();
+    QCOMPARE(Reading(), QStringLiteral("4711.00000"));
+    QCOMPARE(RecallValue()->value(), 100.0);
 }
 
 void ReferenceMarkTest::sendsRecallValues_data() {
