@@ -139,7 +139,7 @@ void ReferenceMarkWidget::Search() {
 bool ReferenceMarkWidget::WaitForEnd() {
     constexpr unsigned int pauseMicroseconds = 50000;
     const QString activity =
-        QStringLiteral("Searching for the reference mark of module %1: %2 seconds").arg(ui->tbRefMarkModuleID->text());
+        QStringLiteral("Searching for the reference mark of module %1: %2 s so far").arg(ui->tbRefMarkModuleID->text());
     QElapsedTimer sinceStart;
     sinceStart.start();
     while (module->RefmarkInProgress()) {

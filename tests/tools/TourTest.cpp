@@ -22,8 +22,14 @@ struct Course {
     std::vector<TourStep> (*steps)(const TourBench& bench);
 };
 const Course mainCourse{SmallTourBench, TourSteps};
-const Course wirelessCourse{WirelessTourBench, WirelessTourSteps};
-const Course modesCourse{ModesTourBench, ModesTourSteps};
+/// The other courses, by the word that chooses them.
+const QMap<QString, Course> otherCourses = {
+    {QStringLiteral("--wireless"), {WirelessTourBench, WirelessTourSteps}},
+    {QStringLiteral("--difference"), {DifferenceTourBench, ModesTourSteps}},
+    {QStringLiteral("--reference-mark"), {ReferenceMarkTourBench, ModesTourSteps}},
+    {QStringLiteral("--buffered"), {BufferedTourBench, ModesTourSteps}},
+    {QStringLiteral("--dynamic"), {DynamicTourBench, ModesTourSteps}},
+};
 Course course = mainCourse;
 
 /// Closing a window takes half a second; after failures in earlier steps only every so many are closed.
@@ -210,7 +216,8 @@ QStringList TourTest::RunWith(std::uint64_t k, const TourBench& bench, const std
 void TourTest::wholeTour_data() {
     QTest::addColumn<bool>("small");
     QTest::newRow("small bench") << true;
-    if (course.bench != wirelessCourse.bench) {
+    // Once for all modes; the wireless screens are in the main course.
+    if (course.bench == mainCourse.bench || course.bench == DifferenceTourBench) {
         QTest::newRow("default bench") << false;
     }
 }
@@ -253,7 +260,7 @@ QStringList TourTest::FailAll(const TourBench& bench, const std::vector<TourStep
 void TourTest::everyCallForAPanelFailsOnce_data() {
     QTest::addColumn<QString>("kind");
     std::uint64_t row = 0;
-    for (const char* kind : {"QTA", "SWAX", "SWAX2", "BW", "BWR", "BWK", "HVX"}) {
+    for (const char* kind : {"RN", "QTA", "SWAX", "SWAX2", "BW", "BWR", "BWK", "HVX"}) {
         if (++row % parts == part % parts) {
             QTest::newRow(kind) << QString::fromLatin1(kind);
         }
@@ -308,18 +315,13 @@ QStringList TourTest::FailIn(Tour& tour, const TourStep& step, std::uint64_t k) 
     return wrong;
 }
 
-/// "--wireless" or "--modes", and "--part N" before the arguments of every test choose the course and which of its
-/// failures are made.
+/// The word for a course and "--part N" before the arguments of every test choose the course and which of its failures
+/// are made.
 int main(int argc, char* argv[]) {
     const Application application(argc, argv);
     QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == QLatin1String("--wireless")) {
-        course = wirelessCourse;
-        arguments.removeAt(1);
-    }
-    if (arguments.value(1) == QLatin1String("--modes")) {
-        course = modesCourse;
-        arguments.removeAt(1);
+    if (otherCourses.contains(arguments.value(1))) {
+        course = otherCourses[arguments.takeAt(1)];
     }
     if (arguments.value(1) == QLatin1String("--part")) {
         part = arguments.value(2).toULongLong();

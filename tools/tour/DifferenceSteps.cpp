@@ -75,6 +75,9 @@ void AddEnabling(std::vector<TourStep>& steps, const Place& place, const char* b
 } // namespace
 
 void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
+    if (bench.probe.isEmpty()) {
+        return;
+    }
     const Place probe{Place::Module, bench.shown, bench.probe};
     const Place other{Place::Module, bench.shown, bench.visited.value(0)};
     steps.push_back({QStringLiteral("connected-for-modes"), Place{Place::Server, bench.shown, QString()},

@@ -98,6 +98,21 @@ void AddEncoder(PanelSteps panel) {
     panel.AddRead();
 }
 
+void AddLinearEncoder(PanelSteps panel) {
+    const auto preset = [](double value, const char* button) {
+        return [value, button](Hand hand) {
+            hand.The<QDoubleSpinBox>("sbPreset")->setValue(value);
+            hand.Click(button);
+        };
+    };
+    panel.Add("preset-in-counts", preset(4711.5, "btnPresetinCounts"),
+              [](Hand) { return LastCallWas("setPresetInCounts"); });
+    panel.Add("preset-in-units", preset(0.0, "btnPresetinUnits"), [](Hand) { return LastCallWas("setPresetInUnits"); });
+    panel.AddClick("reversed", "radioReversed");
+    panel.AddClick("normal", "radioNormal");
+    panel.AddRead();
+}
+
 void AddEightPins(PanelSteps panel) {
     panel.AddClick("pin-3-is-an-output", "radioConfigOutput3");
     panel.AddClick("pin-3-is-high", "radioOutputHigh3");
@@ -170,7 +185,7 @@ void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Place& pl
 }
 
 QString KindOf(const QString& identity) {
-    for (const char* kind : {"QTA", "SWAX2", "SWAX", "BWR", "BWK", "BW", "HVX"}) {
+    for (const char* kind : {"RN", "QTA", "SWAX2", "SWAX", "BWR", "BWK", "BW", "HVX"}) {
         if (identity.startsWith(QLatin1String(kind))) {
             return QLatin1String(kind);
         }
@@ -194,6 +209,8 @@ void AddPanelSteps(std::vector<TourStep>& steps, const Place& place) {
     const auto titled = [&](const QString& area) { return PanelSteps(steps, place, area + QStringLiteral(" Module")); };
     if (kind == QLatin1String("QTA")) {
         AddEncoder(titled(kind));
+    } else if (kind == QLatin1String("RN")) {
+        AddLinearEncoder(titled(kind));
     } else if (kind == QLatin1String("SWAX")) {
         AddEightPins(titled(kind));
     } else if (kind == QLatin1String("SWAX2")) {

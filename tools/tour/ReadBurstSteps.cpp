@@ -20,6 +20,9 @@ bool HasReadings(Tour& tour) {
 } // namespace
 
 void AddReadBurstSteps(std::vector<TourStep>& steps, const TourBench& bench) {
+    if (bench.probe.isEmpty()) {
+        return;
+    }
     const Place probe{Place::Module, bench.shown, bench.probe};
     const FailureRule box = Always(QStringLiteral("Readburst"), QStringLiteral("Error: "));
     steps.push_back({QStringLiteral("readburst-in-counts"), probe, Press("btnReadInCounts"), HasReadings, box});

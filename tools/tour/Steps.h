@@ -10,9 +10,11 @@ void AddModuleSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench);
 /// Nothing on a bench without a wireless connection module.
 void AddWirelessSteps(std::vector<TourStep>& steps, const TourBench& bench);
-/// For the probe that is read and the first of the modules that are visited.
+/// For the probe that is read and the first of the modules that are visited; nothing on a bench without.
 void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddReadBurstSteps(std::vector<TourStep>& steps, const TourBench& bench);
+/// Nothing on a bench without a linear encoder whose reference mark is searched.
+void AddReferenceMarkSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddMenuSteps(std::vector<TourStep>& steps, const TourBench& bench);
 /// Everything that can be done on the panels of one module, by the kind that its identity begins with.
 void AddPanelSteps(std::vector<TourStep>& steps, const Place& place);

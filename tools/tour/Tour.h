@@ -86,3 +86,5 @@ std::vector<TourStep> PanelTourSteps(const TourBench& bench);
 std::vector<TourStep> ModesTourSteps(const TourBench& bench);
 /// Only those of a wireless connection module and its hand tools.
 std::vector<TourStep> WirelessTourSteps(const TourBench& bench);
+/// Only those of the acquisition modes.
+std::vector<TourStep> ModesTourSteps(const TourBench& bench);

@@ -63,19 +63,58 @@ TourBench WirelessTourBench() {
     return bench;
 }
 
-TourBench ModesTourBench() {
+namespace {
+
+/// One network that can do nothing but one mode, so that no other page asks on the way.
+TourBench BenchOfOneMode(const char* network) {
     TourBench bench;
-    bench.text = QStringLiteral(R"xml(
-<bench>
-  <network name="Alpha" controller="C1">
-    <module type="KX" identity="KX00000001"/>
-    <module type="RN" identity="RN00000002"/>
-  </network>
-</bench>)xml");
+    bench.text = QStringLiteral("<bench>") + QString::fromUtf8(network) + QStringLiteral("</bench>");
     bench.otherNetwork = 0;
     bench.networkName = QStringLiteral("Alpha");
+    return bench;
+}
+
+} // namespace
+
+TourBench DifferenceTourBench() {
+    TourBench bench = BenchOfOneMode(R"xml(
+  <network name="Alpha" controller="C1" capabilities="readburst">
+    <module type="KX" identity="KX00000001" capabilities="difference readburst"/>
+    <module type="RN" identity="RN00000002" capabilities="difference readburst"/>
+  </network>)xml");
     bench.probe = QStringLiteral("KX00000001");
     bench.visited = QStringList{QStringLiteral("RN00000002")};
+    return bench;
+}
+
+TourBench ReferenceMarkTourBench() {
+    TourBench bench = BenchOfOneMode(R"xml(
+  <network name="Alpha" controller="C1" capabilities="buffered-external">
+    <module type="RN" identity="RN00000001" mark="4.5" capabilities="dynamic2"/>
+  </network>)xml");
+    bench.linearEncoder = QStringLiteral("RN00000001");
+    return bench;
+}
+
+TourBench BufferedTourBench() {
+    TourBench bench = BenchOfOneMode(R"xml(
+  <network name="Alpha" controller="C1" capabilities="buffered buffered-external">
+    <module type="KX" identity="KX00000002" capabilities="buffered"/>
+    <module type="QTA" identity="QTA0000003" capabilities="buffered buffered-master"/>
+  </network>)xml");
+    bench.buffered = QStringLiteral("KX00000002");
+    return bench;
+}
+
+TourBench DynamicTourBench() {
+    TourBench bench = BenchOfOneMode(R"xml(
+  <network name="Alpha" controller="C1" capabilities="dynamic dynamic2 dynamic-external">
+    <module type="KX" identity="KX00000002" capabilities="dynamic dynamic2"/>
+    <module type="QTA" identity="QTA0000003" capabilities="dynamic dynamic2 dynamic-master"/>
+  </network>)xml");
+    bench.collected = QStringLiteral("KX00000002");
+    bench.master = QStringLiteral("QTA0000003");
+    bench.syncs = 2;
     return bench;
 }
 
@@ -101,6 +140,7 @@ TourBench DefaultTourBench() {
                     QStringLiteral("HVX0000111"), QStringLiteral("PNX0000114")};
     bench.airGauge = QStringLiteral("PNX0000113");
     bench.networkName = QStringLiteral("Mixed");
+    bench.linearEncoder = QStringLiteral("RN12000104");
     bench.wireless = QStringLiteral("RLK0000112");
     bench.freeTool = QStringLiteral("KRV1000006");
     return bench;

@@ -21,6 +21,7 @@ struct TourBench {
     QString probe;                 ///< the probe there that is read and set
     QString airGauge;              ///< the air gauge there that is configured and mastered
     QStringList visited;           ///< the modules there whose pages are shown
+    QString linearEncoder;         ///< the linear encoder there whose reference mark is searched
     QString wireless;              ///< the wireless connection module there, with tools in slots 1 and 2
     QString freeTool;              ///< a single-channel hand tool that is in no slot yet
 };
@@ -31,7 +32,10 @@ TourBench SmallTourBench();
 TourBench PanelTourBench(const QString& kind);
 /// One wireless connection module and few hand tools.
 TourBench WirelessTourBench();
-/// Two modules that can take part in the acquisition modes.
-TourBench ModesTourBench();
+/// Few modules, with what one of the acquisition modes needs and nothing else.
+TourBench DifferenceTourBench();
+TourBench ReferenceMarkTourBench();
+TourBench BufferedTourBench();
+TourBench DynamicTourBench();
 /// The bench that is compiled into the simulated library.
 TourBench DefaultTourBench();

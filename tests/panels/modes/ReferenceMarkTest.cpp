@@ -1,30 +1,16 @@
 #include "panels/modes/ReferenceMarkWidget.h"
-#include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/panels/modes/ReferenceMarkPage.h"
 
-#include <QDoubleSpinBox>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
-#include <QSignalSpy>
-#include <QStatusBar>
 #include <QTextEdit>
 
 using namespace TavikSimulator;
 
-namespace {
-
-const QString boxTitle = QStringLiteral("Ref Mark Mode");
-
-QString Call(const char* call) {
-    return QStringLiteral("module RN00000001.") + QString::fromLatin1(call);
-}
-
-} // namespace
-
 /// The page that searches a linear encoder's reference mark.
-class ReferenceMarkTest : public ProgramTest {
+class ReferenceMarkTest : public ReferenceMarkPage {
     Q_OBJECT
 
 private slots:
@@ -38,84 +24,12 @@ private slots:
     void learnsInCounts();
     void learnsInUnits();
     void recalls();
+    void recallKeepsItsValue();
     void sendsRecallValues_data();
     void sendsRecallValues();
     void pollsEveryFiftyMilliseconds();
     void endsWithoutTheMark();
-    void controlsWhileSearching();
-    void statusBarWhileSearching();
-    void findWhileSearchingDoesNothing();
-    void modeIsThatOfTheStart();
-    void failures_data();
-    void failures();
-    void failingStopGoesOnSearching();
-    void searchAfterAFailure();
-    void moduleThatDropsOut();
-    void networkThatDropsOut();
-    void anotherModuleEndsTheWaiting();
-    void removedModuleIsNotAsked();
-    void closingEndsTheSearch();
-    void closingWhenTheModuleCannotBeTold();
-    void closingWithAnErrorBoxOpen();
-    void continuousReadingKeepsFindDisabled();
-    void stopWithoutASearch();
-
-private:
-    void OpenPage(const QString& attributes = QStringLiteral("mark=\"4\" hand=\"0.3\""));
-    /// Clicks Find; time on the bench goes on meanwhile, and something happens again and again.
-    void Find(const std::function<void()>& meanwhile = [] {});
-    /// As Find, but it happens once, when the search has been asked for its end so many times.
-    void FindAndAfter(int polls, const std::function<void()>& then);
-    QDoubleSpinBox* RecallValue() { return Operator().The<QDoubleSpinBox>("sbRecallValue"); }
-    QString Reading() { return Operator().Text("tbRefMarkReading"); }
-    QWidget* Page() { return Operator().Find("refMarkWidget"); }
-    void CompareIdle();
-    /// The calls of the module but those that ask whether the search is on.
-    QStringList CallsButPolls();
 };
-
-void ReferenceMarkTest::OpenPage(const QString& attributes) {
-    OpenModule(Benches::With(QStringLiteral("<module type=\"RN\" identity=\"RN00000001\" %1>"
-                                            "<signal base=\"7\"/></module>"
-                                            "<module type=\"RN\" identity=\"RN00000002\"/>")
-                                 .arg(attributes)),
-               0);
-    QVERIFY(Operator().SelectPage("tabRefMark"));
-    Calls::Mark();
-}
-
-void ReferenceMarkTest::Find(const std::function<void()>& meanwhile) {
-    const auto time = Repeatedly([&] {
-        AdvanceClock(0.1);
-        meanwhile();
-    });
-    QVERIFY(Operator().Click("btnFind"));
-}
-
-void ReferenceMarkTest::FindAndAfter(int polls, const std::function<void()>& then) {
-    bool happened = false;
-    Find([&] {
-        if (!happened && Calls::CountOf("RefmarkInProgress") >= polls) {
-            happened = true;
-            then();
-        }
-    });
-    QVERIFY(happened);
-}
-
-void ReferenceMarkTest::CompareIdle() {
-    for (const char* name : {"btnFind", "gbMode", "gbReadIn", "btnRead", "btnPresetinCounts", "listModules"}) {
-        QVERIFY2(Operator().Find(name)->isEnabledTo(&Window()), name);
-    }
-    QVERIFY(!Operator().IsEnabled("btnStop"));
-    QCOMPARE(Window().statusBar()->currentMessage(), QString());
-}
-
-QStringList ReferenceMarkTest::CallsButPolls() {
-    QStringList calls = Calls::TakeObject("module RN00000001");
-    calls.removeAll(Call("RefmarkInProgress()"));
-    return calls;
-}
 
 void ReferenceMarkTest::theFormIsAsKnown() {
     const ReferenceMarkWidget page;
@@ -261,6 +175,20 @@ void ReferenceMarkTest::recalls() {
     QCOMPARE(Operator().Text("tbReading"), QStringLiteral("-9.50000 mm"));
 }
 
+void ReferenceMarkTest::recallKeepsItsValue() {
+    OpenPage();
+    QVERIFY(Operator().Click("radioRecall"));
+    RecallValue()->setValue(100.0);
+    Fault other;
+    other.operation = "ReadInCountsAtRefmark";
+    other.effect = FaultEffect::Result;
+    other.code = 4711;
+    AddFault(other);
+    Find();
+    QCOMPARE(Reading(), QStringLiteral("4711.00000"));
+    QCOMPARE(RecallValue()->value(), 100.0);
+}
+
 void ReferenceMarkTest::sendsRecallValues_data() {
     QTest::addColumn<bool>("counts");
     QTest::addColumn<double>("value");
@@ -310,199 +238,6 @@ void ReferenceMarkTest::endsWithoutTheMark() {
                   {Call("FindRefMark_Counts(1, 40000)"), Call("StopRefMark()"), Call("RefmarkFound()")});
     QCOMPARE(Reading(), QString());
     QCOMPARE(RecallValue()->value(), 40000.0);
-    CompareIdle();
-}
-
-void ReferenceMarkTest::controlsWhileSearching() {
-    OpenPage();
-    FindAndAfter(1, [this] {
-        QVERIFY(Operator().IsEnabled("btnStop"));
-        for (const char* name : {"btnFind", "sbRecallValue", "radioRecall", "radioUnits", "btnRead",
-                                 "btnPresetinCounts", "listModules", "tableNetworks", "btnConnectAll"}) {
-            QVERIFY2(!Operator().IsEnabled(name), name);
-        }
-        QVERIFY(QApplication::overrideCursor() == nullptr);
-    });
-    CompareIdle();
-}
-
-void ReferenceMarkTest::statusBarWhileSearching() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    const QSignalSpy messages(Window().statusBar(), &QStatusBar::messageChanged);
-    QElapsedTimer time;
-    time.start();
-    bool stopped = false;
-    Find([&] {
-        if (!stopped && time.elapsed() > 1200) {
-            stopped = true;
-            QVERIFY(Operator().Click("btnStop"));
-        }
-    });
-    QStringList seen;
-    for (const QList<QVariant>& message : messages) {
-        seen.append(message.constFirst().toString());
-    }
-    seen.removeDuplicates();
-    QCOMPARE(seen.mid(0, 2),
-             QStringList({QStringLiteral("Searching for the reference mark of module RN00000001: 0 seconds"),
-                          QStringLiteral("Searching for the reference mark of module RN00000001: 1 seconds")}));
-    QCOMPARE(Window().statusBar()->currentMessage(), QString());
-}
-
-void ReferenceMarkTest::findWhileSearchingDoesNothing() {
-    OpenPage();
-    FindAndAfter(1, [this] {
-        QVERIFY(QMetaObject::invokeMethod(Page(), "on_btnFind_clicked"));
-        QVERIFY(Operator().IsEnabled("btnStop"));
-    });
-    QCOMPARE(Calls::TakeOperation("FindRefMark_Counts").size(), 1);
-    QCOMPARE(Reading(), QStringLiteral("40000.00000"));
-    CompareIdle();
-}
-
-void ReferenceMarkTest::modeIsThatOfTheStart() {
-    OpenPage();
-    FindAndAfter(1, [this] {
-        Operator().The<QRadioButton>("radioRecall")->click();
-        Operator().The<QRadioButton>("radioRecall")->setChecked(true);
-        QVERIFY(!RecallValue()->isEnabled());
-    });
-    QCOMPARE(RecallValue()->value(), 40000.0);
-    QVERIFY(RecallValue()->isEnabled());
-}
-
-void ReferenceMarkTest::failures_data() {
-    QTest::addColumn<QString>("operation");
-    for (const char* operation : {"FindRefMark_Counts", "RefmarkInProgress", "RefmarkFound", "ReadInCountsAtRefmark"}) {
-        QTest::newRow(operation) << QString::fromLatin1(operation);
-    }
-}
-
-void ReferenceMarkTest::failures() {
-    QFETCH(QString, operation);
-    OpenPage();
-    FailNext(qPrintable(operation), QStringLiteral("Geht nicht: <u>größer</u> als 5 µm."));
-    boxes.ExpectError(Page(), boxTitle, QStringLiteral("Error: Geht nicht: <u>größer</u> als 5 µm."));
-    Find();
-    QCOMPARE(boxes.Count(), 1);
-    QCOMPARE(Reading(), QString());
-    QCOMPARE(RecallValue()->value(), 0.0);
-    CompareIdle();
-}
-
-void ReferenceMarkTest::failingStopGoesOnSearching() {
-    OpenPage();
-    FailNext("StopRefMark", QStringLiteral("No stop."));
-    boxes.ExpectError(Page(), boxTitle, QStringLiteral("Error: No stop."));
-    FindAndAfter(1, [this] { QVERIFY(Operator().Click("btnStop")); });
-    QCOMPARE(boxes.Count(), 1);
-    QCOMPARE(Reading(), QStringLiteral("40000.00000"));
-    CompareIdle();
-}
-
-void ReferenceMarkTest::searchAfterAFailure() {
-    OpenPage();
-    FailNext("RefmarkInProgress", QStringLiteral("Once."));
-    boxes.ExpectError(Page(), boxTitle, QStringLiteral("Error: Once."));
-    Find();
-    Find();
-    QCOMPARE(Reading(), QStringLiteral("40000.00000"));
-    CompareIdle();
-}
-
-void ReferenceMarkTest::moduleThatDropsOut() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    boxes.Tolerate(true);
-    FindAndAfter(1, [] { SetModulePresent("Alpha", "RN00000001", false); });
-    const QVector<SeenBox> seen = boxes.Take();
-    QCOMPARE(seen.size(), 1);
-    QCOMPARE(seen.first().title, boxTitle);
-    QVERIFY(seen.first().text.startsWith(QStringLiteral("Error: ")));
-    CompareIdle();
-}
-
-void ReferenceMarkTest::networkThatDropsOut() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    boxes.Tolerate(true);
-    FindAndAfter(1, [] { SetNetworkPresent("Alpha", false); });
-    QCOMPARE(boxes.Take().size(), 1);
-    QVERIFY(Operator().Find("btnFind")->isEnabled());
-    QVERIFY(!Operator().IsEnabled("btnStop"));
-    QVERIFY(Operator().Find("btnConnectAll")->isEnabledTo(&Window()));
-}
-
-void ReferenceMarkTest::anotherModuleEndsTheWaiting() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    FindAndAfter(1, [this] { Operator().The<QListWidget>("listModules")->setCurrentRow(1); });
-    QCOMPARE(Operator().Text("tbRefMarkModuleID"), QStringLiteral("RN00000002"));
-    QCOMPARE(Calls::CountOf("RefmarkFound"), 0);
-    CompareIdle();
-}
-
-void ReferenceMarkTest::removedModuleIsNotAsked() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    FindAndAfter(1, [this] {
-        Window().EnableControls();
-        QVERIFY(QMetaObject::invokeMethod(&Window(), "on_btnDeleteModule_clicked"));
-    });
-    QCOMPARE(Rows("listModules").size(), 1);
-    QCOMPARE(CallsOnRemovedModules(), std::uint64_t{0});
-    QVERIFY(!Operator().IsEnabled("btnStop"));
-}
-
-void ReferenceMarkTest::closingEndsTheSearch() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    FindAndAfter(2, [this] { Window().close(); });
-    QVERIFY(!Window().isVisible());
-    const QStringList calls = Calls::Take();
-    const int stop = calls.indexOf(Call("StopRefMark()"));
-    QVERIFY(stop > 0);
-    QVERIFY(calls.mid(stop).filter(QStringLiteral("module RN00000001")).size() == 1);
-    QCOMPARE(calls.last(), QStringLiteral("networks.DisconnectAll()"));
-    QCOMPARE(boxes.Count(), 0);
-}
-
-void ReferenceMarkTest::closingWhenTheModuleCannotBeTold() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    FindAndAfter(1, [this] {
-        FailNext("StopRefMark", QStringLiteral("Deaf."));
-        Window().close();
-    });
-    QVERIFY(!Window().isVisible());
-    QCOMPARE(Calls::Take().last(), QStringLiteral("networks.DisconnectAll()"));
-    QCOMPARE(boxes.Count(), 0);
-}
-
-void ReferenceMarkTest::closingWithAnErrorBoxOpen() {
-    OpenPage(QStringLiteral("hand=\"never\""));
-    FailNext("RefmarkInProgress", QStringLiteral("Lost."));
-    BoxReply reply;
-    reply.meanwhile = [this](QDialog&) { Window().close(); };
-    boxes.ExpectError(Page(), boxTitle, QStringLiteral("Error: Lost."), reply);
-    Find();
-    QVERIFY(!Window().isVisible());
-}
-
-void ReferenceMarkTest::continuousReadingKeepsFindDisabled() {
-    OpenPage();
-    QVERIFY(Operator().SelectPage("tabModule"));
-    bool looked = false;
-    const auto watch = Repeatedly([&] {
-        if (!looked && Calls::CountOf("ErrorString") >= 1) {
-            looked = true;
-            QVERIFY(!Operator().IsEnabled("btnFind"));
-            QVERIFY(Operator().Click("btnStopContinuous"));
-        }
-    });
-    QVERIFY(Operator().Click("btnStartContinuous"));
-    QVERIFY(looked);
-    CompareIdle();
-}
-
-void ReferenceMarkTest::stopWithoutASearch() {
-    OpenPage();
-    QVERIFY(QMetaObject::invokeMethod(Page(), "on_btnStop_clicked"));
-    COMPARE_CALLS(Calls::Take(), {Call("StopRefMark()")});
     CompareIdle();
 }
 

@@ -1,0 +1,76 @@
+#include "tools/tour/Steps.h"
+
+#include <QDoubleSpinBox>
+
+using namespace TavikSimulator;
+
+namespace {
+
+/// Longer than the simulated hand lets anybody wait.
+constexpr double seconds = 10.0;
+
+/// Looks for the mark; in the first round of the search something happens, in the third the hand has come.
+void Find(Tour& tour, const std::function<void(Hand hand)>& meanwhile) {
+    int rounds = 0;
+    const auto operatorsHand = Repeatedly([&] {
+        ++rounds;
+        if (rounds == 1) {
+            meanwhile(tour.Operator());
+        } else if (rounds == 3) {
+            AdvanceClock(seconds);
+        }
+    });
+    tour.Operator().Click("btnFind");
+}
+
+void Learn(Tour& tour) {
+    Hand hand = tour.Operator();
+    hand.SelectPage("tabRefMark");
+    hand.Click("radioLearn");
+    hand.Click("radioCounts");
+    Find(tour, [&tour](Hand) { tour.ReportDialog(tour.Window(), QStringLiteral("reference-mark-search")); });
+}
+
+void Recall(Tour& tour) {
+    Hand hand = tour.Operator();
+    hand.SelectPage("tabRefMark");
+    hand.Click("radioRecall");
+    hand.Click("radioUnits");
+    hand.The<QDoubleSpinBox>("sbRecallValue")->setValue(-2.5);
+    Find(tour, [](Hand) {});
+}
+
+void GiveUp(Tour& tour) {
+    tour.Operator().SelectPage("tabRefMark");
+    Find(tour, [](Hand hand) { hand.Click("btnStop"); });
+}
+
+/// The recall value is the same number, without the five decimals of the reading.
+bool ShowsWhatWasLearnt(Tour& tour) {
+    const QString reading = tour.Operator().Text("tbRefMarkReading");
+    const auto* recallValue = tour.Operator().The<QDoubleSpinBox>("sbRecallValue");
+    return !reading.isEmpty() && reading == QString::number(recallValue->value(), 'f', 5);
+}
+
+std::function<bool(Tour& tour)> Shows(const QString& reading) {
+    return [reading](Tour& tour) { return tour.Operator().Text("tbRefMarkReading") == reading; };
+}
+
+} // namespace
+
+void AddReferenceMarkSteps(std::vector<TourStep>& steps, const TourBench& bench) {
+    if (bench.linearEncoder.isEmpty()) {
+        return;
+    }
+    const Place encoder{Place::Module, bench.shown, bench.linearEncoder};
+    const FailureRule failure = Always(QStringLiteral("Ref Mark Mode"), QStringLiteral("Error: "));
+    AddPage(steps, encoder, LastResortOnly);
+    steps.push_back({QStringLiteral("reference-mark"), encoder,
+                     [](Tour& tour) { tour.Operator().SelectPage("tabRefMark"); },
+                     [encoder](Tour& tour) { return tour.Operator().Text("tbRefMarkModuleID") == encoder.module; },
+                     LastResortOnly});
+    steps.push_back({QStringLiteral("reference-mark-learnt"), encoder, Learn, ShowsWhatWasLearnt, failure});
+    steps.push_back(
+        {QStringLiteral("reference-mark-recalled"), encoder, Recall, Shows(QStringLiteral("-2.50000")), failure});
+    steps.push_back({QStringLiteral("reference-mark-given-up"), encoder, GiveUp, Shows(QString()), failure});
+}
