@@ -63,6 +63,21 @@ TourBench WirelessTourBench() {
     return bench;
 }
 
+TourBench ModesTourBench() {
+    TourBench bench;
+    bench.text = QStringLiteral(R"xml(
+<bench>
+  <network name="Alpha" controller="C1">
+    <module type="KX" identity="KX00000002"/>
+    <module type="QTA" identity="QTA0000003"/>
+  </network>
+</bench>)xml");
+    bench.otherNetwork = 0;
+    bench.networkName = QStringLiteral("Alpha");
+    bench.buffered = QStringLiteral("KX00000002");
+    return bench;
+}
+
 TourBench DefaultTourBench() {
     TourBench bench;
     bench.text = QString::fromStdString(TavikSimulator::DefaultBenchText());
@@ -85,6 +100,7 @@ TourBench DefaultTourBench() {
                     QStringLiteral("HVX0000111"), QStringLiteral("PNX0000114")};
     bench.airGauge = QStringLiteral("PNX0000113");
     bench.networkName = QStringLiteral("Mixed");
+    bench.buffered = QStringLiteral("KX02000101");
     bench.wireless = QStringLiteral("RLK0000112");
     bench.freeTool = QStringLiteral("KRV1000006");
     return bench;

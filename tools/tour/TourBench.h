@@ -21,6 +21,7 @@ struct TourBench {
     QString probe;                 ///< the probe there that is read and set
     QString airGauge;              ///< the air gauge there that is configured and mastered
     QStringList visited;           ///< the modules there whose pages are shown
+    QString buffered;              ///< the module there that is collected in buffered mode
     QString wireless;              ///< the wireless connection module there, with tools in slots 1 and 2
     QString freeTool;              ///< a single-channel hand tool that is in no slot yet
 };
@@ -31,5 +32,7 @@ TourBench SmallTourBench();
 TourBench PanelTourBench(const QString& kind);
 /// One wireless connection module and few hand tools.
 TourBench WirelessTourBench();
+/// Few modules, with what the acquisition modes need.
+TourBench ModesTourBench();
 /// The bench that is compiled into the simulated library.
 TourBench DefaultTourBench();
