@@ -32,16 +32,21 @@ constexpr int turns = 5;
 constexpr int pageSteps = 40;
 constexpr double interval = 0.004096; // seconds
 
+/// Puts a bench with these modules in place, for the next server; returns how many they are.
+int UseBench(int modules, int readings) {
+    TavikSimulator::UseBenchText("<bench clock=\"manual\" latency=\"off\"><network name=\"N\" controller=\"C1\">"
+                                 "<module type=\"KX\" identity=\"KX00000001\" count=\"" +
+                                     std::to_string(modules) + "\" buffer-depth=\"" + std::to_string(readings) +
+                                     "\"><signal motion=\"sine\" amplitude=\"0.8\" period=\"7\"/></module>"
+                                     "</network></bench>",
+                                 "bench of the results");
+    return modules;
+}
+
 /// A collection that is over: so many modules with so many readings each.
 class Collection {
 public:
-    Collection(int modules, int readings) : count(modules) {
-        const std::string text = "<bench clock=\"manual\" latency=\"off\"><network name=\"N\" controller=\"C1\">"
-                                 "<module type=\"KX\" identity=\"KX00000001\" count=\"" +
-                                 std::to_string(modules) + "\" buffer-depth=\"" + std::to_string(readings) +
-                                 "\"><signal motion=\"sine\" amplitude=\"0.8\" period=\"7\"/></module>"
-                                 "</network></bench>";
-        TavikSimulator::UseBenchText(text, "bench of the results");
+    Collection(int modules, int readings) : count(UseBench(modules, readings)) {
         server.Networks()->FindNetworks();
         server.Networks()->ConnectAll();
         for (int index = 0; index < modules; ++index) {
@@ -69,10 +74,11 @@ public:
         return readings;
     }
 
-    TavikLibrary::TavikServer server;
-
 private:
     const int count;
+
+public:
+    TavikLibrary::TavikServer server; ///< made when the bench is in place
 };
 
 /// Tells when a widget has been painted for the first time.
