@@ -96,6 +96,7 @@ std::vector<TourStep> ModesTourSteps(const TourBench& bench) {
     AddDifferenceSteps(steps, bench);
     AddReadBurstSteps(steps, bench);
     AddReferenceMarkSteps(steps, bench);
+    AddBufferedSteps(steps, bench);
     return steps;
 }
 

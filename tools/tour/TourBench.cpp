@@ -141,6 +141,7 @@ TourBench DefaultTourBench() {
     bench.airGauge = QStringLiteral("PNX0000113");
     bench.networkName = QStringLiteral("Mixed");
     bench.linearEncoder = QStringLiteral("RN12000104");
+    bench.buffered = bench.probe;
     bench.wireless = QStringLiteral("RLK0000112");
     bench.freeTool = QStringLiteral("KRV1000006");
     return bench;

@@ -21,6 +21,7 @@ struct TourBench {
     QString probe;                 ///< the probe there that is read and set
     QString airGauge;              ///< the air gauge there that is configured and mastered
     QStringList visited;           ///< the modules there whose pages are shown
+    QString buffered;              ///< the module there that is collected in buffered mode
     QString linearEncoder;         ///< the linear encoder there whose reference mark is searched
     QString wireless;              ///< the wireless connection module there, with tools in slots 1 and 2
     QString freeTool;              ///< a single-channel hand tool that is in no slot yet

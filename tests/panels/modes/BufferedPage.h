@@ -9,6 +9,10 @@
 #include <QStatusBar>
 #include <QTableView>
 
+#include <functional>
+
+constexpr const char* currentTitle = "Results";
+
 /// The base of tests of the page of buffered mode, on a network with two probes, a digital I/O module 2 and an
 /// encoder interface.
 class BufferedPage : public PanelTest {
@@ -87,5 +91,28 @@ protected:
 
     void ExpectBox(const QString& text) {
         boxes.ExpectError(Page(), QStringLiteral("Buffered Mode"), QStringLiteral("Error: ") + text);
+    }
+
+    /// Enables modules, the one in the first row last, so that it stays selected.
+    void EnableModules(const QList<int>& rows) {
+        for (const int row : rows) {
+            SelectModule(row);
+            QVERIFY(Operator().Click("btnEnable"));
+        }
+        Calls::Mark();
+    }
+    /// A run of so many seconds.
+    void Run(double seconds) {
+        QVERIFY(Operator().Click("btnStart"));
+        TavikSimulator::AdvanceClock(seconds);
+        QVERIFY(Operator().Click("btnStop"));
+        Calls::Mark();
+    }
+    void ExpectResults(const char* title, const std::function<void(QDialog& dialog, QTableView* table)>& look) {
+        boxes.ExpectUse(Page(), QString::fromLatin1(title), [look](QDialog& dialog) {
+            Settle();
+            look(dialog, dialog.findChild<QTableView*>(QStringLiteral("tableResults")));
+            QVERIFY(Hand(dialog).Click("btnClose"));
+        });
     }
 };

@@ -85,6 +85,7 @@ private slots:
     void OnlyModulesBeforeTheMasterAreTriggered();
     void AMasterMayCollectItself();
     void AMasterThatDropsOutTriggersNoMore();
+    void WhatHappensByItselfHappensInTime();
     void CountsPerSampleAreTakenAtTheStart();
     void PulsesTrigger();
     void PulsesAreDebounced();
@@ -236,6 +237,25 @@ void BufferedTriggersTest::AMasterThatDropsOutTriggersNoMore() {
     network->Start();
     AdvanceClock(1.1);
     QCOMPARE(network.At(0)->BufferedDataLength(), 4);
+}
+
+// Modules leave and are back before anybody looks.
+void BufferedTriggersTest::WhatHappensByItselfHappensInTime() {
+    const auto away = [](const std::string& identity) {
+        return "<event what=\"module-leaves\" at=\"1.1\" module=\"" + identity +
+               "\"/><event what=\"module-returns\" at=\"1.6\" module=\"" + identity + "\"/>";
+    };
+    const BufferedNetwork network(ClockModule("CLOCK00001") + ClockModule("CLOCK00002") +
+                                  Encoder("MASTER0001", Steady) + away("CLOCK00002") + away("MASTER0001"));
+    network.Enable(0, SampleMode);
+    network.Enable(1, SyncMode, 409600);
+    network->setMasterIndex(2);
+    dynamic_cast<TavikModuleQTA*>(network.Module(2))->setTxSample(100);
+    network->Start();
+    AdvanceClock(4.0);
+    network->Stop();
+    QVERIFY(AreAt(network.Counts(0), Every(250000.0, 4)));
+    QCOMPARE(network.Codes(1), std::vector<int>({0, 0, static_cast<int>(eTavikErrors::DroppedOut)}));
 }
 
 void BufferedTriggersTest::CountsPerSampleAreTakenAtTheStart() {

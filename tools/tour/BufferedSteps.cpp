@@ -1,0 +1,131 @@
+#include "tools/tour/Steps.h"
+
+#include <QComboBox>
+
+#include <algorithm>
+
+using TavikSimulator::JournalEntry;
+
+namespace {
+
+const QString boxTitle = QStringLiteral("Buffered Mode");
+const QString boxPrefix = QStringLiteral("Error: ");
+
+QWidget* Page(Tour& tour) {
+    return tour.Window().findChild<QWidget*>(QStringLiteral("bufferedModeWidget"));
+}
+
+/// What the operator does on the page of buffered mode.
+Hand OnPage(Tour& tour) {
+    tour.Operator().SelectPage("tabBuffered");
+    return Hand(*Page(tour));
+}
+
+void SetInterval(Tour& tour) {
+    Hand hand = OnPage(tour);
+    hand.Click("radioSync");
+    hand.Enter("sbInterval", QStringLiteral("40000"));
+    tour.Operator().Press(Qt::Key_Return);
+}
+
+void ChooseMaster(Tour& tour) {
+    Hand hand = OnPage(tour);
+    hand.Click("radioSample");
+    hand.The<QComboBox>("cbMasterAddress")->setCurrentIndex(1);
+    hand.Enter("sbCountsPerSample", QStringLiteral("50"));
+    tour.Operator().Press(Qt::Key_Return);
+}
+
+void ChooseController(Tour& tour) {
+    OnPage(tour).The<QComboBox>("cbMasterAddress")->setCurrentIndex(0);
+}
+
+/// A run with two samples. Whatever fails in it, the operator sees to it that it is stopped.
+void Run(Tour& tour) {
+    Hand hand = OnPage(tour);
+    hand.Click("btnStart");
+    for (int sample = 0; sample < 2 && hand.IsEnabled("btnSample"); ++sample) {
+        TavikSimulator::AdvanceClock(0.5);
+        hand.Click("btnSample");
+    }
+    tour.ReportDialog(tour.Window(), QStringLiteral("buffered-running"));
+    for (int press = 0; press < 2 && hand.IsEnabled("btnStop"); ++press) {
+        hand.Click("btnStop");
+    }
+}
+
+void ShowResults(Tour& tour, const char* button, const QString& title, const QString& picture) {
+    Hand hand = OnPage(tour);
+    tour.boxes.ExpectUse(Page(tour), title, [&tour, picture](QDialog& dialog) {
+        tour.ReportDialog(dialog, picture);
+        Hand(dialog).Click("btnClose");
+    });
+    hand.Click(button);
+}
+
+/// After the stop the page is refreshed once by itself and once because the window enables its controls, which shows
+/// failures in a box of its own.
+FailureBox FailureOfRun(const std::vector<JournalEntry>& calls) {
+    int refreshes = 0;
+    for (const JournalEntry& call : calls) {
+        if (call.operation == "Stop" && !call.failed) {
+            refreshes = 0;
+        } else if (call.operation == "IsConnected") {
+            ++refreshes;
+        }
+    }
+    const bool stopped = std::any_of(calls.begin(), calls.end(),
+                                     [](const JournalEntry& call) { return call.operation == "Stop" && !call.failed; });
+    return stopped && refreshes > 1 ? FailureBox() : FailureBox{true, boxTitle, boxPrefix};
+}
+
+std::function<bool(Tour& tour)> Shows(const char* field, const QString& text) {
+    return [=](Tour& tour) { return OnPage(tour).Text(field) == text; };
+}
+
+bool HasResults(Tour& tour) {
+    Hand hand = OnPage(tour);
+    return hand.IsEnabled("btnCurrentModule") && !hand.IsEnabled("btnStop");
+}
+
+} // namespace
+
+void AddBufferedSteps(std::vector<TourStep>& steps, const TourBench& bench) {
+    if (bench.buffered.isEmpty()) {
+        return;
+    }
+    const Place module{Place::Module, bench.shown, bench.buffered};
+    const FailureRule failure = Always(boxTitle, boxPrefix);
+    const auto master = [](int row) {
+        return [row](Tour& tour) { return OnPage(tour).The<QComboBox>("cbMasterAddress")->currentIndex() == row; };
+    };
+    AddPage(steps, module, LastResortOnly);
+    const auto add = [&](const char* name, const auto& act, const auto& seen, const FailureRule& rule) {
+        steps.push_back({QStringLiteral("buffered-") + QLatin1String(name), module, act, seen, rule});
+    };
+    add(
+        "page", [](Tour& tour) { OnPage(tour); }, Shows("tbModuleID", bench.buffered), LastResortOnly);
+    add("interval", SetInterval, Shows("tbTTU", QStringLiteral("400")), failure);
+    add("master", ChooseMaster, master(1), failure);
+    add("controller", ChooseController, master(0), failure);
+    add(
+        "enabled", [](Tour& tour) { OnPage(tour).Click("btnEnable"); }, Shows("tbEnabled", QStringLiteral("True")),
+        failure);
+    add("run", Run, HasResults, FailureOfRun);
+    add(
+        "results",
+        [](Tour& tour) {
+            ShowResults(tour, "btnCurrentModule", QStringLiteral("Results"), QStringLiteral("buffered-current-module"));
+        },
+        HasResults, failure);
+    add(
+        "all-results",
+        [](Tour& tour) {
+            ShowResults(tour, "btnAllModules", QStringLiteral("Results (in each module's unit of measure)."),
+                        QStringLiteral("buffered-all-modules"));
+        },
+        HasResults, failure);
+    add(
+        "disabled", [](Tour& tour) { OnPage(tour).Click("btnDisable"); }, Shows("tbEnabled", QStringLiteral("False")),
+        failure);
+}
