@@ -23,6 +23,7 @@ struct Course {
 };
 const Course mainCourse{SmallTourBench, TourSteps};
 const Course wirelessCourse{WirelessTourBench, WirelessTourSteps};
+const Course modesCourse{ModesTourBench, ModesTourSteps};
 Course course = mainCourse;
 
 /// Closing a window takes half a second; after failures in earlier steps only every so many are closed.
@@ -307,13 +308,16 @@ QStringList TourTest::FailIn(Tour& tour, const TourStep& step, std::uint64_t k) 
     return wrong;
 }
 
-/// "--wireless" and "--part N" before the arguments of every test choose the course and which of its failures
-/// are made.
+/// "--wireless" or "--modes", and "--part N" before the arguments of every test choose the course and which of its
+/// failures are made.
 int main(int argc, char* argv[]) {
     const Application application(argc, argv);
     QStringList arguments = QCoreApplication::arguments();
     if (arguments.value(1) == QLatin1String("--wireless")) {
         course = wirelessCourse;
+        arguments.removeAt(1);
+    } else if (arguments.value(1) == QLatin1String("--modes")) {
+        course = modesCourse;
         arguments.removeAt(1);
     }
     if (arguments.value(1) == QLatin1String("--part")) {

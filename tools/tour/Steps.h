@@ -10,6 +10,8 @@ void AddModuleSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench);
 /// Nothing on a bench without a wireless connection module.
 void AddWirelessSteps(std::vector<TourStep>& steps, const TourBench& bench);
+/// Nothing on a bench without a module that is collected in dynamic mode.
+void AddDynamicSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddMenuSteps(std::vector<TourStep>& steps, const TourBench& bench);
 /// Everything that can be done on the panels of one module, by the kind that its identity begins with.
 void AddPanelSteps(std::vector<TourStep>& steps, const Place& place);

@@ -87,6 +87,16 @@ std::vector<TourStep> PanelTourSteps(const TourBench& bench) {
     return steps;
 }
 
+std::vector<TourStep> ModesTourSteps(const TourBench& bench) {
+    const Place network{Place::Network, bench.shown, QString()};
+    std::vector<TourStep> steps;
+    // The list of modules takes the focus, and with it its first module.
+    steps.push_back({QStringLiteral("modules-that-collect"), network, [network](Tour& tour) { tour.GoTo(network); },
+                     [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, LastResortOnly});
+    AddDynamicSteps(steps, bench);
+    return steps;
+}
+
 std::vector<TourStep> TourSteps(const TourBench& bench) {
     std::vector<TourStep> steps;
     AddServerSteps(steps, bench);
@@ -94,6 +104,7 @@ std::vector<TourStep> TourSteps(const TourBench& bench) {
     AddModuleSteps(steps, bench);
     AddAirGaugeSteps(steps, bench);
     AddWirelessSteps(steps, bench);
+    AddDynamicSteps(steps, bench);
     AddMenuSteps(steps, bench);
     return steps;
 }

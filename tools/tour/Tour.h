@@ -78,3 +78,5 @@ std::vector<TourStep> TourSteps(const TourBench& bench);
 std::vector<TourStep> PanelTourSteps(const TourBench& bench);
 /// Only those of a wireless connection module and its hand tools.
 std::vector<TourStep> WirelessTourSteps(const TourBench& bench);
+/// Only those of the acquisition modes.
+std::vector<TourStep> ModesTourSteps(const TourBench& bench);

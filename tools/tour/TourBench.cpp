@@ -63,6 +63,23 @@ TourBench WirelessTourBench() {
     return bench;
 }
 
+TourBench ModesTourBench() {
+    TourBench bench;
+    bench.text = QStringLiteral(R"xml(
+<bench>
+  <network name="Alpha" controller="C1">
+    <module type="KX" identity="KX00000002"/>
+    <module type="QTA" identity="QTA0000003"/>
+  </network>
+</bench>)xml");
+    bench.otherNetwork = 0;
+    bench.networkName = QStringLiteral("Alpha");
+    bench.collected = QStringLiteral("KX00000002");
+    bench.master = QStringLiteral("QTA0000003");
+    bench.syncs = 2;
+    return bench;
+}
+
 TourBench DefaultTourBench() {
     TourBench bench;
     bench.text = QString::fromStdString(TavikSimulator::DefaultBenchText());
@@ -85,6 +102,9 @@ TourBench DefaultTourBench() {
                     QStringLiteral("HVX0000111"), QStringLiteral("PNX0000114")};
     bench.airGauge = QStringLiteral("PNX0000113");
     bench.networkName = QStringLiteral("Mixed");
+    bench.collected = bench.probe;
+    bench.master = QStringLiteral("QTA0000105");
+    bench.syncs = 4000;
     bench.wireless = QStringLiteral("RLK0000112");
     bench.freeTool = QStringLiteral("KRV1000006");
     return bench;

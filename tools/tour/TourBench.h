@@ -21,6 +21,9 @@ struct TourBench {
     QString probe;                 ///< the probe there that is read and set
     QString airGauge;              ///< the air gauge there that is configured and mastered
     QStringList visited;           ///< the modules there whose pages are shown
+    QString collected;             ///< a module there that is collected in dynamic mode
+    QString master;                ///< an encoder interface there that triggers the modules before it
+    int syncs = 0;                 ///< how many of them a collection there takes
     QString wireless;              ///< the wireless connection module there, with tools in slots 1 and 2
     QString freeTool;              ///< a single-channel hand tool that is in no slot yet
 };
@@ -31,5 +34,7 @@ TourBench SmallTourBench();
 TourBench PanelTourBench(const QString& kind);
 /// One wireless connection module and few hand tools.
 TourBench WirelessTourBench();
+/// Few modules, with what the acquisition modes need.
+TourBench ModesTourBench();
 /// The bench that is compiled into the simulated library.
 TourBench DefaultTourBench();
