@@ -3,9 +3,16 @@
 #include "panels/common/Text.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 
 void ShowInField(QLineEdit* field, const QString& text) {
     field->setText(text);
     field->setCursorPosition(0);
     field->setToolTip(PlainToolTip(text));
+}
+
+void FitToRows(QListWidget* list) {
+    constexpr int spare = 2;
+    const int around = 2 * list->frameWidth() + spare;
+    list->setMinimumSize(list->sizeHintForColumn(0) + around, list->count() * list->sizeHintForRow(0) + around);
 }
