@@ -36,8 +36,10 @@ DynamicWidget* instance = nullptr;
 
 DynamicWidget::DynamicWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::DynamicWidget>()) {
     ui->setupUi(this);
-    FitToRows(ui->listRate);
-    FitToRows(ui->listDynamicMasterMode);
+    for (QListWidget* list : {ui->listRate, ui->listDynamicMasterMode}) {
+        FitToRows(list);
+        list->setMaximumHeight(list->minimumHeight());
+    }
     const std::lock_guard lock(instanceMutex);
     instance = this;
 }

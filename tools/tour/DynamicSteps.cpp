@@ -113,7 +113,7 @@ TourStep ResultsStep(const QString& name, const Place& place, const char* button
     const auto act = [=](Tour& tour) {
         GoToPage(tour);
         tour.boxes.ExpectUse(tour.Operator().Find("dynamicWidget"), dialogTitle, [&tour, name](QDialog& dialog) {
-            tour.ReportDialog(dialog, name);
+            tour.ReportDialog(dialog, name + QStringLiteral("-dialog"));
             dialog.close();
         });
         Click(tour, button);
