@@ -3,6 +3,7 @@
 #include "panels/common/Text.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QRadioButton>
 
 void ShowInField(QLineEdit* field, const QString& text) {
@@ -16,4 +17,10 @@ void Check(QRadioButton* button, bool checked) {
     button->setAutoExclusive(checked);
     button->setChecked(checked);
     button->setAutoExclusive(true);
+}
+
+void FitToRows(QListWidget* list) {
+    constexpr int spare = 2;
+    const int around = 2 * list->frameWidth() + spare;
+    list->setMinimumSize(list->sizeHintForColumn(0) + around, list->count() * list->sizeHintForRow(0) + around);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 class QLineEdit;
+class QListWidget;
 class QRadioButton;
 class QString;
 
@@ -10,3 +11,6 @@ void ShowInField(QLineEdit* field, const QString& text);
 
 /// Checks or unchecks one of several buttons that exclude each other. Unlike a click, this can leave all unchecked.
 void Check(QRadioButton* button, bool checked);
+
+/// Makes a list large enough to show all its rows without scrolling.
+void FitToRows(QListWidget* list);

@@ -4,6 +4,7 @@
 #include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikServer.h"
+#include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
@@ -35,6 +36,10 @@ DynamicWidget* instance = nullptr;
 
 DynamicWidget::DynamicWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::DynamicWidget>()) {
     ui->setupUi(this);
+    for (QListWidget* list : {ui->listRate, ui->listDynamicMasterMode}) {
+        FitToRows(list);
+        list->setMaximumHeight(list->minimumHeight());
+    }
     const std::lock_guard lock(instanceMutex);
     instance = this;
 }

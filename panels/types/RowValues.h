@@ -7,9 +7,6 @@
 // stands for the value -1, which the library refuses; a value without a row selects none. Every
 // enumeration of the library holds any int.
 
-/// Makes a list large enough to show all its rows without scrolling.
-void FitToRows(QListWidget* list);
-
 template <class Value>
 Value CurrentRowAs(const QListWidget* list) {
     return static_cast<Value>(list->currentRow());

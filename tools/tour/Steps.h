@@ -17,6 +17,8 @@ void AddReadBurstSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddReferenceMarkSteps(std::vector<TourStep>& steps, const TourBench& bench);
 /// Nothing on a bench without a module that is collected in buffered mode.
 void AddBufferedSteps(std::vector<TourStep>& steps, const TourBench& bench);
+/// Nothing on a bench without a module that is collected in dynamic mode.
+void AddDynamicSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddMenuSteps(std::vector<TourStep>& steps, const TourBench& bench);
 /// Everything that can be done on the panels of one module, by the kind that its identity begins with.
 void AddPanelSteps(std::vector<TourStep>& steps, const Place& place);

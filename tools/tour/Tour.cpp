@@ -97,6 +97,7 @@ std::vector<TourStep> ModesTourSteps(const TourBench& bench) {
     AddReadBurstSteps(steps, bench);
     AddReferenceMarkSteps(steps, bench);
     AddBufferedSteps(steps, bench);
+    AddDynamicSteps(steps, bench);
     return steps;
 }
 

@@ -142,6 +142,9 @@ TourBench DefaultTourBench() {
     bench.networkName = QStringLiteral("Mixed");
     bench.linearEncoder = QStringLiteral("RN12000104");
     bench.buffered = bench.probe;
+    bench.collected = bench.probe;
+    bench.master = QStringLiteral("QTA0000105");
+    bench.syncs = 4000;
     bench.wireless = QStringLiteral("RLK0000112");
     bench.freeTool = QStringLiteral("KRV1000006");
     return bench;

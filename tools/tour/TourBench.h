@@ -22,6 +22,9 @@ struct TourBench {
     QString airGauge;              ///< the air gauge there that is configured and mastered
     QStringList visited;           ///< the modules there whose pages are shown
     QString buffered;              ///< the module there that is collected in buffered mode
+    QString collected;             ///< a module there that is collected in dynamic mode
+    QString master;                ///< an encoder interface there that triggers the modules before it
+    int syncs = 0;                 ///< how many of them a collection there takes
     QString linearEncoder;         ///< the linear encoder there whose reference mark is searched
     QString wireless;              ///< the wireless connection module there, with tools in slots 1 and 2
     QString freeTool;              ///< a single-channel hand tool that is in no slot yet

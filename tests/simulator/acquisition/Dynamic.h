@@ -8,6 +8,8 @@
 #include <atomic>
 #include <cmath>
 #include <functional>
+#include <future>
+#include <memory>
 #include <thread>
 
 /// What the library tells of the ends of collections.
@@ -34,6 +36,27 @@ private:
     static inline std::atomic<int> count{0};
     static inline std::atomic<std::thread::id> onThread;
 };
+
+/// Keeps the library's thread inside the callback until it is released.
+class InsideTheCallback {
+public:
+    InsideTheCallback() {
+        Ends::inside = [this] {
+            reached.set_value();
+            release.get_future().wait();
+        };
+    }
+    void WaitUntilReached() { reached.get_future().wait(); }
+    void Release() { release.set_value(); }
+
+private:
+    std::promise<void> reached;
+    std::promise<void> release;
+};
+
+inline int Code(TavikLibrary::eTavikErrors error) {
+    return static_cast<int>(error);
+}
 
 /// A module whose counts are the bench time in microseconds.
 inline std::string Stopwatch(const std::string& identity, const std::string& attributes = std::string()) {

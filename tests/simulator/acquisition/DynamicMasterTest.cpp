@@ -13,10 +13,6 @@ const std::string Spindle = "<module type=\"QTA\" identity=\"QTA0000009\" mark=\
 /// An encoder that stands still until somebody turns it.
 const std::string Handwheel = "<module type=\"QTA\" identity=\"QTA0000009\"><signal base=\"0\"/></module>";
 
-int Code(eTavikErrors error) {
-    return static_cast<int>(error);
-}
-
 } // namespace
 
 /// A module triggers the syncs of a dynamic collection.
