@@ -110,6 +110,7 @@ public:
     bool differenceEnabled = false;
     /// As they were fetched last.
     TavikSimulator::DifferenceValues differenceValues;
+
 private:
     template <class Wait, class Check, class Body, class... Args>
     auto Checked(const std::string& object, const char* operation, Wait wait, Check check, Body body,
