@@ -56,7 +56,7 @@ def anchors(tree, path):
 
 
 def errors_explained(tree):
-    """Every code of the library has a row in the manual's page of errors, and every row is a code's."""
+    """Every code of the library has a row in the manual's page of errors."""
     header, page = "library/TavikEnums.h", "docs/manual/errors.md"
     if not tree.has(header):
         return
@@ -70,8 +70,6 @@ def errors_explained(tree):
     explained = {int(code, 16) for code, _ in rows}
     for code in sorted(codes.keys() - explained):
         yield f"{page}: does not explain 0x{code:X} ({codes[code]})"
-    for code in sorted(explained - codes.keys()):
-        yield f"{page}: explains 0x{code:X}, which the library does not know"
 
 
 def pictures_shown(tree):
