@@ -2,7 +2,7 @@
 
 # The time that goes into the packages: of the last change, or else of the release.
 source_date() {
-    git -C "$root" log -1 --format=%ct 2>/dev/null ||
+    git -c safe.directory="$root" -C "$root" log -1 --format=%ct 2>/dev/null ||
         dpkg-parsechangelog -l "$root/packaging/debian/changelog" -S Timestamp
 }
 
