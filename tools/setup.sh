@@ -16,11 +16,20 @@ declare -A reasons=(
     [clang-tidy]="looks for common mistakes"
     [clang]="builds the fuzzers"
     [clazy]="looks for common mistakes in the use of Qt"
+    [dpkg-dev]="finds out what a package depends on, and the compiler flags of Debian"
+    [file]="tells the packer which files are programs"
+    [lintian]="checks the packages"
+    [desktop-file-utils]="checks the desktop entries"
+    [appstream]="checks the metadata for software centres"
+    [mandoc]="checks the manual pages"
+    [debootstrap]="sets up a bare Debian to build or to try packages in"
 )
 build_packages=(g++ cmake ninja-build qtbase5-dev libpugixml-dev fonts-dejavu-core)
 test_packages=(python3 clang-format)
 lint_packages=(clang-tidy clazy)
 fuzz_packages=(clang)
+package_packages=(dpkg-dev file lintian desktop-file-utils appstream mandoc)
+root_packages=(debootstrap)
 
 say() { printf '%s\n' "$*" >&2; }
 

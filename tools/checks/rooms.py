@@ -15,6 +15,7 @@ ROOMS = {
     "panels/modes": PANEL_BASE,
     "panels/module": PANEL_BASE + ["panels/types", "panels/wireless", "panels/airgauge"],
     "app": ["library", "panels"],
+    "packaging": [],
     "tests": ["library", "panels", "app", "simulator", "tools"],
     "tools": ["library", "panels", "app", "simulator/control", "tests/support"],
     "benchmarks": ["library", "panels", "app", "simulator/control", "tests/support", "tools"],

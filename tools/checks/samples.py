@@ -37,6 +37,8 @@ class TavikException : public std::runtime_error {{
 }}
 """
 
+ERRORS = "enum class eTavikErrors : int {\n    NoError = 0,\n    Absent = 255,\n    Lost = 4097, ///< gone\n};\n"
+
 SAMPLES = {
     "include-order": (
         {
@@ -168,5 +170,35 @@ SAMPLES = {
             source("int Answer()\n{\n  return 42;\n}\n"),
             {".clang-format": "NoSuchOption: 1\n"},
         ],
+    ),
+    "links": (
+        {
+            "README.md": "# Bench\n\nSee [how](docs/how.md), [where](docs), ![it](docs/images/it.png) and [when](docs/how.md#the-first-time).\n"
+                         "[here](#bench), [mail](mailto:a@b)\n```\n[no link](nowhere.md)\n```\nin `[code](nowhere.md)`\n",
+            "docs/how.md": "# How\n## The first time?\n[back](../README.md)\n",
+            "docs/images/it.png": "",
+        },
+        [
+            {"README.md": "[how](docs/how-to.md)\n"},
+            {"README.md": "![it](images/it.png)\n"},
+            {"README.md": "[when](docs/how.md#the-last-time)\n"},
+            {"README.md": "# Bench\n[here](#table)\n"},
+            {"docs/how.md": "[back](README.md)\n"},
+        ],
+    ),
+    "errors-explained": (
+        {
+            "library/TavikEnums.h": ERRORS,
+            "docs/manual/errors.md": "| 0x1001 | 4097 | no network | connect it |\n| 0xFF | 255 | nothing there | |\n",
+        },
+        [
+            {"docs/manual/errors.md": "| 0x1001 | 4097 | no network | connect it |\n"},
+            {"docs/manual/errors.md": "| 0x1001 | 4098 | no network | |\n| 0xFF | 255 | nothing there | |\n"},
+            {"library/TavikEnums.h": ERRORS.replace("4097", "4099")},
+        ],
+    ),
+    "pictures-shown": (
+        {"docs/manual/README.md": "![A gauge](images/gauge.png)\n", "docs/manual/images/gauge.png": ""},
+        [{"docs/manual/images/laser.png": ""}],
     ),
 }

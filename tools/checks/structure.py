@@ -12,6 +12,7 @@ import sys
 import tempfile
 
 import boundary
+import manual
 import rooms
 import texts
 from samples import SAMPLES
@@ -26,6 +27,9 @@ CHECKS = {
     "foreign": texts.foreign,
     "file-length": texts.file_length,
     "layout": texts.layout,
+    "links": manual.links,
+    "errors-explained": manual.errors_explained,
+    "pictures-shown": manual.pictures_shown,
 }
 
 

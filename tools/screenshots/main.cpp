@@ -1,5 +1,6 @@
 #include "app/Application.h"
 #include "tools/hand/Complaints.h"
+#include "tools/screenshots/SmallPicture.h"
 #include "tools/tour/Tour.h"
 
 #include <QDir>
@@ -19,7 +20,8 @@ int Refuse(const QString& reason) {
 bool Save(QWidget& widget, const QDir& folder, const QString& name) {
     Settle();
     const QString path = folder.filePath(name + QStringLiteral(".png"));
-    const bool saved = widget.grab().save(path);
+    constexpr int smallestFile = 0;
+    const bool saved = SmallPicture(widget.grab().toImage()).save(path, "PNG", smallestFile);
     if (!saved) {
         Complaints::Add(QStringLiteral("%1 cannot be written.").arg(path));
     }
