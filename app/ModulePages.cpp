@@ -13,6 +13,7 @@
 #include "panels/modes/ReferenceMarkWidget.h"
 #include "panels/module/TavikModuleWidget.h"
 
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace {
@@ -68,7 +69,12 @@ void ModulePages::RemoveFrom(int index) {
     pages.refMark.panel->ForgetModule();
     pages.difference.panel->ForgetModule();
     pages.dynamic.panel->ForgetNetwork();
+    // Nor must the focus wander into a list or table, which would select its first row.
+    const QWidget* focused = pages.tabs->focusWidget();
     while (pages.tabs->count() > index) {
+        if (focused != nullptr && pages.tabs->widget(index)->isAncestorOf(focused)) {
+            pages.tabs->tabBar()->setFocus();
+        }
         pages.tabs->removeTab(index);
     }
 }

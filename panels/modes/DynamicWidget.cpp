@@ -53,11 +53,12 @@ DynamicWidget::~DynamicWidget() {
 
 void DynamicWidget::setNetwork(HostWindow* hostWindow, TavikLibrary::TavikServer* ownServer,
                                TavikLibrary::TavikNetwork* selectedNetwork, TavikLibrary::TavikModule* selectedModule) {
+    // Where this fails there is nothing to be asked later.
+    dynamic = selectedNetwork->Dynamic();
     window = hostWindow;
     server = ownServer;
     network = selectedNetwork;
     module = selectedModule;
-    dynamic = network->Dynamic();
     FillMasters();
     Refresh();
 }

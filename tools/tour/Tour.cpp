@@ -90,11 +90,11 @@ std::vector<TourStep> PanelTourSteps(const TourBench& bench) {
 std::vector<TourStep> ModesTourSteps(const TourBench& bench) {
     const Place network{Place::Network, bench.shown, QString()};
     std::vector<TourStep> steps;
+    AddDifferenceSteps(steps, bench);
+    AddReadBurstSteps(steps, bench);
     // The list of modules takes the focus, and with it its first module.
     steps.push_back({QStringLiteral("modules-that-collect"), network, [network](Tour& tour) { tour.GoTo(network); },
                      [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, LastResortOnly});
-    AddDifferenceSteps(steps, bench);
-    AddReadBurstSteps(steps, bench);
     AddReferenceMarkSteps(steps, bench);
     AddBufferedSteps(steps, bench);
     AddDynamicSteps(steps, bench);

@@ -2,15 +2,16 @@
 
 #include "simulator/control/BenchControl.h"
 
+// The acquisition modes have benches of their own: their pages ask again whenever the window's controls come back.
 TourBench SmallTourBench() {
     TourBench bench;
     bench.text = QStringLiteral(R"xml(
 <bench>
-  <network name="Alpha" controller="C1" description="Simulated alpha" connected-controller="C1-R7">
-    <module type="RN" identity="RN00000001"/>
-    <module type="KX" identity="KX00000002" probe-identity="PP00000002"/>
-    <module type="PNX" identity="PNX0000006"/>
-    <module type="KX" identity="KX00000004" place="wire"/>
+  <network name="Alpha" controller="C1" description="Simulated alpha" connected-controller="C1-R7" capabilities="">
+    <module type="RN" identity="RN00000001" capabilities=""/>
+    <module type="KX" identity="KX00000002" probe-identity="PP00000002" capabilities=""/>
+    <module type="PNX" identity="PNX0000006" capabilities=""/>
+    <module type="KX" identity="KX00000004" place="wire" capabilities=""/>
     <module type="HVX" identity="HVX0000005" announces="1" capabilities=""/>
     <event what="module-replaced" at="0" module="KX00000002" by="KX00000003"/>
   </network>
@@ -47,8 +48,8 @@ TourBench WirelessTourBench() {
     TourBench bench;
     bench.text = QStringLiteral(R"xml(
 <bench>
-  <network name="Alpha" controller="C1">
-    <module type="RLK" identity="RLK0000001">
+  <network name="Alpha" controller="C1" capabilities="">
+    <module type="RLK" identity="RLK0000001" capabilities="">
       <slot number="1" identity="KRV0000001" name="Bore gauge"/>
       <slot number="2" identity="KRX0000002"/>
       <tool identity="KRV0000001" type="KRV"/>

@@ -34,6 +34,7 @@ private slots:
     void failuresShowTheirText();
     void aFailedRefreshIsShown();
     void aDroppedNetworkIsNotShown();
+    void aPageThatCouldNotBeSetUpAsksNothing();
     void networksOfBothKinds();
     void everythingIsReached();
 };
@@ -284,6 +285,19 @@ void DynamicPageTest::aDroppedNetworkIsNotShown() {
     ExpectBox(QStringLiteral("Network \"Alpha\" is not connected."));
     Click("btnPrepare");
     QCOMPARE(boxes.Count(), 1);
+}
+
+void DynamicPageTest::aPageThatCouldNotBeSetUpAsksNothing() {
+    OpenPage();
+    boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("No dynamic mode"));
+    FailNext("Dynamic", QStringLiteral("No dynamic mode"));
+    QVERIFY(Operator().SelectRow("listModules", 1));
+    QTRY_COMPARE(boxes.Count(), 1);
+    Calls::Mark();
+    Window().EnableControls();
+    for (const QString& call : Calls::Take()) {
+        QVERIFY2(!call.startsWith(QLatin1String("dynamic ")), qPrintable(call));
+    }
 }
 
 void DynamicPageTest::networksOfBothKinds() {

@@ -11,10 +11,11 @@
 class ReferenceMarkPage : public ProgramTest {
 protected:
     void OpenPage(const QString& attributes = QStringLiteral("mark=\"4\" hand=\"0.3\"")) {
-        OpenModule(Benches::With(QStringLiteral("<module type=\"RN\" identity=\"RN00000001\" %1>"
+        OpenModule(Benches::With(QStringLiteral("<module type=\"RN\" identity=\"RN00000001\" capabilities=\"\" %1>"
                                                 "<signal base=\"7\"/></module>"
                                                 "<module type=\"RN\" identity=\"RN00000002\"/>")
-                                     .arg(attributes)),
+                                     .arg(attributes),
+                                 QStringLiteral("capabilities=\"\"")),
                    0);
         QVERIFY(Operator().SelectPage("tabRefMark"));
         Calls::Mark();
