@@ -291,6 +291,7 @@ void DynamicPageTest::aPageThatCouldNotBeSetUpAsksNothing() {
     OpenPage();
     boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("No dynamic mode"));
     FailNext("Dynamic", QStringLiteral("No dynamic mode"));
+    QVERIFY(Operator().SelectPage("tabNetwork"));
     QVERIFY(Operator().SelectRow("listModules", 1));
     QTRY_COMPARE(boxes.Count(), 1);
     Calls::Mark();

@@ -46,7 +46,7 @@ protected:
         for (const char* name : {"btnFind", "gbMode", "gbReadIn", "btnRead", "btnPresetinCounts", "listModules"}) {
             QVERIFY2(Operator().Find(name)->isEnabledTo(&Window()), name);
         }
-        QVERIFY(!Operator().IsEnabled("btnStop"));
+        QVERIFY(!Page()->findChild<QWidget*>(QStringLiteral("btnStop"))->isEnabled());
         QCOMPARE(Window().statusBar()->currentMessage(), QString());
     }
     /// The calls of the module but those that ask whether the search is on.
