@@ -7,8 +7,11 @@
 set(TAVIK_LSAN_SUPPRESSIONS ${PROJECT_SOURCE_DIR}/cmake/lsan.supp)
 set(TAVIK_TSAN_SUPPRESSIONS ${PROJECT_SOURCE_DIR}/cmake/tsan.supp)
 
+# How long a test may take is said by CTest's TIMEOUT; QtTest's own limit of 5 minutes for a function would end
+# a sweep under the sanitizers on a busy computer.
 set(TAVIK_TEST_ENVIRONMENT
   "QT_QPA_PLATFORM=offscreen"
+  "QTEST_FUNCTION_TIMEOUT=1800000"
   "LSAN_OPTIONS=suppressions='${TAVIK_LSAN_SUPPRESSIONS}':print_suppressions=0"
   "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
   "TSAN_OPTIONS=ignore_noninstrumented_modules=1:halt_on_error=1:suppressions='${TAVIK_TSAN_SUPPRESSIONS}'")
