@@ -33,8 +33,8 @@ void NetworkBuffered::setMasterIndex(int index) {
 
 void NetworkBuffered::Start() {
     Implementation& self = *implementation;
-    self.network.CallAfter(
-        self.name, "Start", [&self] { self.network.SpendTransactions(self.network.BufferedTransactions()); },
+    self.network.CallTaking(
+        self.name, "Start", [&self] { return self.network.BufferedEnabledCount(); },
         [&self] { self.network.StartBuffered(); });
 }
 

@@ -3,7 +3,6 @@
 #include "simulator/modules/ModuleHardware.h"
 
 #include <algorithm>
-#include <mutex>
 
 // A network's part in buffered mode.
 namespace TavikSimulator {
@@ -45,11 +44,6 @@ void SimulatedNetwork::SetBufferedMaster(int index) {
         Refuse(eTavikErrors::NotSupported, "Module " + module.Identity() + " cannot trigger the samples of others.");
     }
     bufferedMaster = module.Identity();
-}
-
-int SimulatedNetwork::BufferedTransactions() {
-    const std::lock_guard lock(bench.gate.mutex);
-    return BufferedEnabledCount();
 }
 
 void SimulatedNetwork::StartBuffered() {

@@ -111,8 +111,6 @@ public:
     int BufferedEnabledCount();
     /// List position of the module that triggers samples; -1 for the controller.
     int BufferedMasterIndex();
-    /// How many transactions a start takes; called without the lock.
-    int BufferedTransactions();
 
     /// Takes the readings of running collections that were due until a bench time.
     void CollectUntil(double seconds);
