@@ -76,6 +76,13 @@ void UseBenchText(const std::string& text, const std::string& name) {
     ReplaceCurrentBench(ReadBenchText(text, name));
 }
 
+void UseStillBenchText(const std::string& text, const std::string& name) {
+    BenchDescription bench = ReadBenchText(text, name);
+    bench.manualClock = true;
+    bench.latency = false;
+    ReplaceCurrentBench(bench);
+}
+
 std::string DefaultBenchText() {
     return CompiledInBench();
 }

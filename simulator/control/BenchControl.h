@@ -30,6 +30,9 @@ void UseDefaultBench();
 void UseBenchFile(const std::string& path);
 /// A fresh bench described by the text of a bench file; the name stands for the file in messages.
 void UseBenchText(const std::string& text, const std::string& name);
+/// The same, but its clock stands still at 0 and its calls take no time, whatever the text says: what follows is
+/// the same however busy the computer is.
+void UseStillBenchText(const std::string& text, const std::string& name);
 /// The text of the bench file that is compiled in.
 std::string DefaultBenchText();
 

@@ -23,9 +23,7 @@ void ProgramTest::cleanup() {
 }
 
 void ProgramTest::Open(const QString& bench) {
-    UseBenchText(bench.toStdString(), "bench of the test");
-    UseManualClock();
-    SetLatency(false);
+    UseStillBenchText(bench.toStdString(), "bench of the test");
     StartJournal();
     window = std::make_unique<MainWindow>();
     window->show();

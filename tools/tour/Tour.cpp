@@ -10,9 +10,7 @@
 using namespace TavikSimulator;
 
 void Tour::PrepareBench() {
-    UseBenchText(bench.text.toStdString(), "bench of the tour");
-    UseManualClock();
-    SetLatency(false);
+    UseStillBenchText(bench.text.toStdString(), "bench of the tour");
     StartJournal();
 }
 

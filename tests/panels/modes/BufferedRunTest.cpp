@@ -68,9 +68,7 @@ void BufferedRunTest::samplingIsOfferedInSampleMode() {
 
 // The window is told after the page has been refreshed; what may be pressed during the run is decided after that.
 void BufferedRunTest::theHostIsTold() {
-    UseBenchText(Bench().toStdString(), "bench of the test");
-    UseManualClock();
-    SetLatency(false);
+    UseStillBenchText(Bench().toStdString(), "bench of the test");
     HostStandIn host;
     TavikLibrary::TavikServer server;
     server.Networks()->FindNetworks();

@@ -110,9 +110,7 @@ void DynamicClosingTest::theWindowGoesWhileItRuns() {
 }
 
 void DynamicClosingTest::thePageGoesBeforeTheEnd() {
-    UseBenchText(Benches::With(Probes()).toStdString(), "bench of the test");
-    UseManualClock();
-    SetLatency(false);
+    UseStillBenchText(Benches::With(Probes()).toStdString(), "bench of the test");
     TavikLibrary::TavikServer server;
     server.Networks()->FindNetworks();
     server.Networks()->ConnectAll();
