@@ -65,8 +65,10 @@ void Operate() {
     hand.The<QListWidget>("listModules")->setCurrentRow(0);
     Hand(*window).SelectPage("tabModule");
     SetRestart();
-    // Before the click, which does not come back while a box is open.
-    QTimer::singleShot(500, window, &QWidget::close);
+    // Said before the click, which does not come back while a box is open.
+    When(
+        window, [hand] { return hand.Find("lblWait")->isVisible(); },
+        [window] { QTimer::singleShot(500, window, &QWidget::close); });
     Hand(*window).Click("btnApplySettings");
 }
 

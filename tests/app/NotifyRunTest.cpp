@@ -36,10 +36,8 @@ private slots:
 private:
     /// Presses Notify; what is to happen while the run lasts happens once it has begun.
     void Run(const std::function<void()>& meanwhile) {
-        QTimer::singleShot(30, this, [=] {
-            QVERIFY(Operator().IsEnabled("btnStopNotify"));
-            meanwhile();
-        });
+        When(
+            this, [this] { return Operator().IsEnabled("btnStopNotify"); }, meanwhile);
         QVERIFY(Operator().Click("btnNotify"));
     }
     QString Activity() { return Window().statusBar()->currentMessage(); }
@@ -111,14 +109,16 @@ void NotifyRunTest::statusBarCountsTheModules() {
     const QString both = QStringLiteral("<module type=\"KX\" identity=\"KX00000006\" announces=\"3\"/></network>");
     OpenNetwork(Benches::Two().replace(Benches::Two().indexOf(QStringLiteral("</network>")), 10, both));
     const QSignalSpy messages(Window().statusBar(), &QStatusBar::messageChanged);
-    QTimer::singleShot(600, this, [] { AdvanceClock(2.0); });
+    const QString one = QStringLiteral("Notifying: 1 modules found");
+    When(
+        this, [&] { return Activity() == one; }, [] { AdvanceClock(2.0); });
     Run([] { AdvanceClock(1.5); });
     QStringList seen;
     for (const QList<QVariant>& message : messages) {
         seen.append(message.constFirst().toString());
     }
     QVERIFY(seen.contains(QStringLiteral("Notifying: 0 modules found")));
-    QVERIFY(seen.contains(QStringLiteral("Notifying: 1 modules found")));
+    QVERIFY(seen.contains(one));
     QCOMPARE(seen.last(), QString());
     QCOMPARE(Rows("listModules").size(), 5);
 }
@@ -198,7 +198,8 @@ void NotifyRunTest::stopNotifyThatFails() {
     Run([this] {
         FailNext("CancelNotifying", QStringLiteral("Cannot stop."));
         QVERIFY(Operator().Click("btnStopNotify"));
-        QTimer::singleShot(60, this, [this] {
+        const auto boxHasGone = [this] { return boxes.Count() == 1 && QApplication::activeModalWidget() == nullptr; };
+        When(this, boxHasGone, [this] {
             QVERIFY(Operator().IsEnabled("btnStopNotify"));
             QVERIFY(Operator().Click("btnStopNotify"));
         });

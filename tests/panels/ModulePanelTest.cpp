@@ -304,7 +304,8 @@ void ModulePanelTest::panelInAnotherHost() {
     host.setCentralWidget(panel);
     host.show();
     panel->SetModule(&host, &server, network, network->GetModule(0));
-    QTimer::singleShot(20, panel, [&] { Hand(host).Click("btnStopContinuous"); });
+    When(
+        panel, [&] { return host.disabled == 1; }, [&] { Hand(host).Click("btnStopContinuous"); });
     QVERIFY(Hand(host).Click("btnStartContinuous"));
     QCOMPARE(host.disabled, 1);
     QCOMPARE(host.enabled, 1);

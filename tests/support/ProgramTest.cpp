@@ -27,7 +27,7 @@ void ProgramTest::Open(const QString& bench) {
     StartJournal();
     window = std::make_unique<MainWindow>();
     window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    QVERIFY(QTest::qWaitForWindowExposed(window.get(), patience));
 }
 
 void ProgramTest::OpenNetwork(const QString& bench, int row) {

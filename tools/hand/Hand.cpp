@@ -17,6 +17,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
+#include <QToolButton>
 
 namespace {
 
@@ -56,6 +57,26 @@ bool WaitUntil(const std::function<bool()>& condition, int milliseconds) {
         QTest::qSleep(1);
     }
     return true;
+}
+
+void When(QObject* context, const std::function<bool()>& condition, const std::function<void()>& deed) {
+    auto* timer = new QTimer(context);
+    const QDeadlineTimer deadline(patience);
+    QObject::connect(timer, &QTimer::timeout, context, [timer, deadline, condition, deed] {
+        const bool holds = condition();
+        if (!holds && !deadline.hasExpired()) {
+            return;
+        }
+        if (!holds) {
+            Complaints::Add(QStringLiteral("What something was to be done after did not happen."));
+        }
+        // The timer may be gone before the deed is done.
+        const std::function<void()> act = deed;
+        timer->stop();
+        timer->deleteLater();
+        act();
+    });
+    timer->start(1);
 }
 
 std::unique_ptr<QTimer> Repeatedly(const std::function<void()>& function) {
@@ -142,6 +163,23 @@ bool Hand::ClickAt(QWidget* widget, const QPoint& position) {
     return true;
 }
 
+bool Hand::ScrollToTab(QTabBar* bar, int index) {
+    for (int step = 0; step <= bar->count(); ++step) {
+        const QPoint spot = bar->tabRect(index).center();
+        if (bar->rect().contains(spot) && bar->childAt(spot) == nullptr) {
+            return true;
+        }
+        // Both arrows stand at the right end, over the tabs that do not fit.
+        auto* arrow = bar->findChild<QToolButton*>(spot.x() < 0 ? QStringLiteral("ScrollLeftButton")
+                                                                : QStringLiteral("ScrollRightButton"));
+        if (arrow == nullptr || !Click(arrow)) {
+            break;
+        }
+    }
+    Complaints::Add(QStringLiteral("The tab \"%1\" cannot be reached.").arg(bar->tabText(index)));
+    return false;
+}
+
 bool Hand::SelectPage(const char* name) {
     QWidget* wanted = Find(name);
     const QList<QTabWidget*> tabWidgets = window.findChildren<QTabWidget*>();
@@ -149,7 +187,8 @@ bool Hand::SelectPage(const char* name) {
         for (int index = 0; wanted != nullptr && index < tabs->count(); ++index) {
             if (Shows(tabs->widget(index), wanted)) {
                 return tabs->currentIndex() == index ||
-                       ClickAt(tabs->tabBar(), tabs->tabBar()->tabRect(index).center());
+                       (ScrollToTab(tabs->tabBar(), index) &&
+                        ClickAt(tabs->tabBar(), tabs->tabBar()->tabRect(index).center()));
             }
         }
     }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "tools/hand/Patience.h"
+
 #include <QString>
+#include <QTabBar>
 #include <QTimer>
 #include <QWidget>
 
@@ -8,7 +11,11 @@
 #include <memory>
 
 /// Processes events until the condition holds. Returns whether it came to hold within the time.
-bool WaitUntil(const std::function<bool()>& condition, int milliseconds = 5000);
+bool WaitUntil(const std::function<bool()>& condition, int milliseconds = patience);
+
+/// Does something once, as soon as a condition holds while events are processed; complains of one that does not come
+/// to hold, and does it all the same, so that no loop waits for ever. Nothing is done once the context is gone.
+void When(QObject* context, const std::function<bool()>& condition, const std::function<void()>& deed);
 
 /// Calls a function again and again, for as long as the timer lives, whenever events are processed.
 std::unique_ptr<QTimer> Repeatedly(const std::function<void()>& function);
@@ -64,6 +71,8 @@ public:
     bool IsEnabled(const char* name) const;
 
 private:
+    /// Clicks the arrows of a tab bar until this tab can be clicked.
+    bool ScrollToTab(QTabBar* bar, int index);
     bool CanUse(QWidget* widget) const;
     void ComplainOf(const char* name, const QString& text) const;
 

@@ -2,7 +2,6 @@
 #include "tests/panels/airgauge/AirGaugeTest.h"
 
 #include <QLineEdit>
-#include <QTimer>
 
 using namespace TavikSimulator;
 
@@ -80,15 +79,13 @@ void AirGaugeReadingPanelTest::readInUnitsReadsTwice() {
 void AirGaugeReadingPanelTest::continuousReadingRefreshesThePanel() {
     OpenGauge(QStringLiteral("mastered=\"yes\""));
     PutIn(NozzlePart::MasterA);
-    bool shown = false;
     bool disabled = false;
-    QTimer::singleShot(150, this, [&] {
-        shown = Field("tbReading") == QStringLiteral("-0.0200 mm");
+    const auto shown = [this] { return Field("tbReading") == QStringLiteral("-0.0200 mm"); };
+    When(this, shown, [&] {
         disabled = !OnPanel().IsEnabled("btnMaster") && !OnPanel().IsEnabled("btnConfigure");
         Operator().Click("btnStopContinuous");
     });
     QVERIFY(Operator().Click("btnStartContinuous"));
-    QVERIFY(shown);
     QVERIFY(disabled);
     QVERIFY(OnPanel().IsEnabled("btnMaster"));
 }

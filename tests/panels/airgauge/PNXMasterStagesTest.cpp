@@ -183,7 +183,7 @@ void PNXMasterStagesTest::forthAndBack() {
         check(1);
         GoTo(2, wizard);
         check(2);
-        After(80, wizard, [&] {
+        WhenLive(wizard, [&] {
             check(3);
             QVERIFY(Hand(wizard).Click("btnNext"));
             check(4);
@@ -194,7 +194,7 @@ void PNXMasterStagesTest::forthAndBack() {
         check(5);
         QVERIFY(Hand(wizard).Click("btnBack"));
         check(4);
-        After(80, wizard, [&] {
+        WhenLive(wizard, [&] {
             check(3);
             QVERIFY(Hand(wizard).Click("btnBack"));
         });
@@ -256,14 +256,11 @@ void PNXMasterStagesTest::theRuleHoldsAtEveryStage() {
         };
         GoTo(2, wizard);
         refused(2);
-        After(80, wizard, [&] {
+        WhenLive(wizard, [&] {
             refused(3);
             // The pressure is live again once the box has gone.
             PutIn(NozzlePart::MasterA);
-            After(120, wizard, [&] {
-                QCOMPARE(Shown(wizard, "tbPressure"), PressureShownFor(-0.02));
-                QVERIFY(Hand(wizard).Click("btnNext"));
-            });
+            WhenShown(wizard, -0.02, [&] { QVERIFY(Hand(wizard).Click("btnNext")); });
         });
         QVERIFY(Hand(wizard).Click("btnNext"));
         QCOMPARE(StageOf(wizard), 4);

@@ -1,21 +1,26 @@
 #include "tests/panels/airgauge/PNXMasterTest.h"
 
 #include <QDoubleSpinBox>
-#include <QTimer>
 
 void PNXMasterTest::During(const std::function<void(QDialog& wizard)>& use) {
     DuringDialog("btnMaster", QStringLiteral("PNX Mastering"), use);
 }
 
-void PNXMasterTest::After(int milliseconds, QDialog& wizard, const std::function<void()>& deed) {
-    QTimer::singleShot(milliseconds, &wizard, deed);
+void PNXMasterTest::WhenLive(QDialog& wizard, const std::function<void()>& deed) {
+    When(
+        &wizard, [&wizard] { return StageOf(wizard) == 3 && !Shown(wizard, "tbPressure").isEmpty(); }, deed);
+}
+
+void PNXMasterTest::WhenShown(QDialog& wizard, double size, const std::function<void()>& deed) {
+    When(
+        &wizard, [&wizard, size] { return Shown(wizard, "tbPressure") == PressureShownFor(size); }, deed);
 }
 
 void PNXMasterTest::GoTo(int stage, QDialog& wizard) {
     while (StageOf(wizard) < stage) {
         // Stage 3 keeps its Next in the loop until another one is pressed.
         if (StageOf(wizard) == 2 && stage > 3) {
-            After(80, wizard, [&wizard] { QVERIFY(Hand(wizard).Click("btnNext")); });
+            WhenLive(wizard, [&wizard] { QVERIFY(Hand(wizard).Click("btnNext")); });
         }
         QVERIFY(Hand(wizard).Click("btnNext"));
     }

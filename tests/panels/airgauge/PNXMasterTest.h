@@ -9,8 +9,10 @@ class PNXMasterTest : public AirGaugeTest {
 protected:
     /// Opens the wizard and uses it.
     void During(const std::function<void(QDialog& wizard)>& use);
-    /// Something the operator does this long after now, while the live pressure runs or not.
-    void After(int milliseconds, QDialog& wizard, const std::function<void()>& deed);
+    /// Something the operator does once the live pressure, which is about to begin, is shown at stage 3.
+    static void WhenLive(QDialog& wizard, const std::function<void()>& deed);
+    /// The same once it shows the pressure for this size.
+    static void WhenShown(QDialog& wizard, double size, const std::function<void()>& deed);
 
     /// Presses Next until this stage, and lets the live pressure be read for a moment on the way.
     void GoTo(int stage, QDialog& wizard);

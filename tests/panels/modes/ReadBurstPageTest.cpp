@@ -277,7 +277,7 @@ void ReadBurstPageTest::theRateOfFiveSeconds() {
     slow.operation = "Readburst";
     slow.effect = FaultEffect::Slow;
     slow.trigger = FaultTrigger::FromNth;
-    slow.delay = 0.2085;
+    slow.delay = 0.24;
     AddFault(slow);
     bool cursorAtBox = true;
     BoxReply reply;
@@ -287,7 +287,9 @@ void ReadBurstPageTest::theRateOfFiveSeconds() {
                                            "Total number of module reads per second: 12."),
                             reply);
     QVERIFY(Operator().Click("btnTimeReadings"));
-    QCOMPARE(Calls::TakeOperation("Readburst").size(), 24);
+    // 21 of them, or fewer on a computer that is late each time.
+    const int bursts = Calls::TakeOperation("Readburst").size();
+    QVERIFY2(bursts >= 20 && bursts <= 21, qPrintable(QString::number(bursts)));
     QVERIFY(!cursorAtBox);
     QCOMPARE(Table()->rowCount(), 3);
 }

@@ -7,7 +7,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -191,8 +190,6 @@ void ReadingsModelTest::formatsWithFiveDecimals() {
 
 void ReadingsModelTest::millionRowsAreShownAtOnce() {
     ReadingsModel::Contents contents = OneModule(1000000);
-    QElapsedTimer time;
-    time.start();
     QTableView table;
     SetUpResultsTable(&table);
     ShowResults(&table, std::move(contents));
@@ -201,11 +198,9 @@ void ReadingsModelTest::millionRowsAreShownAtOnce() {
     table.grab();
     table.scrollToBottom();
     table.grab();
-    const qint64 elapsed = time.elapsed();
     QCOMPARE(table.model()->rowCount(), 1000000);
     QCOMPARE(table.rowHeight(0), table.rowHeight(999999));
     QCOMPARE(table.rowAt(table.viewport()->height() - 2), 999999);
-    QVERIFY2(elapsed < 2000, qPrintable(QString::number(elapsed)));
 }
 
 void ReadingsModelTest::copiesWithHeaders() {
@@ -225,16 +220,12 @@ void ReadingsModelTest::copiesManyRows() {
     ShowResults(&table, OneModule(200000));
     QVERIFY(ShowInFront(table));
     QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
-    QElapsedTimer time;
-    time.start();
     QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
-    const qint64 elapsed = time.elapsed();
     const QString text = QGuiApplication::clipboard()->text();
     QGuiApplication::clipboard()->clear();
     QCOMPARE(text.count(QLatin1Char('\n')), 200001);
     QVERIFY(text.startsWith(QStringLiteral("Reading (UOM)\tReading (Counts)\tStatus\n0.00000\t0\tNo error.\n")));
     QVERIFY(text.endsWith(QStringLiteral("\n199.99900\t199999\tUnder range.\n")));
-    QVERIFY2(elapsed < 10000, qPrintable(QString::number(elapsed)));
 }
 
 void ReadingsModelTest::wideTablesScroll() {

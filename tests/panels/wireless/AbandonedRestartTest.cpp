@@ -81,7 +81,7 @@ void AbandonedRestartTest::windowThatClosesDuringTheRestart_data() {
 void AbandonedRestartTest::windowThatClosesDuringTheRestart() {
     QFETCH(bool, fails);
     OpenModule(Usual(), 0);
-    SlowRestart(0.3);
+    SlowRestart(1.0);
     if (fails) {
         FailNext("Restart", QStringLiteral("Nobody sees this."));
     }

@@ -99,10 +99,15 @@ void ConfigModeTest::tenTriesAndNoMore() {
     const ProgressWatch progress;
     QElapsedTimer sinceClick;
     sinceClick.start();
+    // There is no wait after the last try, in which the operator could still see the dialog.
+    bool waitedAfterTheLast = false;
+    When(
+        this, [] { return Calls::CountOf("EnteredConfigMode") == 10; },
+        [&] { waitedAfterTheLast = ShownWaitDialog() != nullptr; });
     FailToOpen(noConfigMode);
     // One second before the first try and one after each but the last.
     QVERIFY2(sinceClick.elapsed() >= 10000, qPrintable(QString::number(sinceClick.elapsed())));
-    QVERIFY2(sinceClick.elapsed() < 11000, qPrintable(QString::number(sinceClick.elapsed())));
+    QVERIFY(!waitedAfterTheLast);
     QCOMPARE(progress.Steps().size(), 10);
     QCOMPARE(progress.Steps().last(), QStringLiteral("0 Connecting and entering config mode. (Try 10/10)"));
     QStringList expected =
@@ -130,11 +135,10 @@ void ConfigModeTest::toolDropsOutInTheMiddle() {
 
 void ConfigModeTest::windowThatClosesEndsTheTries() {
     OpenModule(SingleChannel(QStringLiteral("config-tries=\"never\"")), 0);
-    QElapsedTimer sinceClick;
-    sinceClick.start();
-    QTimer::singleShot(2500, this, [this] { Window().close(); });
+    const auto hasTriedTwice = [] { return Calls::CountOf("setConfigMode") == 2; };
+    When(this, hasTriedTwice, [this] { Window().close(); });
     QVERIFY(Operator().Click("btnConfig1"));
-    QVERIFY2(sinceClick.elapsed() < 5000, qPrintable(QString::number(sinceClick.elapsed())));
+    QCOMPARE(Calls::CountOf("setConfigMode"), 2);
     QCOMPARE(boxes.Count(), 0);
     QVERIFY(ShownWaitDialog() == nullptr);
     // The last thing that the library was asked is to disconnect.
@@ -143,8 +147,8 @@ void ConfigModeTest::windowThatClosesEndsTheTries() {
 
 void ConfigModeTest::windowThatClosesEndsTheReading() {
     OpenModule(SingleChannel(), 0);
-    // Fires while the first step handles events.
-    QTimer::singleShot(900, this, [this] { Window().close(); });
+    When(
+        this, [] { return ShownWaitDialog() != nullptr; }, [this] { Window().close(); });
     QVERIFY(Operator().Click("btnConfig1"));
     QCOMPARE(boxes.Count(), 0);
     QCOMPARE(Calls::TakeOperation("setConfigMode"), QStringList());
@@ -152,9 +156,9 @@ void ConfigModeTest::windowThatClosesEndsTheReading() {
 
 void ConfigModeTest::waitDialogIsModalAndStandsOverTheWindow() {
     OpenModule(SingleChannel(), 0);
-    QTimer::singleShot(500, this, [this] {
+    const auto isShown = [] { return ShownWaitDialog() != nullptr; };
+    When(this, isShown, [this] {
         const WaitForProcessDialog* wait = ShownWaitDialog();
-        QVERIFY(wait != nullptr);
         QVERIFY(wait->isModal());
         QCOMPARE(wait->parentWidget(), &Window());
         QCOMPARE(Window().statusBar()->currentMessage(), QStringLiteral("Reading the settings of a hand tool"));

@@ -22,7 +22,8 @@ void HandToolLoopTest::readsUntilStopped() {
     OpenModule(StillTool(), 0);
     InDialog([this](QDialog& dialog, Hand hand) {
         Calls::Mark();
-        QTimer::singleShot(400, this, [&dialog, hand, this]() mutable {
+        const auto hasRead = [] { return Reads() >= 4; };
+        When(this, hasRead, [&dialog, hand, this]() mutable {
             QCOMPARE(StartText(dialog), QStringLiteral("Stop Reading"));
             QCOMPARE(Window().statusBar()->currentMessage(), QStringLiteral("Reading the hand tool of slot 1"));
             hand.Click("btnStartStopReading");
@@ -60,8 +61,12 @@ void HandToolLoopTest::changeOfModeAppliesToTheNextRead() {
     OpenModule(StillTool(), 0);
     InDialog([this](QDialog&, Hand hand) {
         Calls::Mark();
-        QTimer::singleShot(200, this, [hand]() mutable { hand.Click("radioTagged"); });
-        QTimer::singleShot(400, this, [hand]() mutable { hand.Click("btnStartStopReading"); });
+        When(
+            this, [] { return Reads() >= 2; },
+            [hand, this]() mutable {
+                hand.Click("radioTagged");
+                StopAfterReads(hand, Reads() + 2);
+            });
         QVERIFY(hand.Click("btnStartStopReading"));
         const QStringList reads = Calls::TakeOperation("ReadAllChannels");
         QCOMPARE(reads.first(), OfDevice({QStringLiteral("ReadAllChannels(1)")}).first());
@@ -80,7 +85,8 @@ void HandToolLoopTest::endsWithTheLoop() {
     QFETCH(QString, how);
     OpenModule(StillTool(), 0);
     InDialog([how, this](QDialog& dialog, Hand hand) {
-        QTimer::singleShot(150, this, [&dialog, hand, how]() mutable {
+        Calls::Mark();
+        When(this, HasRead, [&dialog, hand, how]() mutable {
             if (how == QLatin1String("Close")) {
                 hand.Click("btnClose");
             } else if (how == QLatin1String("Escape")) {
@@ -101,7 +107,8 @@ void HandToolLoopTest::endsWithTheLoop() {
 void HandToolLoopTest::windowThatClosesEndsTheLoop() {
     OpenModule(StillTool(), 0);
     InDialog([this](QDialog&, Hand hand) {
-        QTimer::singleShot(150, this, [this] {
+        Calls::Mark();
+        When(this, HasRead, [this] {
             Window().close();
             Calls::Mark();
         });

@@ -125,7 +125,8 @@ void HandToolReadingsTest::nothingTaggedGivesNoColumns() {
     OpenModule(StillTool(), 0);
     InDialog([this](QDialog&, Hand hand) {
         QVERIFY(hand.Click("radioTagged"));
-        QTimer::singleShot(120, this, [hand]() mutable { hand.Click("btnStartStopReading"); });
+        Calls::Mark();
+        StopAfterReads(hand, 1);
         QVERIFY(hand.Click("btnStartStopReading"));
         const auto* table = hand.The<QTableWidget>("readingsTable");
         QCOMPARE(table->columnCount(), 0);
@@ -140,7 +141,7 @@ void HandToolReadingsTest::taggedReadingsAreAskedForByTheirCode() {
         PressToolButton("KRV0000001", 1);
         QVERIFY(hand.Click("radioTagged"));
         Calls::Mark();
-        QTimer::singleShot(20, this, [hand]() mutable { hand.Click("btnStartStopReading"); });
+        StopAfterReads(hand, 1);
         QVERIFY(hand.Click("btnStartStopReading"));
         QVERIFY(TakeToolCalls().contains(OfDevice({QStringLiteral("ReadAllChannels(3)")}).first()));
         QCOMPARE(Column(dialog, 0).at(4), QStringLiteral("2"));

@@ -88,7 +88,6 @@ void KRVSettingsTest::showsTheProgress() {
     InSettings(title, [&](QDialog&, const Hand&) {
         // One second until the first try, and one after each of the two that failed.
         QVERIFY2(sinceClick.elapsed() >= 3000, qPrintable(QString::number(sinceClick.elapsed())));
-        QVERIFY2(sinceClick.elapsed() < 4000, qPrintable(QString::number(sinceClick.elapsed())));
     });
     const QString entering = QStringLiteral("0 Connecting and entering config mode. (Try %1/10)");
     QCOMPARE(progress.Steps(),

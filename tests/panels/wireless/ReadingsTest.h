@@ -59,4 +59,10 @@ protected:
         }
         return reads;
     }
+    static bool HasRead() { return Reads() > 0; }
+    /// Ends the reading that is about to begin once there have been so many reads since the mark.
+    void StopAfterReads(Hand hand, int reads) {
+        When(
+            this, [reads] { return Reads() >= reads; }, [hand]() mutable { hand.Click("btnStartStopReading"); });
+    }
 };

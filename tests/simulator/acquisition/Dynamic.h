@@ -4,6 +4,7 @@
 #include "library/TavikModuleDigitalIO.h"
 #include "library/TavikModuleQTA.h"
 #include "tests/simulator/Bench.h"
+#include "tools/hand/Patience.h"
 
 #include <atomic>
 #include <cmath>

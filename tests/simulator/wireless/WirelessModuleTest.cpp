@@ -158,12 +158,14 @@ void WirelessModuleTest::ARestartTakesItsTime() {
 }
 
 void WirelessModuleTest::TheModuleDoesNotAnswerDuringARestart() {
-    WirelessServer server(Wireless(Two, "restart-time=\"0.4\""));
+    WirelessServer server(Wireless(Two, "restart-time=\"1.5\""));
     TavikSimulator::SetLatency(true);
     TavikSimulator::UseRealClock();
     std::thread restart([&] { server.Wireless()->Restart(); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(150));
-    const Refusal status = RefusalOf([&] { server.Device()->ConnectionStatus(); });
+    Refusal status;
+    while (!status.refused) {
+        status = RefusalOf([&] { server.Device()->ConnectionStatus(); });
+    }
     const Refusal reading = RefusalOf([&] { server.Wireless()->ReadInCounts(); });
     const Refusal ping = RefusalOf([&] { server.Network()->Ping(); });
     const Refusal identity = RefusalOf([&] { server.Device()->TavikIdentity(); });
