@@ -8,12 +8,8 @@
 #include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QProcess>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTableWidget>
 #include <QTimer>
 
@@ -68,22 +64,7 @@ int RunBareWindow(int argc, char* argv[], int controls) {
     auto* layout = new QGridLayout(contents);
     layout->addWidget(table, 0, 0, 1, 8);
     for (int control = 0; QApplication::allWidgets().size() < controls; ++control) {
-        QWidget* widget = nullptr;
-        switch (control % 4) {
-        case 0:
-            widget = new QLabel(QStringLiteral("Label"));
-            break;
-        case 1:
-            widget = new QLineEdit;
-            break;
-        case 2:
-            widget = new QPushButton(QStringLiteral("Button"));
-            break;
-        default:
-            widget = new QRadioButton(QStringLiteral("Choice"));
-            break;
-        }
-        layout->addWidget(widget, 1 + control / 8, control % 8);
+        layout->addWidget(Benchmarks::BareControl(control), 1 + control / 8, control % 8);
     }
     window.setCentralWidget(contents);
     window.resize(1100, 700);

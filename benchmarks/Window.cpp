@@ -5,9 +5,12 @@
 #include "library/TavikNetworks.h"
 
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableWidget>
 
 void Benchmarks::LeaveOutOpenGl() {
@@ -34,6 +37,19 @@ int Benchmarks::RowOfNetwork(MainWindow& window, const QString& name) {
 void Benchmarks::SelectModule(MainWindow& window, int row) {
     Find<QListWidget>(window, "listModules")->setCurrentRow(row);
     QCoreApplication::processEvents();
+}
+
+QWidget* Benchmarks::BareControl(int number) {
+    switch (number % 4) {
+    case 0:
+        return new QLabel(QStringLiteral("Label"));
+    case 1:
+        return new QLineEdit;
+    case 2:
+        return new QPushButton(QStringLiteral("Button"));
+    default:
+        return new QRadioButton(QStringLiteral("Choice"));
+    }
 }
 
 Benchmarks::BoxCloser::BoxCloser() {

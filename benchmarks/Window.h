@@ -42,6 +42,9 @@ int RowOfNetwork(MainWindow& window, const QString& name);
 /// Selects a row of the module list and lets the window draw what that brings up.
 void SelectModule(MainWindow& window, int row);
 
+/// A control without a purpose: labels, fields, buttons and choices take turns.
+QWidget* BareControl(int number);
+
 /// Closes message boxes as they come up and keeps the text of the last one.
 class BoxCloser : public QObject {
 public:
@@ -62,6 +65,7 @@ public:
     /// Connects the network at a position.
     explicit BareLibrary(unsigned int networkIndex);
 
+    TavikLibrary::TavikServer& Server() { return server; }
     TavikLibrary::TavikNetwork* Network();
     TavikLibrary::TavikModule* Module(unsigned int index);
 

@@ -30,8 +30,12 @@ MainWindow* ProgramWindow() {
     return nullptr;
 }
 
-void CloseSoon(int milliseconds) {
-    QTimer::singleShot(milliseconds, qApp, [] { ProgramWindow()->close(); });
+void CloseWhen(const std::function<bool()>& condition) {
+    When(qApp, condition, [] { ProgramWindow()->close(); });
+}
+
+bool ABoxIsOpen() {
+    return QApplication::activeModalWidget() != nullptr;
 }
 
 void GoToFirstModule(Hand& hand) {
@@ -44,12 +48,7 @@ void GoToFirstModule(Hand& hand) {
 void CloseUnderABox(Hand& hand, const char* operation, const char* page, const char* button) {
     FailNext(operation, QStringLiteral("Silence."));
     delete answerer;
-    QTimer::singleShot(100, qApp, [] {
-        if (QApplication::activeModalWidget() == nullptr) {
-            Complaints::Add(QStringLiteral("No box is open."));
-        }
-        ProgramWindow()->close();
-    });
+    CloseWhen(ABoxIsOpen);
     hand.SelectPage(page);
     hand.Click(button);
 }
@@ -62,20 +61,20 @@ void Play() {
     }
     GoToFirstModule(hand);
     if (Scenario() == QLatin1String("notify")) {
-        CloseSoon(100);
+        CloseWhen([hand] { return hand.IsEnabled("btnStopNotify"); });
         hand.Click("btnNotify");
     } else if (Scenario() == QLatin1String("notify that cannot be cancelled")) {
         FailNext("CancelNotifying", QStringLiteral("Cannot cancel."));
         FailNext("DisconnectAll", QStringLiteral("Cannot disconnect."));
-        CloseSoon(100);
+        CloseWhen([hand] { return hand.IsEnabled("btnStopNotify"); });
         hand.Click("btnNotify");
     } else if (Scenario() == QLatin1String("continuous")) {
-        CloseSoon(150);
+        CloseWhen([hand] { return hand.IsEnabled("btnStopContinuous"); });
         hand.SelectPage("tabModule");
         hand.Click("btnStartContinuous");
     } else if (Scenario() == QLatin1String("input box")) {
         delete answerer;
-        CloseSoon(100);
+        CloseWhen(ABoxIsOpen);
         hand.Click("btnAddModule");
     } else if (Scenario() == QLatin1String("error box")) {
         CloseUnderABox(hand, "Ping", "tabNetwork", "btnPing");
@@ -85,7 +84,7 @@ void Play() {
         CloseUnderABox(hand, "UpdateStatus", "tabModule", "btnGetStatus");
     } else if (Scenario() == QLatin1String("nothing works")) {
         FailCall(1, 0x2101, "Nothing works.", true);
-        CloseSoon(0);
+        CloseWhen([] { return true; });
     } else {
         Complaints::Add(QStringLiteral("There is no scenario ") + Scenario());
     }

@@ -1,0 +1,123 @@
+// How long the panel of each kind of module takes to show a module, apart from the library: what its calls cost at
+// least (each as much as asking for an identity) is taken off. The floor makes as many bare controls as the module has
+// on its own panels, which are made anew for each module, and fills in as many fields as there are.
+
+#include "benchmarks/Figure.h"
+#include "benchmarks/Window.h"
+#include "library/TavikModule.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
+#include "panels/common/HostWindow.h"
+#include "panels/module/TavikModuleWidget.h"
+#include "simulator/control/BenchControl.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QLineEdit>
+
+#include <set>
+#include <string>
+
+namespace {
+
+constexpr int turns = 51;
+
+class Host : public HostWindow {
+public:
+    void DisableControls() override {}
+    void EnableControls() override {}
+    void RedisplayModuleInformation() override {}
+};
+
+double MillisecondsPerCall(TavikLibrary::TavikModule* module) {
+    constexpr int calls = 10000;
+    const double started = Benchmarks::MonotonicSeconds();
+    for (int call = 0; call < calls; ++call) {
+        module->Identity();
+    }
+    return (Benchmarks::MonotonicSeconds() - started) * 1000 / calls;
+}
+
+/// What the panel has to show, in bare controls.
+class BarePanel {
+public:
+    BarePanel(int ownControls, int fieldCount) : controls(ownControls) {
+        for (int field = 0; field < fieldCount; ++field) {
+            fields.push_back(new QLineEdit(&frame));
+        }
+        frame.resize(1100, 700);
+        frame.show();
+        QCoreApplication::processEvents();
+    }
+
+    double Fill(int turn) {
+        const double started = Benchmarks::MonotonicSeconds();
+        delete own;
+        own = new QWidget(&frame);
+        auto* layout = new QGridLayout(own);
+        for (int control = 0; control < controls; ++control) {
+            layout->addWidget(Benchmarks::BareControl(control), control / 4, control % 4);
+        }
+        own->show();
+        for (QLineEdit* field : fields) {
+            field->setText(QString::number(turn));
+        }
+        const double milliseconds = (Benchmarks::MonotonicSeconds() - started) * 1000;
+        QCoreApplication::processEvents();
+        return milliseconds;
+    }
+
+private:
+    QWidget frame;
+    QWidget* own = nullptr;
+    std::vector<QLineEdit*> fields;
+    int controls;
+};
+
+void Measure(Host& host, TavikModuleWidget& panel, TavikLibrary::TavikServer& server,
+             TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module, int commonControls) {
+    const auto fill = [&] { panel.SetModule(&host, &server, network, module); };
+    const std::uint64_t before = TavikSimulator::CallCount();
+    fill();
+    const auto calls = static_cast<double>(TavikSimulator::CallCount() - before);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    BarePanel bare(panel.findChildren<QWidget*>().size() - commonControls, panel.findChildren<QLineEdit*>().size());
+    const double library = calls * MillisecondsPerCall(module);
+    std::vector<double> filled;
+    std::vector<double> floor;
+    for (int turn = 0; turn < turns; ++turn) {
+        const double started = Benchmarks::MonotonicSeconds();
+        fill();
+        filled.push_back((Benchmarks::MonotonicSeconds() - started) * 1000 - library);
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        floor.push_back(bare.Fill(turn));
+    }
+    const std::string kind = TavikLibrary::eModuleType_ToString(module->ModuleType());
+    Benchmarks::PrintFigure("Filling the panel of " + kind, Benchmarks::Median(filled), Benchmarks::Median(floor),
+                            "ms");
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    Benchmarks::LeaveOutOpenGl();
+    const QApplication application(argc, argv);
+    TavikSimulator::UseDefaultBench();
+    TavikSimulator::SetLatency(false);
+    Benchmarks::BareLibrary library(0);
+    Host host;
+    auto* panel = new TavikModuleWidget;
+    const int commonControls = panel->findChildren<QWidget*>().size();
+    host.setCentralWidget(panel);
+    host.show();
+    std::set<TavikLibrary::eModuleType> seen;
+    TavikLibrary::TavikNetwork* network = library.Network();
+    for (int index = 0; index < network->ModuleCount(); ++index) {
+        TavikLibrary::TavikModule* module = network->GetModule(static_cast<unsigned int>(index));
+        if (seen.insert(module->ModuleType()).second) {
+            Measure(host, *panel, library.Server(), network, module, commonControls);
+        }
+    }
+    return 0;
+}
