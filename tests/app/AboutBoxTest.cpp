@@ -16,6 +16,7 @@ private slots:
     void dateOfTheVersionLine();
     void opensFromTheMenuAndCloses();
     void keepsItsSizeAndPlaces();
+    void libraryAndQtAreToldApart();
 };
 
 void AboutBoxTest::dateOfTheVersionLine_data() {
@@ -67,6 +68,14 @@ void AboutBoxTest::keepsItsSizeAndPlaces() {
     QCOMPARE(place("lblInformation"), QRect(280, 60, 331, 181));
     QCOMPARE(place("btnClose"), QRect(580, 260, 101, 31));
     QCOMPARE(box.findChild<QPushButton*>(QStringLiteral("btnClose"))->text(), QStringLiteral("&Close"));
+}
+
+void AboutBoxTest::libraryAndQtAreToldApart() {
+    const AboutBox box(QStringLiteral("Bench 9.9"), nullptr);
+    const QString information = box.findChild<QLabel*>(QStringLiteral("lblInformation"))->text();
+    QVERIFY2(information.contains(QStringLiteral("Gauge library in use: Bench 9.9\n")), qPrintable(information));
+    QVERIFY2(information.contains(QStringLiteral("Made with Qt %1, ").arg(QLatin1String(qVersion()))),
+             qPrintable(information));
 }
 
 TAVIK_TEST_MAIN(AboutBoxTest)

@@ -149,6 +149,14 @@ std::vector<TourStep> SoakSteps(const TourBench& bench) {
 }
 
 std::vector<TourStep> RepeatedSteps(std::vector<TourStep> steps) {
+    // A collection that was stopped holds as much as there was time for, the one before it always the same.
+    const auto named = [&](const char* name) {
+        return std::find_if(steps.begin(), steps.end(),
+                            [&](const TourStep& step) { return step.name == QLatin1String(name); });
+    };
+    if (named("dynamic-stopped") != steps.end()) {
+        std::iter_swap(named("dynamic-stopped"), named("dynamic-collected"));
+    }
     steps.erase(std::remove_if(steps.begin(), steps.end(), IsForOneTimeOnly), steps.end());
     return steps;
 }
