@@ -9,7 +9,7 @@ PRESET = "dev"
 IGNORED_FOLDERS = {".git", "build", "__pycache__"}
 
 # A defect may keep a test from ending. No test of a form takes nearly as long.
-LONGEST_SECONDS = 240
+LONGEST_SECONDS = 120
 
 
 class BenchError(Exception):

@@ -18,6 +18,8 @@ namespace {
 /// As much as the steps ask for.
 constexpr std::size_t journalCapacity = 500;
 
+constexpr int kibibytesOfPixmaps = 1024;
+
 constexpr double kibibyte = 1024.0;
 
 /// A quantity of a sample, and by how much it may grow in a round before it matters.
@@ -63,6 +65,8 @@ Soak::Soak(const TourBench& bench, std::vector<TourStep> newSteps, double speed)
     TavikSimulator::UseRealClock(speed);
     SetTourClockSpeed(speed);
     tour.boxes.Tolerate(true);
+    // Qt's own limit is reached after hours only.
+    QPixmapCache::setCacheLimit(kibibytesOfPixmaps);
     tour.OpenWindow();
 }
 
@@ -73,8 +77,7 @@ void Soak::Round() {
     tour.Operator().SelectPage("tabServer");
     Settle();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    // These two are full only after hours, and hold no more then.
-    QPixmapCache::clear();
+    // Its entries are not all of the same length.
     TavikSimulator::ClearJournal();
     samples.push_back(TakeSample());
 }
