@@ -50,6 +50,7 @@ void AboutBoxTest::opensFromTheMenuAndCloses() {
         QVERIFY(logo->pixmap(Qt::ReturnByValue).width() > 0);
         QVERIFY(!box.windowIcon().isNull());
         QVERIFY(Hand(box).Click("btnClose"));
+        QVERIFY(!box.isVisible());
     };
     boxes.ExpectDialog(&Window(), QStringLiteral("About Tavik Library Test"), reply);
     QVERIFY(Operator().Trigger("menuHelp", "action_About"));
