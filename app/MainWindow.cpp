@@ -95,7 +95,7 @@ void MainWindow::ShowLibrary() {
 }
 
 void MainWindow::FillNetworksTable() {
-    ui->tableNetworks->setRowCount(0);
+    ClearNetworkRows(ui->tableNetworks);
     auto* networks = server.Networks();
     for (int row = 0; row < networks->Count(); ++row) {
         const QPushButton* button = AppendNetworkRow(ui->tableNetworks, NetworkOfRow(networks, row));

@@ -39,6 +39,14 @@ TavikLibrary::TavikNetwork* NetworkOfRow(TavikLibrary::TavikNetworks* networks, 
     return networks->Network(static_cast<unsigned int>(row));
 }
 
+void ClearNetworkRows(QTableWidget* table) {
+    for (int row = 0; row < table->rowCount(); ++row) {
+        // A table whose rows are taken off with the buttons in them remembers where each button was.
+        table->removeCellWidget(row, ButtonColumn);
+    }
+    table->setRowCount(0);
+}
+
 QPushButton* AppendNetworkRow(QTableWidget* table, TavikLibrary::TavikNetwork* network) {
     const QString name = FromLibrary(network->NetworkName());
     const QString id = FromLibrary(network->ControllerID());

@@ -13,6 +13,9 @@ class TavikNetworks;
 
 TavikLibrary::TavikNetwork* NetworkOfRow(TavikLibrary::TavikNetworks* networks, int row);
 
+/// Takes all rows off the table.
+void ClearNetworkRows(QTableWidget* table);
+
 /// Appends a row for a network and returns its button. The row appears only when the network could be asked.
 QPushButton* AppendNetworkRow(QTableWidget* table, TavikLibrary::TavikNetwork* network);
 

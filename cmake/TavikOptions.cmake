@@ -12,6 +12,8 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(TAVIK_SANITIZERS "" CACHE STRING
     "Sanitizers to build everything with: empty, address;undefined;leak, or thread")
 
+option(TAVIK_COVERAGE "Count which lines and branches of the program and the simulated bench are run" OFF)
+
 # A gauge library of another make must be able to take the simulated one's place by standing
 # earlier on LD_LIBRARY_PATH. DT_RUNPATH allows that, DT_RPATH would not.
 add_link_options(-Wl,--enable-new-dtags)
@@ -21,6 +23,10 @@ if(TAVIK_SANITIZERS)
   add_compile_options(-fsanitize=${tavik_sanitizer_list} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${tavik_sanitizer_list})
+endif()
+
+if(TAVIK_COVERAGE)
+  add_link_options(--coverage)
 endif()
 
 # tavik_options: for every target of this project.
@@ -42,3 +48,12 @@ target_compile_definitions(tavik_qt_options INTERFACE
   QT_STRICT_ITERATORS
   QT_DEPRECATED_WARNINGS
   QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+
+# tavik_covered(<target>...): what is counted. Tests and tools are not. Threads count without losing any.
+function(tavik_covered)
+  if(TAVIK_COVERAGE)
+    foreach(target ${ARGN})
+      target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+    endforeach()
+  endif()
+endfunction()

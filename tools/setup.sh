@@ -16,6 +16,7 @@ declare -A reasons=(
     [clang-tidy]="looks for common mistakes"
     [clang]="builds the fuzzers"
     [clazy]="looks for common mistakes in the use of Qt"
+    [gcovr]="puts together which lines and branches were run"
     [dpkg-dev]="finds out what a package depends on, and the compiler flags of Debian"
     [file]="tells the packer which files are programs"
     [lintian]="checks the packages"
@@ -28,6 +29,7 @@ build_packages=(g++ cmake ninja-build qtbase5-dev libpugixml-dev fonts-dejavu-co
 test_packages=(python3 clang-format)
 lint_packages=(clang-tidy clazy)
 fuzz_packages=(clang)
+coverage_packages=(gcovr)
 package_packages=(dpkg-dev file lintian desktop-file-utils appstream mandoc)
 root_packages=(debootstrap)
 

@@ -81,18 +81,6 @@ std::string Unknown(int code, const char* end) {
 
 } // namespace
 
-const std::vector<int>& KnownErrorCodes() {
-    static const std::vector<int> codes = [] {
-        std::vector<int> all;
-        for (const ErrorText& text : Texts) {
-            all.push_back(static_cast<int>(text.error));
-        }
-        std::sort(all.begin(), all.end());
-        return all;
-    }();
-    return codes;
-}
-
 std::string ErrorName(int code) {
     const ErrorText* text = Find(code);
     return text ? text->name : Unknown(code, "");

@@ -3,12 +3,8 @@
 #include "library/TavikEnums.h"
 
 #include <string>
-#include <vector>
 
 namespace TavikSimulator {
-
-/// The codes that this library can produce, ascending.
-const std::vector<int>& KnownErrorCodes();
 
 /// The short name of a result code, for example "Under range".
 std::string ErrorName(int code);

@@ -16,6 +16,7 @@ private slots:
     void dateOfTheVersionLine();
     void opensFromTheMenuAndCloses();
     void keepsItsSizeAndPlaces();
+    void libraryAndQtAreToldApart();
 };
 
 void AboutBoxTest::dateOfTheVersionLine_data() {
@@ -49,6 +50,7 @@ void AboutBoxTest::opensFromTheMenuAndCloses() {
         QVERIFY(logo->pixmap(Qt::ReturnByValue).width() > 0);
         QVERIFY(!box.windowIcon().isNull());
         QVERIFY(Hand(box).Click("btnClose"));
+        QVERIFY(!box.isVisible());
     };
     boxes.ExpectDialog(&Window(), QStringLiteral("About Tavik Library Test"), reply);
     QVERIFY(Operator().Trigger("menuHelp", "action_About"));
@@ -67,6 +69,14 @@ void AboutBoxTest::keepsItsSizeAndPlaces() {
     QCOMPARE(place("lblInformation"), QRect(280, 60, 331, 181));
     QCOMPARE(place("btnClose"), QRect(580, 260, 101, 31));
     QCOMPARE(box.findChild<QPushButton*>(QStringLiteral("btnClose"))->text(), QStringLiteral("&Close"));
+}
+
+void AboutBoxTest::libraryAndQtAreToldApart() {
+    const AboutBox box(QStringLiteral("Bench 9.9"), nullptr);
+    const QString information = box.findChild<QLabel*>(QStringLiteral("lblInformation"))->text();
+    QVERIFY2(information.contains(QStringLiteral("Gauge library in use: Bench 9.9\n")), qPrintable(information));
+    QVERIFY2(information.contains(QStringLiteral("Made with Qt %1, ").arg(QLatin1String(qVersion()))),
+             qPrintable(information));
 }
 
 TAVIK_TEST_MAIN(AboutBoxTest)

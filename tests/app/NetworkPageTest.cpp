@@ -49,6 +49,7 @@ private slots:
     void refreshKeepsTheSelectedModule();
     void numbersOfCallsOfARefresh();
     void currentRowIsAlwaysSeen();
+    void eachPageHoldsItsOwnPanel();
 
 private:
     void Answer(const QString& identity, bool accept = true) {
@@ -356,6 +357,19 @@ void NetworkPageTest::currentRowIsAlwaysSeen() {
     QCOMPARE(list->currentRow(), 1);
     QVERIFY(list->item(1)->isSelected());
     QVERIFY(!list->item(0)->isSelected());
+}
+
+void NetworkPageTest::eachPageHoldsItsOwnPanel() {
+    OpenNetwork(Benches::Two());
+    QVERIFY(Operator().SelectRow("listModules", third));
+    const QStringList panels = {QStringLiteral("moduleWidget"),  QStringLiteral("bufferedModeWidget"),
+                                QStringLiteral("refMarkWidget"), QStringLiteral("differenceModeWidget"),
+                                QStringLiteral("dynamicWidget"), QStringLiteral("readBurstWidget")};
+    const auto* tabs = Operator().The<QTabWidget>("tabWidget");
+    QCOMPARE(tabs->count(), 2 + panels.size());
+    for (int page = 0; page < panels.size(); ++page) {
+        QVERIFY2(tabs->widget(2 + page)->findChild<QWidget*>(panels[page]) != nullptr, qPrintable(panels[page]));
+    }
 }
 
 TAVIK_TEST_MAIN(NetworkPageTest)

@@ -37,6 +37,7 @@ private slots:
     void unitsAreReadWithTheirText();
     void readThatFailsClearsTheReading();
     void readOfAnotherKindOfFailure();
+    void onlySomePanelsFollowReadings();
     void statusIsShown();
     void statusThatFails();
     void moduleThatDoesNotAnswerIsShown();
@@ -202,6 +203,21 @@ void ModulePanelTest::readOfAnotherKindOfFailure() {
     QVERIFY(Operator().Click("btnRead"));
 }
 
+void ModulePanelTest::onlySomePanelsFollowReadings() {
+    OpenModule(Benches::With(QStringLiteral("<module type=\"SWAX2\" identity=\"SWAX200001\"/>"
+                                            "<module type=\"BW\" identity=\"BW00000002\"/>")),
+               0);
+    QVERIFY(Operator().Click("btnRead"));
+    QCOMPARE(Calls::TakeOperation("DebounceTime"), QStringList{QStringLiteral("module SWAX200001.DebounceTime()")});
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    QVERIFY(Operator().SelectRow("listModules", 1));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    Calls::Mark();
+    QVERIFY(Operator().Click("btnRead"));
+    COMPARE_CALLS(Calls::Take(), {QStringLiteral("module BW00000002.ReadInCounts()"),
+                                  QStringLiteral("module BW00000002.ModuleType()")});
+}
+
 void ModulePanelTest::statusIsShown() {
     OpenModule(Benches::Two(), 0);
     QVERIFY(Operator().Click("btnGetStatus"));
@@ -214,14 +230,16 @@ void ModulePanelTest::statusIsShown() {
                   {QStringLiteral("module KX00000001.Status()"), QStringLiteral("status KX00000001.UpdateStatus()"),
                    QStringLiteral("status KX00000001.Status()"), QStringLiteral("status KX00000001.ErrorCode()"),
                    QStringLiteral("status KX00000001.ErrorString()")});
-    Fault code;
-    code.object = "status *";
-    code.effect = FaultEffect::Result;
-    code.trigger = FaultTrigger::FromNth;
-    code.code = -258;
-    AddFault(code);
+    for (const auto& [operation, result] : {std::pair{"Status", 17}, std::pair{"ErrorCode", -258}}) {
+        Fault code;
+        code.object = "status *";
+        code.operation = operation;
+        code.effect = FaultEffect::Result;
+        code.code = result;
+        AddFault(code);
+    }
     QVERIFY(Operator().Click("btnGetStatus"));
-    QCOMPARE(Operator().Text("tbStatus"), QStringLiteral("-258"));
+    QCOMPARE(Operator().Text("tbStatus"), QStringLiteral("17"));
     QCOMPARE(Operator().Text("tbErrorCode"), QStringLiteral("-258"));
 }
 

@@ -29,16 +29,19 @@ class ProbePanelTest : public ProgramTest {
 
 private slots:
     void showsWhatTheProbeOffers();
+    void fillingAsksInOrder();
     void groupsAreTitled();
     void setsTheResolution();
     void setsTheAveraging();
     void setWithNothingChosenAsksAgain();
+    void currentRowThatIsNotChosenIsNotSet();
     void refusedSetKeepsTheText();
     void failedSetShowsABox_data();
     void failedSetShowsABox();
     void failureWhileFilling_data();
     void failureWhileFilling();
     void probeThatOffersNothing();
+    void probeThatOffersOneOfEach();
     void lasersAreProbesToo();
     void otherModulesHaveNone();
 };
@@ -56,6 +59,15 @@ void ProbePanelTest::showsWhatTheProbeOffers() {
              QStringList({Text(eAveraging::Samples8), Text(eAveraging::Off), Text(eAveraging::Samples4)}));
     QVERIFY(Operator().Find("tbCurrentResolution")->property("readOnly").toBool());
     QVERIFY(Operator().Find("tbCurrentAveraging")->property("readOnly").toBool());
+}
+
+void ProbePanelTest::fillingAsksInOrder() {
+    OpenNetwork(Benches::With(probe.arg(QString())));
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    const QRegularExpression ofThePanel(QStringLiteral("^module KX00000001\\.(Available)?(Resolution|Averaging)s?\\("));
+    COMPARE_CALLS(Calls::Take().filter(ofThePanel),
+                  {call + QStringLiteral("Resolution()"), call + QStringLiteral("Averaging()"),
+                   call + QStringLiteral("AvailableResolutions()"), call + QStringLiteral("AvailableAveragings()")});
 }
 
 void ProbePanelTest::groupsAreTitled() {
@@ -98,6 +110,18 @@ void ProbePanelTest::setWithNothingChosenAsksAgain() {
     COMPARE_CALLS(Calls::Take(), {call + QStringLiteral("Resolution()")});
     QVERIFY(Operator().Click("btnSetAveraging"));
     COMPARE_CALLS(Calls::Take(), {call + QStringLiteral("Averaging()")});
+}
+
+void ProbePanelTest::currentRowThatIsNotChosenIsNotSet() {
+    OpenModule(Benches::With(probe.arg(QString())), 0);
+    for (const auto& [list, button, asked] : {std::tuple("listResolutions", "btnSetResolution", "Resolution()"),
+                                              std::tuple("listAveragings", "btnSetAveraging", "Averaging()")}) {
+        Operator().The<QListWidget>(list)->setCurrentRow(1);
+        Operator().The<QListWidget>(list)->clearSelection();
+        Calls::Mark();
+        QVERIFY(Operator().Click(button));
+        COMPARE_CALLS(Calls::Take(), {call + QLatin1String(asked)});
+    }
 }
 
 void ProbePanelTest::refusedSetKeepsTheText() {
@@ -179,6 +203,14 @@ void ProbePanelTest::probeThatOffersNothing() {
     OpenModule(Benches::With(probe.arg(QStringLiteral("averagings=\"\""))), 0);
     QVERIFY(Operator().IsEnabled("btnSetResolution"));
     QVERIFY(!Operator().IsEnabled("btnSetAveraging"));
+}
+
+void ProbePanelTest::probeThatOffersOneOfEach() {
+    OpenModule(Benches::With(probe.arg(QStringLiteral("resolution=\"14\" resolutions=\"14\" averagings=\"1\""))), 0);
+    QCOMPARE(Rows("listResolutions").size(), 1);
+    QCOMPARE(Rows("listAveragings").size(), 1);
+    QVERIFY(Operator().IsEnabled("btnSetResolution"));
+    QVERIFY(Operator().IsEnabled("btnSetAveraging"));
 }
 
 void ProbePanelTest::lasersAreProbesToo() {

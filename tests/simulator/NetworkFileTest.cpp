@@ -25,6 +25,15 @@ const std::string Head = "<tavik-network format=\"1\" name=\"N\" speed=\"high\">
 const std::string Tail = "</tavik-network>";
 const std::string FirstModule = "<module identity=\"KX00000001\" type=\"KX\"";
 
+std::string ManyModules(int count) {
+    std::string modules;
+    for (int number = 1; number <= count; ++number) {
+        const std::string digits = std::to_string(10000 + number);
+        modules += "<module identity=\"KX000" + digits + "\" type=\"KX\"/>";
+    }
+    return modules;
+}
+
 } // namespace
 
 /// Network files: what they keep, and what is refused.
@@ -134,6 +143,9 @@ void NetworkFileTest::refusedFiles_data() {
         "<tavik-network format=\"1\" name=\"N\" speed=\"ultra-high\"><module identity=\"RN00000003\" type=\"RN\"/>" +
             Tail,
         "Module RN00000003 cannot work at the speed Ultra High");
+    row("not a speed of the controller", "<tavik-network format=\"1\" name=\"N\" speed=\"medium\"/>",
+        "The controller cannot work at the speed Medium.");
+    row("too many modules", Head + ManyModules(151) + Tail, "A network holds 150 modules at most.");
     row("unknown setting", Head + FirstModule + "><setting name=\"taste\" value=\"1\"/></module>" + Tail,
         "Module KX00000001 has no setting \"taste\"");
     row("a setting not on offer", Head + FirstModule + "><setting name=\"resolution\" value=\"99\"/></module>" + Tail,
@@ -153,7 +165,7 @@ void NetworkFileTest::refusedFiles_data() {
 void NetworkFileTest::refusedFiles() {
     QFETCH(QByteArray, text);
     QFETCH(QByteArray, says);
-    Use(OneNetwork(Three));
+    Use(OneNetwork(Three, "speeds=\"low high ultra-high\""));
     ConnectedServer server;
     const std::string path = Write(text.toStdString());
     const Refusal refusal = RefusalOf([&] { server.Network()->Load(path); });

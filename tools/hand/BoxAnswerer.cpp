@@ -182,7 +182,11 @@ void BoxAnswerer::ExpectUse(QWidget* parent, const QString& title, const std::fu
     BoxReply reply;
     reply.leave = true;
     reply.meanwhile = [use](QDialog& dialog) {
-        QTimer::singleShot(longestUse, &dialog, [&dialog] { CloseLeftOpen(dialog); });
+        // Goes with the dialog, which is mostly closed long before.
+        auto* patience = new QTimer(&dialog);
+        patience->setSingleShot(true);
+        QObject::connect(patience, &QTimer::timeout, &dialog, [&dialog] { CloseLeftOpen(dialog); });
+        patience->start(longestUse);
         QTimer::singleShot(0, &dialog, [use, &dialog] {
             const QPointer<QDialog> open(&dialog);
             use(dialog);

@@ -1,4 +1,5 @@
 #include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -22,7 +23,7 @@ QString Field(Tour& tour, const char* name) {
 
 void PutIn(Tour& tour, NozzlePart part) {
     PutInNozzle(tour.bench.networkName.toStdString(), tour.bench.airGauge.toStdString(), part);
-    AdvanceClock(0.1);
+    LetTimePass(0.1);
 }
 
 auto CountOf(const std::vector<JournalEntry>& calls, const char* operation) {

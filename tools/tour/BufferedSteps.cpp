@@ -1,4 +1,5 @@
 #include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
 
 #include <QComboBox>
 
@@ -45,7 +46,7 @@ void Run(Tour& tour) {
     Hand hand = OnPage(tour);
     hand.Click("btnStart");
     for (int sample = 0; sample < 2 && hand.IsEnabled("btnSample"); ++sample) {
-        TavikSimulator::AdvanceClock(0.5);
+        LetTimePass(0.5);
         hand.Click("btnSample");
     }
     tour.ReportDialog(tour.Window(), QStringLiteral("buffered-running"));

@@ -1,4 +1,5 @@
 #include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
 
 #include <QDialog>
 
@@ -33,7 +34,7 @@ void Run(Tour& tour) {
     tour.Operator().SelectPage("tabDifference");
     int looks = 0;
     const auto operatorsHand = Repeatedly([&] {
-        TavikSimulator::AdvanceClock(1.0);
+        LetTimePass(1.0);
         if (++looks == 2) {
             tour.ReportDialog(tour.Window(), QStringLiteral("difference-running"));
         }
@@ -63,9 +64,11 @@ void AddEnabling(std::vector<TourStep>& steps, const Place& place, const char* b
     TourStep step;
     step.name = QStringLiteral("difference-%1-%2").arg(enabled.toLower(), place.module);
     step.place = place;
-    step.act = [button](Tour& tour) {
+    step.act = [button, enabled](Tour& tour) {
         tour.Operator().SelectPage("tabDifference");
-        tour.Operator().Click(button);
+        if (tour.Operator().Text("tbEnabled") != enabled) {
+            tour.Operator().Click(button);
+        }
     };
     step.seen = [enabled](Tour& tour) { return tour.Operator().Text("tbEnabled") == enabled; };
     step.failure = ownBox;

@@ -1,4 +1,5 @@
 #include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -79,9 +80,9 @@ void Collect(Tour& tour) {
     GoToPage(tour);
     Click(tour, "btnPrepare");
     Click(tour, "btnStart");
-    AdvanceClock(0.0001);
+    LetTimePass(0.0001);
     tour.ReportDialog(tour.Window(), QStringLiteral("dynamic-collection-running"));
-    AdvanceClock(2.0);
+    LetTimePass(2.0);
     WaitForTheEnd(tour);
 }
 

@@ -1,4 +1,5 @@
 #include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
 
 #include <QAbstractButton>
 #include <QFile>
@@ -30,7 +31,7 @@ void Notify(Tour& tour) {
     const auto clock = Repeatedly([&] {
         constexpr int quietRounds = 3;
         if (++rounds == quietRounds) {
-            AdvanceClock(tour.bench.announcedWithin);
+            LetTimePass(tour.bench.announcedWithin);
         }
     });
     tour.Operator().Click("btnNotify");

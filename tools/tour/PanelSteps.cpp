@@ -2,6 +2,7 @@
 #include "library/TavikModuleLaser.h"
 #include "library/TavikModuleQTA.h"
 #include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -178,7 +179,7 @@ void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Place& pl
     panel.Add(
         "information-updated",
         [](Hand hand) {
-            TavikSimulator::AdvanceClock(60.0);
+            LetTimePass(60.0);
             hand.Click("btnUpdateReadingInfo");
         },
         [](Hand hand) { return hand.Text("tbSoftwareVersion") == QLatin1String("1.22"); });

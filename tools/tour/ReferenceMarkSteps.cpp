@@ -1,4 +1,5 @@
 #include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
 
 #include <QDoubleSpinBox>
 
@@ -17,7 +18,7 @@ void Find(Tour& tour, const std::function<void(Hand hand)>& meanwhile) {
         if (rounds == 1) {
             meanwhile(tour.Operator());
         } else if (rounds == 3) {
-            AdvanceClock(seconds);
+            LetTimePass(seconds);
         }
     });
     tour.Operator().Click("btnFind");

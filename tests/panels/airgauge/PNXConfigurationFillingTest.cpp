@@ -19,6 +19,8 @@ const QStringList filling = {QStringLiteral("HasDisplay()"),     QStringLiteral(
 /// Limits of 0 change no spin box, so that filling writes nothing.
 const QString noLimits = QStringLiteral("limit-high=\"0\" limit-low=\"0\"");
 
+const char* const checkBoxes[] = {"cbRotateKeyboard", "cbShowPSIReading", "cbOutputPressure"};
+
 template <class Widget>
 Widget* In(QDialog& dialog, const char* name) {
     return Hand(dialog).The<Widget>(name);
@@ -36,6 +38,8 @@ private slots:
     void fillingInInchesWritesOnTheWay();
     void fillingWithARotation();
     void checkBoxesAreFilledWithoutWriting();
+    void eachCheckBoxShowsItsOwnSetting_data();
+    void eachCheckBoxShowsItsOwnSetting();
     void withoutADisplay();
     void anOutputThatCannotBeAsked();
     void fillingThatFails_data();
@@ -104,9 +108,8 @@ void PNXConfigurationFillingTest::fillingWithARotation() {
 
 void PNXConfigurationFillingTest::checkBoxesAreFilledWithoutWriting() {
     OpenGauge(noLimits);
-    const char* const names[] = {"cbRotateKeyboard", "cbShowPSIReading", "cbOutputPressure"};
     DuringConfiguration([&](QDialog& dialog) {
-        for (const char* name : names) {
+        for (const char* name : checkBoxes) {
             QVERIFY(!In<QCheckBox>(dialog, name)->isChecked());
             QVERIFY(Hand(dialog).Click(name));
         }
@@ -114,8 +117,26 @@ void PNXConfigurationFillingTest::checkBoxesAreFilledWithoutWriting() {
     Calls::Mark();
     DuringConfiguration([&](QDialog& dialog) {
         COMPARE_CALLS(TakeAirGaugeCalls(), filling);
-        for (const char* name : names) {
+        for (const char* name : checkBoxes) {
             QVERIFY(In<QCheckBox>(dialog, name)->isChecked());
+        }
+    });
+}
+
+void PNXConfigurationFillingTest::eachCheckBoxShowsItsOwnSetting_data() {
+    QTest::addColumn<QString>("set");
+    for (const char* name : checkBoxes) {
+        QTest::newRow(name) << QString::fromLatin1(name);
+    }
+}
+
+void PNXConfigurationFillingTest::eachCheckBoxShowsItsOwnSetting() {
+    QFETCH(QString, set);
+    OpenGauge(noLimits);
+    DuringConfiguration([&](QDialog& dialog) { QVERIFY(Hand(dialog).Click(set.toLatin1().constData())); });
+    DuringConfiguration([&](QDialog& dialog) {
+        for (const char* name : checkBoxes) {
+            QCOMPARE(In<QCheckBox>(dialog, name)->isChecked(), set == QLatin1String(name));
         }
     });
 }

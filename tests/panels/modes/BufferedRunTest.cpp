@@ -21,6 +21,7 @@ private slots:
     void aFailureAfterTheStartLeavesItStoppable();
     void failedSamples();
     void failedStops();
+    void aStopWithoutAnyAnswerGivesTheControlsBack();
     void aFailureAfterTheStopGivesTheControlsBack();
     void theNetworkDropsOutInMidRun();
     void aRunningNetworkThatIsShownFirstCanBeStopped();
@@ -174,6 +175,24 @@ void BufferedRunTest::failedStops() {
     FailNext("Stop", ForeignText());
     ExpectBox(ForeignText());
     QVERIFY(Operator().Click("btnStop"));
+    QCOMPARE(Activity(), QString());
+    QVERIFY(Operator().Find("listModules")->isEnabledTo(&Window()));
+}
+
+// A network that does not even tell whether it runs must not hold the window.
+void BufferedRunTest::aStopWithoutAnyAnswerGivesTheControlsBack() {
+    OpenBuffered();
+    EnableModules({0});
+    QVERIFY(Operator().Click("btnStart"));
+    for (const char* operation : {"Stop", "Status"}) {
+        Fault silent;
+        silent.operation = operation;
+        silent.text = ForeignText().toStdString();
+        AddFault(silent);
+    }
+    ExpectBox(ForeignText());
+    QVERIFY(Operator().Click("btnStop"));
+    QCOMPARE(FaultsTriggered(), std::uint64_t{2});
     QCOMPARE(Activity(), QString());
     QVERIFY(Operator().Find("listModules")->isEnabledTo(&Window()));
 }

@@ -26,6 +26,11 @@ QStringList HeadersOf(const QTableWidget& table, Qt::Orientation orientation) {
     return headers;
 }
 
+/// A probe whose part jumps between -0.75 and 1.25.
+const QString movingProbe =
+    QStringLiteral("<module type=\"KX\" identity=\"KX00000001\" stroke=\"4\" offset=\"-2\">"
+                   "<signal motion=\"square\" base=\"0.25\" amplitude=\"1\" period=\"1\" noise=\"0\"/></module>");
+
 QStringList ColumnOf(const QTableWidget& table, int column) {
     QStringList texts;
     for (int row = 0; row < table.rowCount(); ++row) {
@@ -53,6 +58,7 @@ private slots:
     void theStopFlagIsClearedAtStart();
     void disablingTheCommandsLeavesStopAlone();
     void theResultsOfAllModules();
+    void theResultsOfAMovingPart();
     void resultsWithoutModules();
     void resultsAreCopied();
 
@@ -190,9 +196,7 @@ void DifferencePageTest::onlyStopIsOfferedDuringARun() {
 }
 
 void DifferencePageTest::theValuesOfAMovingPart() {
-    OpenPage(
-        QStringLiteral("<module type=\"KX\" identity=\"KX00000001\" stroke=\"4\" offset=\"-2\">"
-                       "<signal motion=\"square\" base=\"0.25\" amplitude=\"1\" period=\"1\" noise=\"0\"/></module>"));
+    OpenPage(movingProbe);
     QVERIFY(Operator().Click("btnEnable"));
     StartAndThen({Stop()});
     QCOMPARE(Value("tbUnitMax"), QStringLiteral("1.25000"));
@@ -302,6 +306,31 @@ void DifferencePageTest::theResultsOfAllModules() {
     QVERIFY(Operator().Click("btnDisplayAllModuleResults"));
     QCOMPARE(Calls::CountOf("ReadDifference"), 0);
     QCOMPARE(Calls::CountOf("Count"), 1);
+}
+
+// Asked for in the order of the rows.
+void DifferencePageTest::theResultsOfAMovingPart() {
+    OpenPage(movingProbe);
+    QVERIFY(Operator().Click("btnEnable"));
+    StartAndThen({Stop()});
+    const QString sum = Value("tbUnitSum");
+    const QString reads = Value("tbNumReads");
+    Calls::Mark();
+    BoxReply reply;
+    reply.meanwhile = [&](QDialog& dialog) {
+        const auto* table = dialog.findChild<QTableWidget*>(QStringLiteral("tableResults"));
+        QCOMPARE(ColumnOf(*table, 0), QStringList({QStringLiteral("No error."), QStringLiteral("1.25000"),
+                                                   QStringLiteral("-0.75000"), QStringLiteral("2.00000"), reads, sum}));
+        QVERIFY(Hand(dialog).Click("btnClose"));
+    };
+    boxes.ExpectDialog(Page(), QStringLiteral("Difference Mode Results"), reply);
+    QVERIFY(Operator().Click("btnDisplayAllModuleResults"));
+    const QString difference = QStringLiteral("difference KX00000001.");
+    COMPARE_CALLS(Calls::TakeObject("difference KX00000001"),
+                  {difference + QStringLiteral("Enabled()"), difference + QStringLiteral("Error()"),
+                   difference + QStringLiteral("Max()"), difference + QStringLiteral("Min()"),
+                   difference + QStringLiteral("Diff()"), difference + QStringLiteral("ReadingCount()"),
+                   difference + QStringLiteral("Sum()")});
 }
 
 void DifferencePageTest::resultsWithoutModules() {

@@ -280,6 +280,11 @@ void DynamicCollectionTest::resultsOfAllModules() {
     });
     Click("btnAllResults");
     QCOMPARE(boxes.Count(), 1);
+    // How many there are is asked once, before anything is fetched.
+    const QStringList calls = Calls::Take();
+    QCOMPARE(calls.filter(QStringLiteral(".ReadingCount()")).size(), 1);
+    QVERIFY(calls.indexOf(QRegularExpression(QStringLiteral(".*\\.ReadingCount\\(\\)"))) <
+            calls.indexOf(QStringLiteral("module KX00000001.Identity()")));
 }
 
 void DynamicCollectionTest::aModuleThatFormedNoPart() {

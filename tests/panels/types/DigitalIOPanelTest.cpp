@@ -46,6 +46,7 @@ private slots:
     void theGridStaysWhereItIs();
     void levelsAreShown();
     void strangeLevelsCheckNeither();
+    void theLowButtonIsReadFirst();
     void anyOtherConfigurationIsAnOutput();
     void directionsAreSet();
     void theSameDirectionIsSentAgain();
@@ -194,6 +195,17 @@ void DigitalIOPanelTest::strangeLevelsCheckNeither() {
     // The pair is exclusive again: one click, one button.
     QVERIFY(ClickPin("radioOutputHigh", 1));
     QCOMPARE(Row(1), QStringLiteral("Output High"));
+}
+
+void DigitalIOPanelTest::theLowButtonIsReadFirst() {
+    OpenPanel("SWAX");
+    Fault swing;
+    swing.operation = "InputState";
+    swing.effect = FaultEffect::Result;
+    swing.code = Row(1) == QLatin1String("Input High") ? 0 : 1;
+    AddFault(swing);
+    QVERIFY(Operator().Click("btnRead"));
+    QCOMPARE(Row(1), swing.code == 0 ? QStringLiteral("Input High") : QStringLiteral("Input -"));
 }
 
 void DigitalIOPanelTest::anyOtherConfigurationIsAnOutput() {

@@ -55,6 +55,7 @@ private slots:
     void readsInOrderAndWritesNothing();
     void showsTheProgress();
     void showsWhatTheToolIsSetTo();
+    void ticksAreShownTheOtherWayRoundToo();
     void valuesOutsideTheFormAreClamped();
     void writesEachChangeAtOnce();
     void toolThatNeverSwitchesOff();
@@ -142,6 +143,20 @@ void KRVSettingsTest::showsWhatTheToolIsSetTo() {
         QVERIFY(Ticked(hand, "cbLimitBuzzer"));
         QCOMPARE(Chosen(hand, "cbBuzzRate"), 1);
         QCOMPARE(Chosen(hand, "cbOperationMode"), 6);
+    });
+}
+
+void KRVSettingsTest::ticksAreShownTheOtherWayRoundToo() {
+    OpenModule(SingleChannel(), 0);
+    TavikLibrary::TavikServer server;
+    TavikLibrary::RLK_DeviceSettings_KRV* tool = ToolSettings(server);
+    tool->setButtonBuzzerEnable(true);
+    tool->Limits()->setEnabled(false);
+    tool->setLimitBuzzerEnable(false);
+    InSettings(title, [](QDialog&, const Hand& hand) {
+        QVERIFY(Ticked(hand, "cbButtonBuzzer"));
+        QVERIFY(!Ticked(hand, "cbLimitsEnabled"));
+        QVERIFY(!Ticked(hand, "cbLimitBuzzer"));
     });
 }
 

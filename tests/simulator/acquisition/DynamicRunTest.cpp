@@ -218,8 +218,8 @@ void DynamicRunTest::onARealClock() {
     time.start();
     bench.Start();
     QTRY_COMPARE(Ends::Count(), 1);
-    const qint64 elapsed = time.elapsed();
-    QVERIFY2(elapsed >= 100, qPrintable(QString::number(elapsed)));
+    // A busy computer may take longer for it.
+    QVERIFY2(time.elapsed() >= 100, qPrintable(QString::number(time.elapsed())));
     QCOMPARE(bench.Data()->ReadingCount(), 400);
     QVERIFY(std::abs(bench.Instant(399) - bench.Instant(0) - 399 * 0.00025) <= 2.01e-6);
 }

@@ -1,0 +1,179 @@
+#include "tools/soak/Soak.h"
+
+#include "app/Application.h"
+#include "tests/support/ProgramTest.h"
+#include "tools/tour/Steps.h"
+
+#include <QTemporaryFile>
+
+#include <cmath>
+
+namespace {
+
+using Values = std::vector<double>;
+
+/// A value a round, made by a function of the round's number.
+Values Series(int rounds, const std::function<double(int)>& value) {
+    Values values;
+    for (int round = 0; round < rounds; ++round) {
+        values.push_back(value(round));
+    }
+    return values;
+}
+
+/// The same scatter each time: numbers between -1 and 1 that do not follow each other.
+double Scatter(int round) {
+    return std::sin(round * 12.9898) * std::cos(round * 78.233);
+}
+
+} // namespace
+
+/// What a soak makes of its samples, and that it can go round.
+class SoakTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void lineThroughPointsOnALine();
+    void lineThroughKnownPoints();
+    void fewPointsHaveNoLine();
+    void verdicts_data();
+    void verdicts();
+    void fewerValuesThanNeededAreNotJudged();
+    void warmUpIsTheFirstQuarter();
+    void samplesSeeWhatIsHeld();
+    void shortRun();
+    void whatGoesWrongIsTold();
+};
+
+void SoakTest::lineThroughPointsOnALine() {
+    const Trend trend = TrendOf(Series(20, [](int round) { return 7.0 + 2.5 * round; }));
+    QVERIFY(std::abs(trend.slope - 2.5) < 1e-12);
+    QVERIFY(trend.margin < 1e-9);
+}
+
+void SoakTest::lineThroughKnownPoints() {
+    // By hand: mean 4, squares 10, products 8; the residuals' squares are 1.6, over 3 degrees of freedom.
+    const Trend trend = TrendOf({2.0, 4.0, 4.0, 4.0, 6.0});
+    QVERIFY(std::abs(trend.slope - 0.8) < 1e-12);
+    // Student's quantile for 3 degrees of freedom is 3.182; so few are the worst case of the series.
+    QVERIFY(std::abs(trend.margin - 3.182 * std::sqrt(1.6 / 3.0 / 10.0)) < 0.03);
+}
+
+void SoakTest::fewPointsHaveNoLine() {
+    for (const Values& values : {Values{}, Values{1.0}, Values{1.0, 5.0}}) {
+        QCOMPARE(TrendOf(values).slope, 0.0);
+        QCOMPARE(TrendOf(values).margin, 0.0);
+    }
+}
+
+void SoakTest::verdicts_data() {
+    QTest::addColumn<Values>("values");
+    QTest::addColumn<QString>("verdict");
+    constexpr int rounds = 40;
+    QTest::newRow("always the same") << Series(rounds, [](int) { return 5000.0; }) << QStringLiteral("steady");
+    QTest::newRow("scatters about a mean")
+        << Series(rounds, [](int round) { return 5000.0 + 3.0 * Scatter(round); }) << QStringLiteral("steady");
+    QTest::newRow("shrinks") << Series(rounds, [](int round) { return 5000.0 - 4.0 * round; })
+                             << QStringLiteral("steady");
+    QTest::newRow("grows by less than matters")
+        << Series(rounds, [](int round) { return 5000.0 + 0.5 * round; }) << QStringLiteral("steady");
+    QTest::newRow("grows") << Series(rounds, [](int round) { return 5000.0 + 2.0 * round; }) << QStringLiteral("grows");
+    QTest::newRow("grows and scatters") << Series(rounds, [](int round) {
+        return 5000.0 + 2.0 * round + 5.0 * Scatter(round);
+    }) << QStringLiteral("grows");
+    QTest::newRow("one object every other round")
+        << Series(rounds, [](int round) { return std::floor(1.5 * round); }) << QStringLiteral("grows");
+    QTest::newRow("scatters too much") << Series(rounds, [](int round) { return 5000.0 + 900.0 * Scatter(round); })
+                                       << QStringLiteral("not judged");
+    QTest::newRow("grows by about what matters")
+        << Series(rounds, [](int round) { return 5000.0 + 1.0 * round + 9.0 * Scatter(round); })
+        << QStringLiteral("not judged");
+}
+
+void SoakTest::verdicts() {
+    QFETCH(Values, values);
+    QFETCH(QString, verdict);
+    QCOMPARE(QString::fromLatin1(ToText(Judge(values, 1.0))), verdict);
+}
+
+void SoakTest::fewerValuesThanNeededAreNotJudged() {
+    const auto growing = [](int round) { return 100.0 * round; };
+    const int fewest = static_cast<int>(fewestValues);
+    QCOMPARE(Judge({}, 1.0), Verdict::NotJudged);
+    QCOMPARE(Judge(Series(fewest - 1, growing), 1.0), Verdict::NotJudged);
+    QCOMPARE(Judge(Series(fewest, growing), 1.0), Verdict::Grows);
+}
+
+void SoakTest::warmUpIsTheFirstQuarter() {
+    QCOMPARE(AfterWarmUp({}), Values());
+    QCOMPARE(AfterWarmUp({1.0}), Values());
+    QCOMPARE(AfterWarmUp({1.0, 2.0, 3.0, 4.0}), Values({2.0, 3.0, 4.0}));
+    QCOMPARE(AfterWarmUp({1.0, 2.0, 3.0, 4.0, 5.0}), Values({3.0, 4.0, 5.0}));
+}
+
+void SoakTest::samplesSeeWhatIsHeld() {
+    const Sample before = TakeSample();
+    QVERIFY(before.residentBytes > before.heapBytes);
+    QVERIFY(before.threads >= 1.0);
+    QVERIFY(before.files >= 3.0);
+    {
+        QObject first;
+        QObject second(&first);
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        const Sample during = TakeSample();
+        // The file is an object too.
+        QCOMPARE(during.objects - before.objects, 3.0);
+        QCOMPARE(during.files - before.files, 1.0);
+        QCOMPARE(during.threads, before.threads);
+    }
+    const Sample after = TakeSample();
+    QCOMPARE(after.objects, before.objects);
+    QCOMPARE(after.files, before.files);
+}
+
+void SoakTest::shortRun() {
+    const TourBench bench = DifferenceTourBench();
+    constexpr double speed = 1000.0;
+    Soak soak(bench, RepeatedSteps(ModesTourSteps(bench)), speed);
+    soak.Round();
+    soak.Round();
+    soak.Close();
+    QVERIFY2(soak.Complaints().isEmpty(), qPrintable(soak.Complaints().join(QLatin1Char('\n'))));
+    QCOMPARE(soak.Samples().size(), std::size_t{2});
+    QVERIFY(soak.Samples().back().objects > 100.0);
+    QVERIFY(Soak::BenchSeconds() > 0.0);
+    const std::vector<Finding> findings = soak.Findings();
+    QCOMPARE(findings.size(), std::size_t{5});
+    for (const Finding& finding : findings) {
+        QCOMPARE(finding.verdict, Verdict::NotJudged);
+        QCOMPARE(finding.first, finding.last);
+    }
+    QCOMPARE(Leftovers(), QStringList());
+}
+
+void SoakTest::whatGoesWrongIsTold() {
+    const TourBench bench = DifferenceTourBench();
+    const std::vector<TourStep> steps = {{QStringLiteral("impossible"), Place(),
+                                          [](Tour& tour) { tour.Operator().Click("btnNowhere"); },
+                                          [](Tour&) { return false; }, LastResortOnly}};
+    Soak soak(bench, steps, 1.0);
+    soak.Round();
+    soak.Close();
+    QCOMPARE(soak.Complaints().size(), 2);
+    QVERIFY(soak.Complaints().first().contains(QLatin1String("btnNowhere")));
+    QVERIFY(soak.Complaints().last().startsWith(QLatin1String("round 1, impossible: ")));
+}
+
+int main(int argc, char* argv[]) {
+    const bool counted = CountObjects();
+    const Application application(argc, argv);
+    if (!counted) {
+        qWarning("This Qt does not tell of its objects.");
+        return 1;
+    }
+    SoakTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "SoakTest.moc"

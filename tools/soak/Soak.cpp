@@ -1,0 +1,165 @@
+#include "tools/soak/Soak.h"
+
+#include "tools/hand/Complaints.h"
+#include "tools/tour/Steps.h"
+#include "tools/tour/TourClock.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPixmapCache>
+#include <QTimer>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace {
+
+/// As much as the steps ask for.
+constexpr std::size_t journalCapacity = 500;
+
+constexpr int kibibytesOfPixmaps = 1024;
+
+constexpr double kibibyte = 1024.0;
+
+/// A quantity of a sample, and by how much it may grow in a round before it matters.
+struct Quantity {
+    const char* name;
+    double Sample::*value;
+    double matters;
+};
+constexpr Quantity quantities[] = {
+    {"resident memory, bytes", &Sample::residentBytes, 16 * kibibyte},
+    {"heap in use, bytes", &Sample::heapBytes, kibibyte},
+    {"threads", &Sample::threads, 0.05},
+    {"file descriptors", &Sample::files, 0.05},
+    {"Qt objects", &Sample::objects, 0.25},
+};
+
+/// Reads until that many passes are in the status bar's text, or anything ended the reading.
+void ReadForAWhile(Tour& tour) {
+    constexpr int looks = 1000;
+    int looked = 0;
+    tour.Operator().SelectPage("tabModule");
+    const auto operatorsHand = Repeatedly([&] {
+        if (++looked == looks) {
+            tour.Operator().Click("btnStopContinuous");
+        }
+    });
+    tour.Operator().Click("btnStartContinuous");
+}
+
+/// Steps that are other the second time, or that wait for a clock which only an operator moves.
+bool IsForOneTimeOnly(const TourStep& step) {
+    const QStringList names = {QStringLiteral("air-gauge-updated"), QStringLiteral("reference-mark-given-up"),
+                               QStringLiteral("network-again"), QStringLiteral("modules-cleared")};
+    return step.closes || (step.slow && !step.pictured) || names.contains(step.name);
+}
+
+} // namespace
+
+Soak::Soak(const TourBench& bench, std::vector<TourStep> newSteps, double speed)
+    : tour(bench), steps(std::move(newSteps)) {
+    tour.PrepareBench();
+    TavikSimulator::StartJournal(journalCapacity);
+    TavikSimulator::UseRealClock(speed);
+    SetTourClockSpeed(speed);
+    tour.boxes.Tolerate(true);
+    // Qt's own limit is reached after hours only.
+    QPixmapCache::setCacheLimit(kibibytesOfPixmaps);
+    tour.OpenWindow();
+}
+
+void Soak::Round() {
+    for (const TourStep& step : steps) {
+        Take(step);
+    }
+    tour.Operator().SelectPage("tabServer");
+    Settle();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // Its entries are not all of the same length.
+    TavikSimulator::ClearJournal();
+    samples.push_back(TakeSample());
+}
+
+void Soak::Take(const TourStep& step) {
+    step.act(tour);
+    QCoreApplication::processEvents();
+    tour.boxes.Finish();
+    const bool seen = step.seen(tour);
+    QStringList wrong = Complaints::Take();
+    const QVector<SeenBox> boxes = tour.boxes.Take();
+    for (const SeenBox& box : boxes) {
+        const bool due = tour.bench.someNetworkDead && box.title == QLatin1String("Connect to Network");
+        if (box.kind == BoxKind::Critical && !due) {
+            wrong.append(ToText(box));
+        }
+    }
+    if (!seen) {
+        wrong.append(QStringLiteral("the operator does not see what he should"));
+    }
+    for (const QString& text : std::as_const(wrong)) {
+        complaints.append(QStringLiteral("round %1, %2: %3").arg(samples.size() + 1).arg(step.name, text));
+    }
+}
+
+void Soak::Close() {
+    tour.Window().close();
+    tour.DropWindow();
+    SetTourClockSpeed(0.0);
+    complaints += Complaints::Take();
+}
+
+std::vector<Finding> Soak::Findings() const {
+    std::vector<Finding> findings;
+    for (const Quantity& quantity : quantities) {
+        std::vector<double> values;
+        std::transform(samples.begin(), samples.end(), std::back_inserter(values),
+                       [&](const Sample& sample) { return sample.*quantity.value; });
+        values = AfterWarmUp(values);
+        Finding finding;
+        finding.quantity = quantity.name;
+        if (!values.empty()) {
+            finding.first = values.front();
+            finding.last = values.back();
+        }
+        finding.trend = TrendOf(values);
+        finding.matters = quantity.matters;
+        finding.verdict = Judge(values, quantity.matters);
+        findings.push_back(finding);
+    }
+    return findings;
+}
+
+double Soak::BenchSeconds() {
+    return TavikSimulator::BenchTime();
+}
+
+std::vector<TourStep> SoakSteps(const TourBench& bench) {
+    std::vector<TourStep> steps;
+    AddServerSteps(steps, bench);
+    AddModuleSteps(steps, bench);
+    const Place probe{Place::Module, bench.shown, bench.probe};
+    AddPage(steps, probe, LastResortOnly);
+    steps.push_back({QStringLiteral("read-for-a-while"), probe, ReadForAWhile,
+                     [](Tour& tour) { return !tour.Operator().Text("tbReading").isEmpty(); }, LastResortOnly});
+    AddAirGaugeSteps(steps, bench);
+    AddWirelessSteps(steps, bench);
+    const std::vector<TourStep> modes = ModesTourSteps(bench);
+    steps.insert(steps.end(), modes.begin(), modes.end());
+    AddMenuSteps(steps, bench);
+    return RepeatedSteps(std::move(steps));
+}
+
+std::vector<TourStep> RepeatedSteps(std::vector<TourStep> steps) {
+    // A collection that was stopped holds as much as there was time for, the one before it always the same.
+    const auto named = [&](const char* name) {
+        return std::find_if(steps.begin(), steps.end(),
+                            [&](const TourStep& step) { return step.name == QLatin1String(name); });
+    };
+    if (named("dynamic-stopped") != steps.end()) {
+        std::iter_swap(named("dynamic-stopped"), named("dynamic-collected"));
+    }
+    steps.erase(std::remove_if(steps.begin(), steps.end(), IsForOneTimeOnly), steps.end());
+    return steps;
+}

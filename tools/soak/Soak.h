@@ -1,0 +1,53 @@
+#pragma once
+
+#include "tools/soak/Sample.h"
+#include "tools/soak/Trend.h"
+#include "tools/tour/Tour.h"
+
+#include <QStringList>
+
+#include <string>
+#include <vector>
+
+/// One quantity of all samples, judged.
+struct Finding {
+    std::string quantity;
+    double first = 0.0; ///< after the warm-up
+    double last = 0.0;
+    Trend trend;
+    double matters = 0.0; ///< per round
+    Verdict verdict = Verdict::NotJudged;
+};
+
+/// The same way through the program, round after round in one window, on a bench whose time runs fast.
+class Soak {
+public:
+    /// The bench's time runs this many times as fast as the computer's.
+    Soak(const TourBench& bench, std::vector<TourStep> steps, double speed);
+
+    /// One round; a sample is taken at its end.
+    void Round();
+    /// Closes the window, as every run of the program ends.
+    void Close();
+
+    const std::vector<Sample>& Samples() const { return samples; }
+    std::vector<Finding> Findings() const;
+    /// What was not as it should be on the way.
+    const QStringList& Complaints() const { return complaints; }
+    /// Seconds on the bench since the beginning.
+    static double BenchSeconds();
+
+private:
+    void Take(const TourStep& step);
+
+    Tour tour;
+    std::vector<TourStep> steps;
+    std::vector<Sample> samples;
+    QStringList complaints;
+};
+
+/// Connecting, reading once and continuously, every kind of module, every dialog, all acquisition modes: what of the
+/// tour can be done again and again on the bench that is compiled in.
+std::vector<TourStep> SoakSteps(const TourBench& bench);
+/// Those of some steps that can be done again and again.
+std::vector<TourStep> RepeatedSteps(std::vector<TourStep> steps);
