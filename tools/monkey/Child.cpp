@@ -7,11 +7,11 @@
 
 namespace {
 
-/// The first part of a text that matches, without numbers and addresses.
+/// The first part of a text that matches, without numbers, addresses and what stands in quotation marks.
 QString FirstOf(const QString& text, const char* pattern) {
     const QRegularExpression wanted(QString::fromLatin1(pattern), QRegularExpression::MultilineOption);
     QString found = wanted.match(text).captured(0);
-    return found.replace(QRegularExpression(QStringLiteral("0x[0-9a-f]+|\\d+")), QStringLiteral("N"));
+    return found.replace(QRegularExpression(QStringLiteral("\"[^\"]*\"|0x[0-9a-f]+|\\d+")), QStringLiteral("N"));
 }
 
 } // namespace

@@ -61,12 +61,11 @@ int Chooser::Below(int limit) {
 }
 
 Step Chooser::Next() {
-    constexpr int stepsOfTheWay = 5;
     QWidget* front = Screen::Front();
     if (front == nullptr) {
         return Make("wait", QStringLiteral("0.1"));
     }
-    if (++chosen <= stepsOfTheWay && front->parentWidget() == nullptr && Perhaps(90)) {
+    if (front->parentWidget() == nullptr && IsOnTheWay()) {
         return OnTheWay();
     }
     if (Perhaps(6)) {
@@ -87,9 +86,18 @@ Step Chooser::Next() {
     return OnWindow(*front);
 }
 
-/// Most sessions begin by connecting and choosing a module.
+/// Most sessions begin by connecting and choosing a module, and come back to that now and then: at random alone the
+/// pages of the modules would seldom be seen.
+bool Chooser::IsOnTheWay() {
+    constexpr int stepsOfTheWay = 5;
+    if (way == stepsOfTheWay && Perhaps(4)) {
+        way = Perhaps(20) ? 0 : (Perhaps(50) ? 2 : 4);
+    }
+    return way < stepsOfTheWay && Perhaps(92);
+}
+
 Step Chooser::OnTheWay() {
-    switch (chosen) {
+    switch (++way) {
     case 1:
         return Make("click", QStringLiteral("btnConnectAll"));
     case 2:
@@ -139,7 +147,13 @@ Step Chooser::OnWindow(QWidget& window) {
     if (controls.empty()) {
         return OfBench();
     }
-    const Screen::Control& control = controls[static_cast<std::size_t>(Below(static_cast<int>(controls.size())))];
+    const auto any = [&] { return controls[static_cast<std::size_t>(Below(static_cast<int>(controls.size())))]; };
+    Screen::Control control = any();
+    const auto* field = qobject_cast<QLineEdit*>(control.widget);
+    if (field != nullptr && field->isReadOnly() && Perhaps(90)) {
+        // Most fields only show something.
+        control = any();
+    }
     return OnControl(control.name, *control.widget);
 }
 

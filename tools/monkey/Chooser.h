@@ -24,6 +24,7 @@ private:
     bool Perhaps(int percent) { return Below(100) < percent; }
     QString OneOf(const QStringList& texts) { return texts.at(Below(texts.size())); }
 
+    bool IsOnTheWay();
     Step OnTheWay();
     Step OnPopup(QWidget& popup);
     Step OnFileBox();
@@ -39,6 +40,6 @@ private:
     std::mt19937_64 random;
     const MonkeyBench& bench;
     const bool faults;
-    int chosen = 0;
+    int way = 0; ///< how far the operator is on the way to a module's pages
     QSet<QString> operations;
 };

@@ -136,7 +136,7 @@ void Judge::JudgeErrorText(const QString& title, const QString& text, const Stan
                      .arg(title, text));
         return;
     }
-    if (!standing.faulty && !MayBeRefused(cause->operation)) {
+    if (!standing.faulty && !MayBeRefused(*cause, bench)) {
         Complain(QStringLiteral("Nothing was wrong with the bench, yet %1 was refused: \"%2\" with the text \"%3\"")
                      .arg(QString::fromStdString(CallText(*cause)), title, text));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/control/BenchControl.h"
+#include "tools/monkey/MonkeyBench.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -22,6 +23,8 @@ struct Standing {
 /// Looks at the program after every event.
 class Judge {
 public:
+    explicit Judge(const MonkeyBench& bench) : bench(bench) {}
+
     /// What is wrong; empty when nothing is.
     QStringList Look(const Standing& standing);
     /// What the last look found wrong with the controls. It is wrong only if it stays so: the program may be on its
@@ -40,6 +43,7 @@ private:
     void Complain(const QString& text) { complaints.append(text); }
     void Doubt(const QString& text) { doubts.append(text); }
 
+    const MonkeyBench& bench;
     QStringList complaints;
     QStringList doubts;
     /// Calls that failed, or described an error, since the program was idle last.

@@ -83,6 +83,8 @@ MonkeyBench Named(const char* name, const QString& text) {
             if (attribute("type") == QLatin1String("PNX")) {
                 bench.airGauges.push_back(bench.modules.back());
             }
+        } else if (attribute("what") == QLatin1String("module-replaced")) {
+            bench.replaced.append(attribute("module"));
         } else if (reader.name() == QLatin1String("tool")) {
             bench.tools.append(attribute("identity"));
         }

@@ -18,6 +18,7 @@ struct MonkeyBench {
     std::vector<Module> modules;
     std::vector<Module> airGauges;
     QStringList tools;
+    QStringList replaced; ///< modules in whose place there stands another
 };
 
 /// All of them, in a fixed order.

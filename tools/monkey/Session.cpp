@@ -38,7 +38,7 @@ bool MakesFaulty(const Step& step) {
 } // namespace
 
 Session::Session(const MonkeyBench& ownBench, const Source& source)
-    : bench(ownBench), next(source), digest(QCryptographicHash::Sha1) {
+    : bench(ownBench), next(source), judge(ownBench), digest(QCryptographicHash::Sha1) {
     judge.OnCall([this](const JournalEntry& call) {
         digest.addData(QByteArray::fromStdString(CallText(call) + call.result + call.error));
         if (onCall) {
