@@ -240,10 +240,10 @@ void MainWindow::on_listModules_currentRowChanged(int currentRow) {
     LastResort::Run([this, currentRow] { modulePages->Show(network, currentRow); });
 }
 
-// Changing the module list
+// Changing the module list. A button's key clicks it a moment later, when the network's page may be gone.
 
 void MainWindow::on_btnNotify_clicked() {
-    if (notifyRunning) {
+    if (notifyRunning || network == nullptr) {
         return;
     }
     notifyRunning = true;
@@ -264,10 +264,15 @@ void MainWindow::on_btnNotify_clicked() {
 }
 
 void MainWindow::on_btnStopNotify_clicked() {
-    LastResort::Run([this] { network->CancelNotifying(); });
+    if (network != nullptr) {
+        LastResort::Run([this] { network->CancelNotifying(); });
+    }
 }
 
 void MainWindow::on_btnAddModule_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     bool accepted = false;
     const QString identity = QInputDialog::getText(this, QStringLiteral("Add module by ID"),
                                                    QStringLiteral("Enter the module tavik identity."),
@@ -282,7 +287,7 @@ void MainWindow::on_btnAddModule_clicked() {
 
 void MainWindow::on_btnDeleteModule_clicked() {
     const int row = ui->listModules->currentRow();
-    if (row < 0) {
+    if (row < 0 || network == nullptr) {
         return;
     }
     Guarded(this, QStringLiteral("Delete Module"), errorPrefix, [&] { network->DeleteModule(row); });
@@ -290,11 +295,17 @@ void MainWindow::on_btnDeleteModule_clicked() {
 }
 
 void MainWindow::on_btnClearModules_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     Guarded(this, QStringLiteral("Clear Modules"), errorPrefix, [this] { network->ClearModules(); });
     LastResort::Run([this] { RefreshNetworkPage(); });
 }
 
 void MainWindow::on_btnClearTcons_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     Guarded(this, QStringLiteral("Clear TCons"), errorPrefix, [this] { network->ClearTCons(); });
     LastResort::Run([this] { RefreshNetworkPage(); });
 }
@@ -310,7 +321,7 @@ void MainWindow::on_btnMoveDown_clicked() {
 void MainWindow::MoveSelectedModule(int step) {
     const int row = ui->listModules->currentRow();
     const int otherRow = row + step;
-    if (row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
+    if (network == nullptr || row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
         return;
     }
     LastResort::Run([&] {
@@ -323,6 +334,9 @@ void MainWindow::MoveSelectedModule(int step) {
 }
 
 void MainWindow::on_btnHotswap_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     const WaitCursor waitCursor;
     Guarded(this, errorTitle, QString(), [this] {
         network->FindHotswapped();
@@ -331,6 +345,9 @@ void MainWindow::on_btnHotswap_clicked() {
 }
 
 void MainWindow::on_btnPing_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     const WaitCursor waitCursor;
     Guarded(this, errorTitle, QString(), [this] {
         network->Ping();
@@ -339,6 +356,9 @@ void MainWindow::on_btnPing_clicked() {
 }
 
 void MainWindow::on_btnSetSpeed_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     const QList<QListWidgetItem*> selected = ui->listAvailableSpeeds->selectedItems();
     if (selected.isEmpty()) {
         ShowErrorBox(this, errorTitle, QStringLiteral("A speed to set has not been selected."));
@@ -351,12 +371,18 @@ void MainWindow::on_btnSetSpeed_clicked() {
 }
 
 void MainWindow::on_btnLoadXML_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     if (LoadNetwork(this, network)) {
         LastResort::Run([this] { RefreshNetworkPage(); });
     }
 }
 
 void MainWindow::on_btnSaveXML_clicked() {
+    if (network == nullptr) {
+        return;
+    }
     if (SaveNetwork(this, network)) {
         LastResort::Run([this] { RefreshNetworkPage(); });
     }

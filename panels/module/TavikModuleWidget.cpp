@@ -65,10 +65,11 @@ TavikModuleWidget::~TavikModuleWidget() = default;
 
 void TavikModuleWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
                                   TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModule* newModule) {
-    if (newModule != module) {
+    if (newModule != moduleOfReading) {
         // A reading must not be taken for another module's.
         ui->tbReading->clear();
     }
+    moduleOfReading = newModule;
     mainWindow = newMainWindow;
     server = newServer;
     network = newNetwork;
@@ -97,6 +98,9 @@ void TavikModuleWidget::SetEnabled(bool enable) {
 }
 
 void TavikModuleWidget::RedisplayInformation() {
+    if (module == nullptr) {
+        return;
+    }
     ShowIdentity();
     ShowProbeIdentity();
     ShowCapabilities();
@@ -105,6 +109,12 @@ void TavikModuleWidget::RedisplayInformation() {
 
 void TavikModuleWidget::RaiseStopFlag() {
     stopContinuous = true;
+}
+
+void TavikModuleWidget::ForgetModule() {
+    RaiseStopFlag();
+    CloseTypePanels();
+    module = nullptr;
 }
 
 bool TavikModuleWidget::event(QEvent* event) {
@@ -173,7 +183,12 @@ void TavikModuleWidget::ReadModule() {
     }
 }
 
+// A button's key clicks it a moment later, when the page may be gone.
+
 void TavikModuleWidget::on_btnRead_clicked() {
+    if (module == nullptr) {
+        return;
+    }
     try {
         ReadModule();
     } catch (const std::runtime_error& error) {
@@ -183,7 +198,7 @@ void TavikModuleWidget::on_btnRead_clicked() {
 }
 
 void TavikModuleWidget::on_btnStartContinuous_clicked() {
-    if (readingContinuously) {
+    if (readingContinuously || module == nullptr) {
         return;
     }
     readingContinuously = true;
@@ -238,6 +253,9 @@ void TavikModuleWidget::on_btnStopContinuous_clicked() {
 }
 
 void TavikModuleWidget::on_btnTimeReadings_clicked() {
+    if (module == nullptr) {
+        return;
+    }
     Guarded(this, readingErrorTitle, QString(), [this] {
         const int readings = CountReadings();
         ShowInformationBox(this, QStringLiteral("Reading Timer"),
@@ -259,7 +277,9 @@ int TavikModuleWidget::CountReadings() {
 }
 
 void TavikModuleWidget::on_btnGetStatus_clicked() {
-    LastResort::Run([this] { ReadAndShowStatus(); });
+    if (module != nullptr) {
+        LastResort::Run([this] { ReadAndShowStatus(); });
+    }
 }
 
 void TavikModuleWidget::ReadAndShowStatus() {

@@ -49,6 +49,8 @@ private slots:
     void refreshKeepsTheSelectedModule();
     void numbersOfCallsOfARefresh();
     void currentRowIsAlwaysSeen();
+    void keysThatComeTooLate_data();
+    void keysThatComeTooLate();
 
 private:
     void Answer(const QString& identity, bool accept = true) {
@@ -356,6 +358,36 @@ void NetworkPageTest::currentRowIsAlwaysSeen() {
     QCOMPARE(list->currentRow(), 1);
     QVERIFY(list->item(1)->isSelected());
     QVERIFY(!list->item(0)->isSelected());
+}
+
+void NetworkPageTest::keysThatComeTooLate_data() {
+    QTest::addColumn<QString>("object");
+    QTest::addColumn<QByteArray>("slot");
+    for (const char* slot : {"on_btnNotify_clicked", "on_btnStopNotify_clicked", "on_btnAddModule_clicked",
+                             "on_btnDeleteModule_clicked", "on_btnClearModules_clicked", "on_btnClearTcons_clicked",
+                             "on_btnMoveUp_clicked", "on_btnMoveDown_clicked", "on_btnHotswap_clicked",
+                             "on_btnPing_clicked", "on_btnSetSpeed_clicked", "on_btnLoadXML_clicked",
+                             "on_btnSaveXML_clicked"}) {
+        QTest::newRow(slot) << QString() << QByteArray(slot);
+    }
+    for (const char* slot : {"on_btnRead_clicked", "on_btnStartContinuous_clicked", "on_btnTimeReadings_clicked",
+                             "on_btnGetStatus_clicked"}) {
+        QTest::newRow(slot) << QStringLiteral("moduleWidget") << QByteArray(slot);
+    }
+}
+
+/// A button's key clicks the button 0.1 s later; the networks may have been disconnected by then.
+void NetworkPageTest::keysThatComeTooLate() {
+    QFETCH(QString, object);
+    QFETCH(QByteArray, slot);
+    OpenModule(Benches::Two(), 1);
+    QVERIFY(Operator().SelectPage("tabServer"));
+    QVERIFY(Operator().Click("btnDisconnectAll"));
+    Calls::Mark();
+    QObject* receiver = object.isEmpty() ? &Window() : Window().findChild<QObject*>(object);
+    QVERIFY(QMetaObject::invokeMethod(receiver, slot.constData()));
+    COMPARE_CALLS(Calls::Take(), {});
+    QCOMPARE(boxes.Count(), 0);
 }
 
 TAVIK_TEST_MAIN(NetworkPageTest)
