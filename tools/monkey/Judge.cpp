@@ -66,7 +66,7 @@ QStringList Judge::Look(const Standing& standing) {
     const QWidget* front = Screen::Front();
     const bool alone = front != nullptr && qobject_cast<const QMainWindow*>(front) != nullptr;
     if (alone && !standing.closing) {
-        standing.inLoop ? JudgeLoop(*front) : JudgeIdle(*front);
+        standing.inLoop ? JudgeLoop(*front) : JudgeIdle(*front, standing);
     }
     return complaints;
 }
@@ -145,7 +145,7 @@ void Judge::JudgeErrorText(const QString& title, const QString& text, const Stan
 
 // Controls
 
-void Judge::JudgeIdle(const QWidget& window) {
+void Judge::JudgeIdle(const QWidget& window, const Standing& standing) {
     causes.clear();
     if (QApplication::overrideCursor() != nullptr) {
         Doubt(QStringLiteral("The wait cursor is left."));
@@ -156,6 +156,13 @@ void Judge::JudgeIdle(const QWidget& window) {
             Doubt(QStringLiteral("A %1 can be stopped, though there is none.").arg(name));
         }
     }
+    // Whether a collection runs is for the library to say.
+    if (!standing.lying) {
+        JudgeControls(window, running);
+    }
+}
+
+void Judge::JudgeControls(const QWidget& window, const QStringList& running) {
     const QString status = static_cast<const QMainWindow&>(window).statusBar()->currentMessage();
     if (status.isEmpty() != running.isEmpty()) {
         Doubt(QStringLiteral("The status bar says \"%1\", and what can be stopped is: %2")

@@ -15,9 +15,10 @@ class QWidget;
 
 /// Where the program stands when it is judged.
 struct Standing {
-    bool inLoop = false;   ///< inside a loop of the program that handles events
-    bool faulty = false;   ///< something has been made to fail, or has been taken away, in this session
-    bool closing = false;  ///< the window has been closed
+    bool inLoop = false;  ///< inside a loop of the program that handles events
+    bool faulty = false;  ///< something has been made to fail, or has been taken away, in this session
+    bool lying = false;   ///< the library has been made to answer with codes that are not true
+    bool closing = false; ///< the window has been closed
 };
 
 /// Looks at the program after every event.
@@ -38,7 +39,8 @@ private:
     void LookForBoxes(const Standing& standing);
     void JudgeBox(const QDialog& dialog, const Standing& standing);
     void JudgeErrorText(const QString& title, const QString& text, const Standing& standing);
-    void JudgeIdle(const QWidget& window);
+    void JudgeIdle(const QWidget& window, const Standing& standing);
+    void JudgeControls(const QWidget& window, const QStringList& running);
     void JudgeLoop(const QWidget& window);
     void Complain(const QString& text) { complaints.append(text); }
     void Doubt(const QString& text) { doubts.append(text); }

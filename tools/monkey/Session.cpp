@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QTimerEvent>
 
+#include <algorithm>
 #include <stdexcept>
 
 using namespace TavikSimulator;
@@ -73,7 +74,7 @@ bool Session::OpenWindow() {
 }
 
 void Session::RunWindow() {
-    outermost = nullptr;
+    outermost = 0;
     looksSinceClose = 0;
     doubtfulLooks = 0;
     startTimer(0);
@@ -103,12 +104,11 @@ void Session::timerEvent(QTimerEvent* event) {
         return;
     }
     startTimer(0);
-    // A loop of the program stands on the stack between the outermost loop and here.
-    const auto* here = static_cast<const char*>(__builtin_frame_address(0));
-    if (outermost == nullptr) {
-        outermost = here;
-    }
-    Tick(here != outermost);
+    // A loop of the program stands on the stack between the outermost loop and here, and the stack grows downwards. The
+    // first event may already be handled inside a box.
+    const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    outermost = std::max(outermost, here);
+    Tick(here < outermost);
 }
 
 void Session::Tick(bool inLoop) {
@@ -127,7 +127,7 @@ void Session::Tick(bool inLoop) {
 bool Session::JudgeNow(bool inLoop) {
     constexpr int looksOfDoubt = 30;
     constexpr int looksToEnd = 500;
-    const QStringList complaints = judge.Look({inLoop, faulty, window->IsClosing()});
+    const QStringList complaints = judge.Look({inLoop, faulty, lying, window->IsClosing()});
     if (!complaints.isEmpty()) {
         Fail(complaints);
     }
@@ -154,5 +154,6 @@ void Session::TakeStep() {
     digest.addData(step->ToText().toUtf8());
     ++stepsDone;
     faulty = faulty || MakesFaulty(*step);
+    lying = lying || (step->Verb() == QLatin1String("fault") && step->Word(3) == QLatin1String("result"));
     Operate(*step);
 }

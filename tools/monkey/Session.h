@@ -8,6 +8,7 @@
 #include <QCryptographicHash>
 #include <QObject>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -56,11 +57,12 @@ private:
     Judge judge;
     std::unique_ptr<MainWindow> window;
     QCryptographicHash digest;
-    const char* outermost = nullptr; ///< where the stack ends when no loop of the program runs
+    std::uintptr_t outermost = 0; ///< where the stack ends when no loop of the program runs
     int rounds = 0;
     int doubtfulLooks = 0;
     int looksSinceClose = 0;
     int stepsDone = 0;
     bool faulty = false;
+    bool lying = false;
     bool over = false; ///< there are no more steps
 };
