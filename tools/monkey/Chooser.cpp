@@ -28,7 +28,7 @@ const QStringList& Typed() {
         QStringLiteral("100"),        QStringLiteral("999999999"),  QStringLiteral("-0.5"),
         QStringLiteral("4000"),       QStringLiteral("abc"),        QString(),
         QStringLiteral("KX00000014"), QStringLiteral("kx00000004"), QStringLiteral("KRV0000003"),
-        QStringLiteral("<b>x</b>"),   QString::fromUtf8("\xc3\xa4\xe2\x82\xac"), QString(40, QLatin1Char('7')),
+        QStringLiteral("<b>x</b>"),   QString::fromUtf8("\xc3\xa4\xe2\x82\xac"), QString(24, QLatin1Char('7')),
     };
     return texts;
 }

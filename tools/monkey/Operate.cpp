@@ -16,10 +16,14 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTabBar>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
+
+#include <deque>
+#include <functional>
 
 namespace {
 
@@ -28,7 +32,24 @@ QString& Folder() {
     return folder;
 }
 
-// The mouse and the keyboard
+// The mouse and the keyboard. An event may lead into a box or a loop of the program; what comes after it must not wait
+// for the way back but is delivered there.
+
+std::deque<std::function<void()>>& Inputs() {
+    static std::deque<std::function<void()>> inputs;
+    return inputs;
+}
+
+void PutMouse(QWindow* window, const QPoint& place, Qt::MouseButton button, QEvent::Type type, int milliseconds) {
+    const QPointer<QWindow> to = window;
+    Inputs().emplace_back([=] {
+        if (to != nullptr && to->isVisible()) {
+            const bool down = type == QEvent::MouseButtonPress;
+            qt_handleMouseEvent(to, place, to->mapToGlobal(place), down ? button : Qt::NoButton, button, type,
+                                Qt::NoModifier, milliseconds);
+        }
+    });
+}
 
 /// Presses and releases the mouse, later than the time of a double click after the last press unless it is one.
 void PutClick(QWindow* window, const QPoint& place, Qt::MouseButton button, bool second) {
@@ -36,10 +57,8 @@ void PutClick(QWindow* window, const QPoint& place, Qt::MouseButton button, bool
     constexpr int apart = 1000;
     constexpr int near = 50;
     milliseconds += second ? near : apart;
-    const QPointF global = window->mapToGlobal(place);
-    qt_handleMouseEvent(window, place, global, button, button, QEvent::MouseButtonPress, Qt::NoModifier, milliseconds);
-    qt_handleMouseEvent(window, place, global, Qt::NoButton, button, QEvent::MouseButtonRelease, Qt::NoModifier,
-                        milliseconds + 1);
+    PutMouse(window, place, button, QEvent::MouseButtonPress, milliseconds);
+    PutMouse(window, place, button, QEvent::MouseButtonRelease, milliseconds + 1);
 }
 
 bool ClickAt(QWidget& widget, const QPoint& place, const Step& step) {
@@ -57,9 +76,16 @@ bool ClickAt(QWidget& widget, const QPoint& place, const Step& step) {
     return true;
 }
 
-void PutKey(QWindow* window, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-    qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text);
-    qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, text);
+/// To whatever stands in front when it comes.
+void PutKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        Inputs().emplace_back([=] {
+            const QWidget* front = Screen::Front();
+            if (front != nullptr && front->windowHandle() != nullptr) {
+                qt_handleKeyEvent(front->windowHandle(), type, key, modifiers, text);
+            }
+        });
+    }
 }
 
 /// The text that a key types.
@@ -72,16 +98,16 @@ QString TextOf(int key, Qt::KeyboardModifiers modifiers) {
     return modifiers.testFlag(Qt::ShiftModifier) ? QString(sign) : QString(sign.toLower());
 }
 
-void PutCombination(QWindow* window, const QString& combination) {
+void PutCombination(const QString& combination) {
     const int whole = QKeySequence(combination)[0];
     const auto modifiers = Qt::KeyboardModifiers(whole & static_cast<int>(Qt::KeyboardModifierMask));
     const int key = whole & ~static_cast<int>(Qt::KeyboardModifierMask);
-    PutKey(window, key, modifiers, TextOf(key, modifiers));
+    PutKey(key, modifiers, TextOf(key, modifiers));
 }
 
-void PutText(QWindow* window, const QString& text) {
+void PutText(const QString& text) {
     for (const QChar letter : text) {
-        PutKey(window, Qt::Key_unknown, Qt::NoModifier, QString(letter));
+        PutKey(Qt::Key_unknown, Qt::NoModifier, QString(letter));
     }
 }
 
@@ -123,18 +149,18 @@ bool Enter(QWidget& window, const Step& step) {
     if (!Click(window, step)) {
         return false;
     }
-    PutCombination(window.windowHandle(), QStringLiteral("Ctrl+A"));
-    PutText(window.windowHandle(), step.Word(2));
+    PutCombination(QStringLiteral("Ctrl+A"));
+    PutText(step.Word(2));
     return true;
 }
 
-bool PressKey(QWidget& window, const Step& step) {
-    PutCombination(window.windowHandle(), step.Word(1));
+bool PressKey(QWidget&, const Step& step) {
+    PutCombination(step.Word(1));
     return true;
 }
 
-bool Type(QWidget& window, const Step& step) {
-    PutText(window.windowHandle(), step.Word(1));
+bool Type(QWidget&, const Step& step) {
+    PutText(step.Word(1));
     return true;
 }
 
@@ -156,11 +182,13 @@ bool Pick(QWidget& window, const Step& step) {
     if (QApplication::activePopupWidget() != &window) {
         return false;
     }
-    PutKey(window.windowHandle(), Qt::Key_Home, Qt::NoModifier, QString());
+    // A menu in which nothing is chosen yet knows the way down only.
+    PutKey(Qt::Key_Down, Qt::NoModifier, QString());
+    PutKey(Qt::Key_Home, Qt::NoModifier, QString());
     for (int below = 0; below < step.Word(1).toInt(); ++below) {
-        PutKey(window.windowHandle(), Qt::Key_Down, Qt::NoModifier, QString());
+        PutKey(Qt::Key_Down, Qt::NoModifier, QString());
     }
-    PutKey(window.windowHandle(), Qt::Key_Return, Qt::NoModifier, QString());
+    PutKey(Qt::Key_Return, Qt::NoModifier, QString());
     return true;
 }
 
@@ -190,8 +218,8 @@ bool Answer(QWidget& window, const Step& step) {
         return false;
     }
     if (step.words.size() > 2) {
-        PutCombination(window.windowHandle(), QStringLiteral("Ctrl+A"));
-        PutText(window.windowHandle(), step.Word(2));
+        PutCombination(QStringLiteral("Ctrl+A"));
+        PutText(step.Word(2));
     }
     if (!button->isEnabled()) {
         return false;
@@ -280,5 +308,16 @@ bool Operate(const Step& step) {
     }
     QWidget* front = Screen::Front();
     const Doing doing = Doings().value(step.Verb());
-    return front != nullptr && front->windowHandle() != nullptr && doing != nullptr && doing(*front, step);
+    const bool done =
+        front != nullptr && front->windowHandle() != nullptr && doing != nullptr && doing(*front, step);
+    DeliverInputs();
+    return done;
+}
+
+void DeliverInputs() {
+    while (!Inputs().empty()) {
+        const std::function<void()> input = Inputs().front();
+        Inputs().pop_front();
+        input();
+    }
 }

@@ -112,6 +112,7 @@ void Session::timerEvent(QTimerEvent* event) {
 }
 
 void Session::Tick(bool inLoop) {
+    DeliverInputs();
     OwnTime::Pass(secondsPerRound);
     if (++rounds % roundsPerStep != 0) {
         return;
