@@ -183,10 +183,13 @@ void TavikModuleWidget::ReadModule() {
     }
 }
 
-// A button's key clicks it a moment later, when the page may be gone.
+/// A button's key clicks it a moment later, when the page may be gone or the window closed.
+bool TavikModuleWidget::HasModule() const {
+    return module != nullptr && !mainWindow->IsClosing();
+}
 
 void TavikModuleWidget::on_btnRead_clicked() {
-    if (module == nullptr) {
+    if (!HasModule()) {
         return;
     }
     try {
@@ -198,7 +201,7 @@ void TavikModuleWidget::on_btnRead_clicked() {
 }
 
 void TavikModuleWidget::on_btnStartContinuous_clicked() {
-    if (readingContinuously || module == nullptr) {
+    if (readingContinuously || !HasModule()) {
         return;
     }
     readingContinuously = true;
@@ -253,7 +256,7 @@ void TavikModuleWidget::on_btnStopContinuous_clicked() {
 }
 
 void TavikModuleWidget::on_btnTimeReadings_clicked() {
-    if (module == nullptr) {
+    if (!HasModule()) {
         return;
     }
     Guarded(this, readingErrorTitle, QString(), [this] {
@@ -277,7 +280,7 @@ int TavikModuleWidget::CountReadings() {
 }
 
 void TavikModuleWidget::on_btnGetStatus_clicked() {
-    if (module != nullptr) {
+    if (HasModule()) {
         LastResort::Run([this] { ReadAndShowStatus(); });
     }
 }

@@ -56,6 +56,7 @@ private:
     void ShowProbeIdentity();
     void ShowCapabilities();
     void ShowRange();
+    bool HasModule() const;
     void ReadModule();
     void ReadContinuously();
     void ReadAndShowStatus();

@@ -158,22 +158,23 @@ void Judge::JudgeIdle(const QWidget& window, const Standing& standing) {
     }
     // Whether a collection runs is for the library to say.
     if (!standing.lying) {
-        JudgeControls(window, running);
+        JudgeControls(window, running, standing.faulty);
     }
 }
 
-void Judge::JudgeControls(const QWidget& window, const QStringList& running) {
+void Judge::JudgeControls(const QWidget& window, const QStringList& running, bool faulty) {
+    const QString stops = running.isEmpty() ? QStringLiteral("nothing") : running.join(QStringLiteral(", "));
     const QString status = static_cast<const QMainWindow&>(window).statusBar()->currentMessage();
-    if (status.isEmpty() != running.isEmpty()) {
-        Doubt(QStringLiteral("The status bar says \"%1\", and what can be stopped is: %2")
-                     .arg(status, running.isEmpty() ? QStringLiteral("nothing") : running.join(QStringLiteral(", "))));
+    const bool busy = !status.isEmpty();
+    // A page whose filling failed may offer a stop that stops nothing.
+    if (running.isEmpty() ? busy : (!busy && !faulty)) {
+        Doubt(QStringLiteral("The status bar says \"%1\", and what can be stopped is: %2").arg(status, stops));
     }
     for (const char* name : mainControls) {
-        if (IsEnabledItself(window, name) != running.isEmpty()) {
-            Doubt(QStringLiteral("%1 is %2, and what can be stopped is: %3")
-                         .arg(QLatin1String(name),
-                              running.isEmpty() ? QStringLiteral("disabled") : QStringLiteral("enabled"),
-                              running.isEmpty() ? QStringLiteral("nothing") : running.join(QStringLiteral(", "))));
+        if (IsEnabledItself(window, name) == busy) {
+            Doubt(QStringLiteral("%1 is %2, the status bar says \"%3\", and what can be stopped is: %4")
+                      .arg(QLatin1String(name), busy ? QStringLiteral("enabled") : QStringLiteral("disabled"), status,
+                           stops));
             return;
         }
     }

@@ -40,7 +40,7 @@ private:
     void JudgeBox(const QDialog& dialog, const Standing& standing);
     void JudgeErrorText(const QString& title, const QString& text, const Standing& standing);
     void JudgeIdle(const QWidget& window, const Standing& standing);
-    void JudgeControls(const QWidget& window, const QStringList& running);
+    void JudgeControls(const QWidget& window, const QStringList& running, bool faulty);
     void JudgeLoop(const QWidget& window);
     void Complain(const QString& text) { complaints.append(text); }
     void Doubt(const QString& text) { doubts.append(text); }

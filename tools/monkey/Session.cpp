@@ -10,6 +10,8 @@
 #include "tools/monkey/Screen.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QTimerEvent>
 
 #include <algorithm>
@@ -41,7 +43,8 @@ bool MakesFaulty(const Step& step) {
 Session::Session(const MonkeyBench& ownBench, const Source& source)
     : bench(ownBench), next(source), judge(ownBench), digest(QCryptographicHash::Sha1) {
     judge.OnCall([this](const JournalEntry& call) {
-        digest.addData(QByteArray::fromStdString(CallText(call) + call.result + call.error));
+        QByteArray line = QByteArray::fromStdString(CallText(call) + call.result + call.error);
+        digest.addData(line.replace(QFile::encodeName(QDir::currentPath()), "folder"));
         if (onCall) {
             onCall(call);
         }
