@@ -35,6 +35,8 @@ const QLatin1String errorPrefix("Error: ");
 
 /// Pages before the ones of the selected network.
 constexpr int serverPages = 1;
+/// Pages before the ones of the selected module.
+constexpr int networkPages = 2;
 
 ModulePages::Pages PagesOf(const Ui::MainWindow& ui) {
     return {ui.tabWidget,
@@ -242,8 +244,18 @@ void MainWindow::on_listModules_currentRowChanged(int currentRow) {
 
 // Changing the module list
 
+/// A button's key clicks it a moment later, when the network may be disconnected or the window closed.
+bool MainWindow::HasNetwork() const {
+    return network != nullptr && !IsClosing();
+}
+
+/// A module that leaves the list dies; its pages must not stay, should showing the list as it is now fail.
+void MainWindow::DropModulePages() {
+    modulePages->RemoveFrom(networkPages);
+}
+
 void MainWindow::on_btnNotify_clicked() {
-    if (notifyRunning) {
+    if (notifyRunning || !HasNetwork()) {
         return;
     }
     notifyRunning = true;
@@ -264,10 +276,15 @@ void MainWindow::on_btnNotify_clicked() {
 }
 
 void MainWindow::on_btnStopNotify_clicked() {
-    LastResort::Run([this] { network->CancelNotifying(); });
+    if (HasNetwork()) {
+        LastResort::Run([this] { network->CancelNotifying(); });
+    }
 }
 
 void MainWindow::on_btnAddModule_clicked() {
+    if (!HasNetwork()) {
+        return;
+    }
     bool accepted = false;
     const QString identity = QInputDialog::getText(this, QStringLiteral("Add module by ID"),
                                                    QStringLiteral("Enter the module tavik identity."),
@@ -282,19 +299,31 @@ void MainWindow::on_btnAddModule_clicked() {
 
 void MainWindow::on_btnDeleteModule_clicked() {
     const int row = ui->listModules->currentRow();
-    if (row < 0) {
+    if (row < 0 || !HasNetwork()) {
         return;
     }
-    Guarded(this, QStringLiteral("Delete Module"), errorPrefix, [&] { network->DeleteModule(row); });
+    Guarded(this, QStringLiteral("Delete Module"), errorPrefix, [&] {
+        network->DeleteModule(row);
+        DropModulePages();
+    });
     LastResort::Run([this] { RefreshNetworkPage(); });
 }
 
 void MainWindow::on_btnClearModules_clicked() {
-    Guarded(this, QStringLiteral("Clear Modules"), errorPrefix, [this] { network->ClearModules(); });
+    if (!HasNetwork()) {
+        return;
+    }
+    Guarded(this, QStringLiteral("Clear Modules"), errorPrefix, [this] {
+        network->ClearModules();
+        DropModulePages();
+    });
     LastResort::Run([this] { RefreshNetworkPage(); });
 }
 
 void MainWindow::on_btnClearTcons_clicked() {
+    if (!HasNetwork()) {
+        return;
+    }
     Guarded(this, QStringLiteral("Clear TCons"), errorPrefix, [this] { network->ClearTCons(); });
     LastResort::Run([this] { RefreshNetworkPage(); });
 }
@@ -310,7 +339,7 @@ void MainWindow::on_btnMoveDown_clicked() {
 void MainWindow::MoveSelectedModule(int step) {
     const int row = ui->listModules->currentRow();
     const int otherRow = row + step;
-    if (row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
+    if (!HasNetwork() || row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
         return;
     }
     LastResort::Run([&] {
@@ -323,14 +352,21 @@ void MainWindow::MoveSelectedModule(int step) {
 }
 
 void MainWindow::on_btnHotswap_clicked() {
+    if (!HasNetwork()) {
+        return;
+    }
     const WaitCursor waitCursor;
     Guarded(this, errorTitle, QString(), [this] {
         network->FindHotswapped();
+        DropModulePages();
         RefreshNetworkPage();
     });
 }
 
 void MainWindow::on_btnPing_clicked() {
+    if (!HasNetwork()) {
+        return;
+    }
     const WaitCursor waitCursor;
     Guarded(this, errorTitle, QString(), [this] {
         network->Ping();
@@ -339,6 +375,9 @@ void MainWindow::on_btnPing_clicked() {
 }
 
 void MainWindow::on_btnSetSpeed_clicked() {
+    if (!HasNetwork()) {
+        return;
+    }
     const QList<QListWidgetItem*> selected = ui->listAvailableSpeeds->selectedItems();
     if (selected.isEmpty()) {
         ShowErrorBox(this, errorTitle, QStringLiteral("A speed to set has not been selected."));
@@ -351,12 +390,19 @@ void MainWindow::on_btnSetSpeed_clicked() {
 }
 
 void MainWindow::on_btnLoadXML_clicked() {
+    if (!HasNetwork()) {
+        return;
+    }
     if (LoadNetwork(this, network)) {
+        DropModulePages();
         LastResort::Run([this] { RefreshNetworkPage(); });
     }
 }
 
 void MainWindow::on_btnSaveXML_clicked() {
+    if (!HasNetwork()) {
+        return;
+    }
     if (SaveNetwork(this, network)) {
         LastResort::Run([this] { RefreshNetworkPage(); });
     }

@@ -71,6 +71,8 @@ private:
     void ShowSpeeds();
     void ListModules();
 
+    bool HasNetwork() const;
+    void DropModulePages();
     void MoveSelectedModule(int step);
     void SetControlsEnabled(bool enable);
 

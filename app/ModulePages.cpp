@@ -28,7 +28,6 @@ ModulePages::ModulePages(const Pages& windowPages, HostWindow& mainWindow, Tavik
 
 void ModulePages::Show(TavikLibrary::TavikNetwork* network, int row) {
     const WaitCursor waitCursor;
-    pages.module.panel->RaiseStopFlag();
     RemoveFrom(networkPages);
     if (row < 0) {
         pages.difference.panel->setNetwork(&window, &server, network, nullptr);
@@ -65,6 +64,7 @@ void ModulePages::Add(TavikLibrary::TavikNetwork* network, TavikLibrary::TavikMo
 
 void ModulePages::RemoveFrom(int index) {
     // A page that goes loses the focus, which ends editing in it; that must not reach a library object that is gone.
+    pages.module.panel->ForgetModule();
     pages.buffered.panel->ForgetModule();
     pages.refMark.panel->ForgetModule();
     pages.difference.panel->ForgetModule();

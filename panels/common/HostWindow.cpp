@@ -1,5 +1,6 @@
 #include "panels/common/HostWindow.h"
 
+#include <QEvent>
 #include <QStatusBar>
 
 HostWindow* HostWindow::Of(QWidget* widget) {
@@ -26,4 +27,9 @@ void HostWindow::ShowActivity(const QString& text) {
 
 void HostWindow::BeginClosing() {
     closing = true;
+}
+
+bool HostWindow::event(QEvent* event) {
+    // Nothing here has a tip for the status bar, but a menu that is passed over would clear it, though something runs.
+    return event->type() == QEvent::StatusTip || QMainWindow::event(event);
 }

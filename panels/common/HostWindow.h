@@ -29,6 +29,7 @@ public:
 
 protected:
     void BeginClosing();
+    bool event(QEvent* event) override;
 
 private:
     bool closing = false;

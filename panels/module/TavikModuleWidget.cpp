@@ -65,10 +65,11 @@ TavikModuleWidget::~TavikModuleWidget() = default;
 
 void TavikModuleWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
                                   TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModule* newModule) {
-    if (newModule != module) {
+    if (newModule != moduleOfReading) {
         // A reading must not be taken for another module's.
         ui->tbReading->clear();
     }
+    moduleOfReading = newModule;
     mainWindow = newMainWindow;
     server = newServer;
     network = newNetwork;
@@ -97,6 +98,9 @@ void TavikModuleWidget::SetEnabled(bool enable) {
 }
 
 void TavikModuleWidget::RedisplayInformation() {
+    if (module == nullptr) {
+        return;
+    }
     ShowIdentity();
     ShowProbeIdentity();
     ShowCapabilities();
@@ -105,6 +109,12 @@ void TavikModuleWidget::RedisplayInformation() {
 
 void TavikModuleWidget::RaiseStopFlag() {
     stopContinuous = true;
+}
+
+void TavikModuleWidget::ForgetModule() {
+    RaiseStopFlag();
+    CloseTypePanels();
+    module = nullptr;
 }
 
 bool TavikModuleWidget::event(QEvent* event) {
@@ -173,7 +183,15 @@ void TavikModuleWidget::ReadModule() {
     }
 }
 
+/// A button's key clicks it a moment later, when the page may be gone or the window closed.
+bool TavikModuleWidget::HasModule() const {
+    return module != nullptr && !mainWindow->IsClosing();
+}
+
 void TavikModuleWidget::on_btnRead_clicked() {
+    if (!HasModule()) {
+        return;
+    }
     try {
         ReadModule();
     } catch (const std::runtime_error& error) {
@@ -183,7 +201,7 @@ void TavikModuleWidget::on_btnRead_clicked() {
 }
 
 void TavikModuleWidget::on_btnStartContinuous_clicked() {
-    if (readingContinuously) {
+    if (readingContinuously || !HasModule()) {
         return;
     }
     readingContinuously = true;
@@ -238,6 +256,9 @@ void TavikModuleWidget::on_btnStopContinuous_clicked() {
 }
 
 void TavikModuleWidget::on_btnTimeReadings_clicked() {
+    if (!HasModule()) {
+        return;
+    }
     Guarded(this, readingErrorTitle, QString(), [this] {
         const int readings = CountReadings();
         ShowInformationBox(this, QStringLiteral("Reading Timer"),
@@ -259,7 +280,9 @@ int TavikModuleWidget::CountReadings() {
 }
 
 void TavikModuleWidget::on_btnGetStatus_clicked() {
-    LastResort::Run([this] { ReadAndShowStatus(); });
+    if (HasModule()) {
+        LastResort::Run([this] { ReadAndShowStatus(); });
+    }
 }
 
 void TavikModuleWidget::ReadAndShowStatus() {

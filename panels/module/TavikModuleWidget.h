@@ -38,6 +38,8 @@ public:
     void RedisplayInformation();
     /// Ends a continuous reading after the reading in progress.
     void RaiseStopFlag();
+    /// The page goes: its module may be gone when something is asked of it later.
+    void ForgetModule();
 
 protected:
     bool event(QEvent* event) override;
@@ -54,6 +56,7 @@ private:
     void ShowProbeIdentity();
     void ShowCapabilities();
     void ShowRange();
+    bool HasModule() const;
     void ReadModule();
     void ReadContinuously();
     void ReadAndShowStatus();
@@ -84,6 +87,7 @@ private:
     TavikLibrary::TavikServer* server = nullptr;
     TavikLibrary::TavikNetwork* network = nullptr;
     TavikLibrary::TavikModule* module = nullptr;
+    const TavikLibrary::TavikModule* moduleOfReading = nullptr; ///< to be compared only
     bool stopContinuous = false;
     bool readingContinuously = false;
     bool enabled = true;

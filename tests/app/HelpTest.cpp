@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QSpinBox>
+#include <QStatusBar>
 
 namespace {
 
@@ -22,6 +23,7 @@ private slots:
     void decoderCancelled();
     void aboutBoxTellsTheVersion();
     void versionLineOfACompileDate();
+    void menuLeavesTheStatusBarAlone();
 };
 
 void HelpTest::decoderShowsWhatTheLibrarySays() {
@@ -87,6 +89,16 @@ void HelpTest::versionLineOfACompileDate() {
              QStringLiteral("Tavik Linux Library Test (482913) V1.0.2 12/04/2022"));
     // The compiler pads a day of one digit with a blank, which is not the form of a date here.
     QCOMPARE(VersionLine(QStringLiteral("Apr  2 2022")), QStringLiteral("Tavik Linux Library Test (482913) V1.0.2 "));
+}
+
+void HelpTest::menuLeavesTheStatusBarAlone() {
+    Open(Benches::Two());
+    const QString activity = QStringLiteral("Buffered mode runs");
+    Window().ShowActivity(activity);
+    boxes.ExpectDialog(&Window(), QStringLiteral("About Tavik Library Test"), {});
+    QVERIFY(Operator().Trigger("menuHelp", "action_About"));
+    QTRY_COMPARE(boxes.Count(), 1);
+    QCOMPARE(Window().findChild<QStatusBar*>()->currentMessage(), activity);
 }
 
 TAVIK_TEST_MAIN(HelpTest)

@@ -47,6 +47,7 @@ private slots:
     void readOpensTheSlot_data();
     void readOpensTheSlot();
     void standsBesideTheReadings();
+    void removedModuleIsNotAsked();
 
 private:
     moduleRLKWidget* Panel() { return Operator().The<moduleRLKWidget>("moduleRLKWidget"); }
@@ -325,6 +326,18 @@ void WirelessPanelTest::standsBesideTheReadings() {
     const QPoint corner = readings->mapTo(&Window(), QPoint(readings->width(), 0));
     QCOMPARE(Panel()->mapTo(&Window(), QPoint(0, 0)), corner);
     QVERIFY(Window().rect().contains(QRect(corner, Panel()->size())));
+}
+
+void WirelessPanelTest::removedModuleIsNotAsked() {
+    OpenModule(Usual(), 0);
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    QVERIFY(Operator().Click("btnClearModules"));
+    // As a notify run does it that begins and ends with an empty list.
+    Window().DisableControls();
+    Window().EnableControls();
+    Settle();
+    QCOMPARE(CallsOnRemovedModules(), std::uint64_t{0});
+    QCOMPARE(boxes.Count(), 0);
 }
 
 TAVIK_TEST_MAIN(WirelessPanelTest)

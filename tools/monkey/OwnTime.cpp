@@ -1,0 +1,69 @@
+#include "tools/monkey/OwnTime.h"
+
+#include "panels/common/Wait.h"
+#include "simulator/control/BenchControl.h"
+#include "tools/monkey/OtherThreads.h"
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <ctime>
+
+namespace {
+
+constexpr long nanosecondsPerSecond = 1000000000;
+
+/// What each question for the date takes: a loop that counts readings against it comes to its end.
+constexpr long nanosecondsPerQuestion = 20000000;
+
+bool begun = false;
+thread_local bool own = false;
+// Touched by the thread whose time it is only.
+long long sinceBegin = 0;
+long long ofQuestions = 0;
+long long steadyAtBegin = 0;
+long long dateAtBegin = 0;
+
+long long ComputersTime(clockid_t clock) {
+    timespec time{};
+    syscall(SYS_clock_gettime, clock, &time);
+    return static_cast<long long>(time.tv_sec) * nanosecondsPerSecond + time.tv_nsec;
+}
+
+} // namespace
+
+/// The one that all libraries of this process use.
+extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
+    const bool steady = clock == CLOCK_MONOTONIC || clock == CLOCK_MONOTONIC_COARSE || clock == CLOCK_MONOTONIC_RAW;
+    const bool date = clock == CLOCK_REALTIME || clock == CLOCK_REALTIME_COARSE;
+    if (!begun || !own || !(steady || date)) {
+        return static_cast<int>(syscall(SYS_clock_gettime, clock, time));
+    }
+    long long now = sinceBegin + (steady ? steadyAtBegin : dateAtBegin);
+    if (date) {
+        ofQuestions += nanosecondsPerQuestion;
+        now += ofQuestions;
+    }
+    time->tv_sec = static_cast<time_t>(now / nanosecondsPerSecond);
+    time->tv_nsec = static_cast<long>(now % nanosecondsPerSecond);
+    return 0;
+}
+
+/// The program's sleeps.
+void SleepMicroseconds(unsigned int microseconds) {
+    constexpr double microsecondsPerSecond = 1e6;
+    OwnTime::Pass(microseconds / microsecondsPerSecond);
+}
+
+void OwnTime::Begin() {
+    steadyAtBegin = ComputersTime(CLOCK_MONOTONIC);
+    dateAtBegin = ComputersTime(CLOCK_REALTIME);
+    own = true;
+    begun = true;
+}
+
+void OwnTime::Pass(double seconds) {
+    sinceBegin += static_cast<long long>(seconds * static_cast<double>(nanosecondsPerSecond));
+    TavikSimulator::AdvanceClock(seconds);
+    OtherThreads::LetThemRest();
+}

@@ -1,0 +1,161 @@
+#include "tools/monkey/Play.h"
+
+#include "app/Application.h"
+#include "tests/support/QtMessages.h"
+#include "tools/monkey/Chooser.h"
+#include "tools/monkey/Operate.h"
+#include "tools/monkey/OwnTime.h"
+#include "tools/monkey/Session.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int complaintExitCode = 3;
+
+[[noreturn]] void EndWith(const QStringList& complaints) {
+    for (QString complaint : complaints) {
+        complaint.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+        std::printf("complaint: %s\n", qPrintable(complaint));
+    }
+    std::fflush(stdout);
+    // The program cannot be taken down from inside its loops.
+    std::_Exit(complaintExitCode);
+}
+
+/// Writes down the steps of the session that is being played, each before it is done.
+class Log {
+public:
+    explicit Log(const QString& name) : file(name) {
+        if (!name.isEmpty()) {
+            file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+        }
+    }
+    void Begin(int session, const QString& benchName) {
+        if (file.isOpen()) {
+            file.resize(0);
+            file.seek(0);
+            file.write(QStringLiteral("# session %1\nbench %2\n").arg(session).arg(benchName).toUtf8());
+        }
+    }
+    void Add(const Step& step) {
+        if (file.isOpen()) {
+            file.write(step.ToText().toUtf8() + '\n');
+        }
+    }
+
+private:
+    QFile file;
+};
+
+/// For trying the monkey itself: something that goes wrong once certain steps have been done.
+class Plant {
+public:
+    explicit Plant(const Options& options) : steps(options.plant), crash(options.crash) {}
+    void See(const Step& step) {
+        if (done < steps.size() && step.ToText() == steps.at(done) && ++done == steps.size()) {
+            if (crash) {
+                std::raise(SIGSEGV);
+            }
+            EndWith({QStringLiteral("This has been planted.")});
+        }
+    }
+    void Begin() { done = 0; }
+
+private:
+    const QStringList steps;
+    const bool crash;
+    int done = 0;
+};
+
+class Player {
+public:
+    explicit Player(const Options& options) : options(options), log(options.log), plant(options) {}
+
+    void PlaySession(int number);
+    void Replay();
+    int Events() const { return events; }
+
+private:
+    void Play(int number, const MonkeyBench& bench, Session& session);
+
+    const Options& options;
+    Log log;
+    Plant plant;
+    int events = 0;
+};
+
+void Player::Play(int number, const MonkeyBench& bench, Session& session) {
+    log.Begin(number, bench.name);
+    plant.Begin();
+    session.OnComplaints(EndWith);
+    session.OnStep([this](const Step& step) {
+        log.Add(step);
+        plant.See(step);
+    });
+    session.Play();
+    events += session.StepsDone();
+    if (options.digests) {
+        std::printf("session %d: %s\n", number, session.Digest().constData());
+    }
+}
+
+void Player::PlaySession(int number) {
+    constexpr std::uint64_t apart = 1000003;
+    const std::vector<MonkeyBench>& benches = MonkeyBenches();
+    const std::uint64_t seed = options.seed * apart + static_cast<std::uint64_t>(number);
+    const MonkeyBench& bench = benches[static_cast<std::size_t>(number / 2) % benches.size()];
+    Chooser chooser(seed, bench, number % 2 == 1);
+    int left = options.eventsPerSession;
+    Session session(bench, [&]() -> std::optional<Step> {
+        return left-- > 0 ? std::optional<Step>(chooser.Next()) : std::nullopt;
+    });
+    session.OnCall([&chooser](const TavikSimulator::JournalEntry& call) {
+        if (call.operation.front() != '~' && call.operation != "GetErrorDescription") {
+            chooser.Met(QString::fromStdString(call.operation));
+        }
+    });
+    Play(number, bench, session);
+}
+
+void Player::Replay() {
+    Steps steps = ReadSteps(options.replay);
+    if (steps.empty() || steps.front().Verb() != QLatin1String("bench")) {
+        throw std::runtime_error("The first line has to name the bench.");
+    }
+    const MonkeyBench& bench = MonkeyBenchNamed(steps.front().Word(1));
+    std::size_t position = 0;
+    Session session(bench, [&]() -> std::optional<Step> {
+        return ++position < steps.size() ? std::optional<Step>(steps[position]) : std::nullopt;
+    });
+    Play(0, bench, session);
+}
+
+} // namespace
+
+int PlayHere(int argc, char* argv[], const Options& options) {
+    // One order of events: the plain event loop, no native boxes, no seeds of the process.
+    qputenv("QT_NO_GLIB", "1");
+    qSetGlobalQHashSeed(0);
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QTemporaryDir folder;
+    OwnTime::Begin();
+    const Application application(argc, argv);
+    QtMessages messages;
+    UseFolder(folder.path());
+    Player player(options);
+    if (!options.replay.isEmpty()) {
+        player.Replay();
+    }
+    for (int number = 0; number < options.sessions; ++number) {
+        player.PlaySession(options.firstSession + number);
+    }
+    messages.Finish();
+    std::printf("%d events\n", player.Events());
+    return 0;
+}

@@ -1,0 +1,163 @@
+#include "tools/monkey/Session.h"
+
+#include "panels/common/BackgroundCalls.h"
+#include "simulator/control/BenchControl.h"
+#include "tests/support/ProgramTest.h"
+#include "tools/hand/Complaints.h"
+#include "tools/monkey/Operate.h"
+#include "tools/monkey/OtherThreads.h"
+#include "tools/monkey/OwnTime.h"
+#include "tools/monkey/Screen.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTimerEvent>
+
+#include <algorithm>
+#include <stdexcept>
+
+using namespace TavikSimulator;
+
+namespace {
+
+/// How often events are handled from one step to the next.
+constexpr int roundsPerStep = 3;
+/// How much time goes by in each.
+constexpr double secondsPerRound = 0.003;
+
+/// After these steps the library may fail through no fault of the operator.
+bool MakesFaulty(const Step& step) {
+    static const QStringList verbs = {QStringLiteral("fault"),
+                                      QStringLiteral("module-leaves"),
+                                      QStringLiteral("module-returns"),
+                                      QStringLiteral("network-drops"),
+                                      QStringLiteral("network-returns"),
+                                      QStringLiteral("tool-away"),
+                                      QStringLiteral("tool-leaves-configuration")};
+    return verbs.contains(step.Verb());
+}
+
+} // namespace
+
+Session::Session(const MonkeyBench& ownBench, const Source& source)
+    : bench(ownBench), next(source), judge(ownBench), digest(QCryptographicHash::Sha1) {
+    judge.OnCall([this](const JournalEntry& call) {
+        QByteArray line = QByteArray::fromStdString(CallText(call) + call.result + call.error);
+        digest.addData(line.replace(QFile::encodeName(QDir::currentPath()), "folder"));
+        if (onCall) {
+            onCall(call);
+        }
+    });
+}
+
+void Session::Play() {
+    UseStillBenchText(bench.text.toStdString(), "bench of the monkey");
+    constexpr std::size_t callsBetweenLooks = 100000;
+    StartJournal(callsBetweenLooks);
+    while (!over) {
+        if (OpenWindow()) {
+            RunWindow();
+        }
+    }
+}
+
+bool Session::OpenWindow() {
+    try {
+        window = std::make_unique<MainWindow>();
+    } catch (const std::runtime_error& error) {
+        if (!faulty) {
+            Fail({QStringLiteral("The program does not start: %1").arg(QString::fromUtf8(error.what()))});
+        }
+        ClearFaults();
+        return false;
+    }
+    window->show();
+    return true;
+}
+
+void Session::RunWindow() {
+    outermost = 0;
+    looksSinceClose = 0;
+    doubtfulLooks = 0;
+    startTimer(0);
+    const int exitCode = QApplication::exec();
+    if (exitCode != 0) {
+        Fail({QStringLiteral("The program ended with %1.").arg(exitCode)});
+    }
+    if (!BackgroundCalls::WaitForEnd(std::chrono::seconds(5))) {
+        Fail({QStringLiteral("A call of the library goes on after the program has ended.")});
+    }
+    window.reset();
+    Settle();
+    LookAfterTheEnd();
+}
+
+void Session::LookAfterTheEnd() {
+    const QStringList complaints = Complaints::Take() + Leftovers();
+    if (!complaints.isEmpty()) {
+        Fail(complaints);
+    }
+}
+
+void Session::timerEvent(QTimerEvent* event) {
+    // Another timer each time: one that is being handled is passed over by the loops that begin in its handling.
+    killTimer(event->timerId());
+    if (window == nullptr) {
+        return;
+    }
+    startTimer(0);
+    // A loop of the program stands on the stack between the outermost loop and here, and the stack grows downwards. The
+    // first event may already be handled inside a box.
+    const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+    outermost = std::max(outermost, here);
+    Tick(here < outermost);
+}
+
+void Session::Tick(bool inLoop) {
+    DeliverInputs();
+    OwnTime::Pass(secondsPerRound);
+    if (++rounds % roundsPerStep != 0) {
+        return;
+    }
+    if (Screen::Running(*window).contains(QStringLiteral("dynamic collection"))) {
+        OtherThreads::LetThemLook();
+    }
+    if (JudgeNow(inLoop) && !window->IsClosing()) {
+        TakeStep();
+    }
+}
+
+bool Session::JudgeNow(bool inLoop) {
+    constexpr int looksOfDoubt = 30;
+    constexpr int looksToEnd = 500;
+    const QStringList complaints = judge.Look({inLoop, faulty, lying, window->IsClosing()});
+    if (!complaints.isEmpty()) {
+        Fail(complaints);
+    }
+    if (window->IsClosing() && ++looksSinceClose > looksToEnd) {
+        Fail({QStringLiteral("The window has been closed, and the program does not end.")});
+    }
+    doubtfulLooks = judge.Doubts().isEmpty() ? 0 : doubtfulLooks + 1;
+    if (doubtfulLooks > looksOfDoubt) {
+        Fail(judge.Doubts());
+    }
+    return doubtfulLooks == 0;
+}
+
+void Session::TakeStep() {
+    const std::optional<Step> step = next();
+    if (!step) {
+        over = true;
+        Operate({{QStringLiteral("close")}});
+        return;
+    }
+    if (onStep) {
+        onStep(*step);
+    }
+    digest.addData(step->ToText().toUtf8());
+    ++stepsDone;
+    faulty = faulty || MakesFaulty(*step);
+    lying = lying || (step->Verb() == QLatin1String("fault") && step->Word(3) == QLatin1String("result"));
+    Operate(*step);
+}
