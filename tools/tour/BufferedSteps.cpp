@@ -43,6 +43,10 @@ void ChooseController(Tour& tour) {
 /// A run with two samples. Whatever fails in it, the operator sees to it that it is stopped.
 void Run(Tour& tour) {
     Hand hand = OnPage(tour);
+    if (hand.IsEnabled("btnStop")) {
+        // It is still running from a try at which nothing could stop it.
+        hand.Click("btnStop");
+    }
     hand.Click("btnStart");
     for (int sample = 0; sample < 2 && hand.IsEnabled("btnSample"); ++sample) {
         TavikSimulator::AdvanceClock(0.5);

@@ -87,7 +87,8 @@ void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      },
                      [probe, other](Tour& tour) {
                          const QStringList rows = tour.Rows("listModules");
-                         return rows.contains(probe.module) && rows.contains(other.module);
+                         return tour.HasPage("tabNetwork") && rows.contains(probe.module) &&
+                                rows.contains(other.module);
                      },
                      LastResortOnly});
     AddPage(steps, other, LastResortOnly);

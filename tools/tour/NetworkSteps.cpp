@@ -95,6 +95,9 @@ void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      LastResortOnly});
     steps.push_back({QStringLiteral("module-moved-down"), added, Press("btnMoveDown"), StandsFromTheEnd(bench.wired, 0),
                      LastResortOnly});
+    for (auto moved = steps.end() - 2; moved != steps.end(); ++moved) {
+        moved->changes = true;
+    }
     AddFileSteps(steps, bench);
     steps.push_back({QStringLiteral("module-deleted"), added, Press("btnDeleteModule"),
                      [bench](Tour& tour) { return RowOf(tour, bench.wired) < 0; },
