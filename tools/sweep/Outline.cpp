@@ -21,12 +21,13 @@ Outline::Outline(const Course& course) {
     const TourBench bench = course.bench();
     Walk walk(bench);
     for (const TourStep& step : WholeWay(course, bench)) {
+        // What is slow and shows nothing but the time that it takes makes the same call over and over.
+        if (step.slow && !step.pictured) {
+            steps.push_back({step, 1, walk.FirstCallOf(step)});
+            continue;
+        }
         wrong += walk.Take(step);
         steps.push_back({step, 1, CallsThatFail(walk.CallsOfStep())});
-        // What is slow shows nothing but the time that it takes by making the same call over and over.
-        if (step.slow && !step.pictured) {
-            steps.back().calls.resize(std::min<std::size_t>(steps.back().calls.size(), 1));
-        }
     }
     wrong += walk.End();
     NumberCalls();

@@ -14,6 +14,10 @@ namespace {
 
 constexpr double slowSeconds = 3.0;
 
+/// So many boxes one after another, and whoever runs the library has seen to it that it works again. What can only be
+/// ended by the library would otherwise never end.
+constexpr int boxesUntilRepaired = 10;
+
 void Arm(const FailureInStep& failure) {
     Fault fault;
     fault.trigger = FaultTrigger::Nth;
@@ -38,6 +42,19 @@ void Arm(const FailureInStep& failure) {
         break;
     }
     AddFault(fault);
+}
+
+/// What could not be stopped while the library failed still runs, with the controls disabled but for what stops it.
+void StopWhatStillRuns(Tour& tour) {
+    Hand hand = tour.Operator();
+    const QWidget* modules = hand.Find("listModules");
+    for (const char* stop : {"btnStopNotify", "btnStopContinuous", "btnStopDiff", "btnStop"}) {
+        const QWidget* button = hand.Find(stop);
+        if (!modules->isEnabledTo(&tour.Window()) && button->isVisible() && button->isEnabled()) {
+            hand.Click(stop);
+            WaitUntil([&] { return modules->isEnabledTo(&tour.Window()); });
+        }
+    }
 }
 
 /// What is wrong with the state that every step must leave behind.
@@ -117,6 +134,14 @@ Verdict Walk::TakeFailing(const OutlinedStep& outlined, const FailureInStep& fai
     Begin();
     const double since = BenchTime();
     Arm(failure);
+    QTimer repair;
+    QObject::connect(&repair, &QTimer::timeout, [this] {
+        if (CriticalBoxes(tour.boxes.Peek()).size() >= boxesUntilRepaired) {
+            ClearFaults();
+        }
+    });
+    constexpr int lookMilliseconds = 10;
+    repair.start(lookMilliseconds);
     step.act(tour);
     Verdict verdict;
     verdict.struck = FirstStruck();
@@ -133,10 +158,24 @@ Verdict Walk::TakeFailing(const OutlinedStep& outlined, const FailureInStep& fai
         tour.boxes.Finish();
         Complaints::Take();
         if (!step.closes) {
+            StopWhatStillRuns(tour);
+            tour.boxes.Take();
             verdict.wrong += Disorder(tour) + TryAgain(step, failure.variant);
         }
     }
     return verdict;
+}
+
+std::vector<JournalEntry> Walk::FirstCallOf(const TourStep& step) {
+    Begin();
+    FailCall(1, failureCode, failureText);
+    step.act(tour);
+    WaitUntil([] { return QApplication::activeModalWidget() == nullptr; });
+    ClearFaults();
+    tour.boxes.Finish();
+    Complaints::Take();
+    const std::optional<JournalEntry> call = FirstStruck();
+    return call ? std::vector<JournalEntry>{*call} : std::vector<JournalEntry>();
 }
 
 /// The operator goes back to where the step begins, and takes it again unless he sees that it is done.

@@ -38,6 +38,8 @@ public:
     /// A step with a failing call: what the operator sees of it, whether everything can be used afterwards, and whether
     /// the step succeeds when it is tried again.
     Verdict TakeFailing(const OutlinedStep& outlined, const FailureInStep& failure);
+    /// The call that a step begins with, which fails for that; empty when it makes none.
+    std::vector<TavikSimulator::JournalEntry> FirstCallOf(const TourStep& step);
     /// Drops the window. Returns what is left of it that should not be.
     QStringList End();
 
