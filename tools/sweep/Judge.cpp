@@ -25,7 +25,7 @@ FailureBox DueBox(const TourStep& step) {
 
 /// Every box that can be due in a step: that of any of its calls, and the last resort.
 std::vector<FailureBox> PossibleBoxes(const OutlinedStep& outlined) {
-    std::vector<FailureBox> boxes{FailureBox()};
+    std::vector<FailureBox> boxes{FailureBox(), outlined.step.unusable};
     Calls calls;
     for (const JournalEntry& call : outlined.calls) {
         calls.push_back(call);
@@ -39,7 +39,7 @@ bool IsProper(const SeenBox& box) {
 }
 
 bool IsOf(const SeenBox& box, const FailureBox& due) {
-    return due.shown && box.title == due.title && box.text.startsWith(due.prefix) && box.text != due.prefix;
+    return due.shown && box.title == due.title && box.text.startsWith(due.prefix) && !box.text.isEmpty();
 }
 
 bool IsFor(const SeenBox& box, const FailureBox& due) {

@@ -21,6 +21,7 @@ Outline::Outline(const Course& course) {
     const TourBench bench = course.bench();
     Walk walk(bench);
     for (const TourStep& step : WholeWay(course, bench)) {
+        walk.WithoutPainting();
         // What is slow and shows nothing but the time that it takes makes the same call over and over.
         if (step.slow && !step.pictured) {
             steps.push_back({step, 1, walk.FirstCallOf(step)});

@@ -97,6 +97,7 @@ Sweep::TourOutcome Sweep::Take(const std::vector<Failure>& failures) {
         const TourStep& step = outline.Steps()[index].step;
         const auto isHere = [&] { return next != failures.end() && StepOf(*next) == index; };
         const bool quiet = !isHere();
+        walk.WithoutPainting();
         for (bool again = false; isHere(); ++next, again = true) {
             tour.outcomes.push_back(TakeStep(walk, *next, again));
         }
@@ -104,8 +105,6 @@ Sweep::TourOutcome Sweep::Take(const std::vector<Failure>& failures) {
         if (!wrong.isEmpty()) {
             tour.elsewhere.append(At(step, wrong));
         }
-        // Painting is no part of what can fail here, and takes most of the time.
-        walk.Way().Window().setUpdatesEnabled(false);
     }
     tour.elsewhere += walk.End();
     return tour;

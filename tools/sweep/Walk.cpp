@@ -199,6 +199,12 @@ QStringList Walk::TryAgain(const TourStep& step, Variant variant) {
     return wrong;
 }
 
+void Walk::WithoutPainting() {
+    if (tour.HasWindow()) {
+        tour.Window().setUpdatesEnabled(false);
+    }
+}
+
 QStringList Walk::End() {
     tour.DropWindow();
     return Complaints::Take() + Leftovers();

@@ -57,6 +57,7 @@ void ShowResults(Tour& tour) {
     BoxReply reply;
     reply.meanwhile = [&tour](QDialog& dialog) {
         tour.ReportDialog(dialog, QStringLiteral("difference-results-dialog"));
+        Hand(dialog).Click("btnClose");
     };
     tour.boxes.ExpectDialog(tour.Operator().Find("differenceModeWidget"), QStringLiteral("Difference Mode Results"),
                             reply);

@@ -36,6 +36,16 @@ void Notify(Tour& tour) {
     tour.Operator().Click("btnNotify");
 }
 
+/// Presses Notify and, once it listens, Stop Notify.
+void StopNotify(Tour& tour) {
+    const auto operatorsHand = Repeatedly([&tour] {
+        if (tour.Operator().IsEnabled("btnStopNotify")) {
+            tour.Operator().Click("btnStopNotify");
+        }
+    });
+    tour.Operator().Click("btnNotify");
+}
+
 void AddModule(Tour& tour) {
     BoxReply reply;
     reply.typed = tour.bench.wired.toLower();
@@ -85,6 +95,8 @@ void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     const Place added{Place::Network, bench.network, bench.wired};
     steps.push_back(
         {QStringLiteral("modules-announced"), network, Notify, Listed(bench.announced.last()), LastResortOnly});
+    steps.push_back(
+        {QStringLiteral("notify-stopped"), network, StopNotify, Listed(bench.announced.last()), LastResortOnly});
     steps.push_back({QStringLiteral("module-added"), network, AddModule, Listed(bench.wired),
                      Only("AddModule", QStringLiteral("Add Module"), errorPrefix)});
     steps.push_back({QStringLiteral("module-selected"), network,

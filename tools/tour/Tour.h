@@ -74,6 +74,8 @@ struct TourStep {
     std::function<bool(Tour& tour)> seen;
     /// What he sees when the last of these calls, made since the step began, fails.
     std::function<FailureBox(const std::vector<TavikSimulator::JournalEntry>& calls)> failure;
+    /// The box for a value from the library that the screen cannot do anything with, if there is one.
+    FailureBox unusable{false, QString(), QString()};
     bool closes = false;   ///< the window closes by this step
     bool slow = false;     ///< takes seconds in any case
     bool pictured = false; ///< a slow step that shows something worth a picture
