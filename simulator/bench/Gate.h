@@ -115,8 +115,9 @@ private:
                  Body& body, const Args&... args) {
         JournalEntry entry = Begin(number, object, operation);
         entry.arguments = ArgumentsText(args...);
+        entry.takesCode = canFail && CanReturnResult<Body>();
         try {
-            const std::optional<int> code = canFail ? Struck(entry, CanReturnResult<Body>()) : std::nullopt;
+            const std::optional<int> code = canFail ? Struck(entry, entry.takesCode) : std::nullopt;
             SpendTime(wait);
             if constexpr (std::is_void_v<decltype(Run(body, code))>) {
                 Locked(body, code);

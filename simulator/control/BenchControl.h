@@ -61,13 +61,14 @@ struct JournalEntry {
     double time = 0.0;        ///< bench time at the call's beginning, in seconds
     int thread = 0;           ///< threads are numbered from 1 in the order of their first call
     std::string object;
-    std::string operation; ///< as declared, for example "ReadInCounts", "setNetSpeed", "~TavikServer"
-    std::string arguments; ///< for example "3" or "\"KX20000001\", \"\""
-    std::string result;    ///< the result; empty for a call without one and for one that failed
-    bool failed = false;   ///< the call threw
-    bool faulted = false;  ///< a fault took part in it
-    int errorCode = 0;     ///< of the TavikException it threw
-    std::string error;     ///< the text it threw
+    std::string operation;  ///< as declared, for example "ReadInCounts", "setNetSpeed", "~TavikServer"
+    std::string arguments;  ///< for example "3" or "\"KX20000001\", \"\""
+    std::string result;     ///< the result; empty for a call without one and for one that failed
+    bool failed = false;    ///< the call threw
+    bool faulted = false;   ///< a fault took part in it
+    int errorCode = 0;      ///< of the TavikException it threw
+    std::string error;      ///< the text it threw
+    bool takesCode = false; ///< the effect Result can put a code in place of its result
 };
 
 /// Starts the journal, empty; the oldest entries make room for new ones beyond the capacity.

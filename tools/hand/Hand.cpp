@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -269,6 +270,22 @@ bool Hand::Enter(const char* name, const QString& text) {
     }
     QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
     TypeInto(widget, text);
+    return true;
+}
+
+bool Hand::Use(QWidget* control) {
+    if (qobject_cast<QAbstractButton*>(control) != nullptr) {
+        return Click(control);
+    }
+    if (!CanUse(control)) {
+        return false;
+    }
+    const auto* box = qobject_cast<QComboBox*>(control);
+    const auto* spin = qobject_cast<QSpinBox*>(control);
+    const bool fromTheLast = (box != nullptr && box->currentIndex() == box->count() - 1) ||
+                             (spin != nullptr && spin->value() == spin->maximum());
+    // The next row is below, the next number above.
+    QTest::keyClick(control, (box != nullptr) != fromTheLast ? Qt::Key_Down : Qt::Key_Up);
     return true;
 }
 

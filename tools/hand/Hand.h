@@ -60,6 +60,8 @@ public:
     bool Choose(const char* comboBox, int row);
     /// Replaces what stands in a field or a spin box, letter by letter.
     bool Enter(const char* field, const QString& text);
+    /// Uses a control somehow: presses a button, goes one row or step on, or back from the last.
+    bool Use(QWidget* control);
     bool Trigger(const char* menu, const char* action);
 
     /// Presses a key on whatever has the focus in the window.

@@ -111,6 +111,19 @@ void PassLivePressure(Tour& tour, QDialog& wizard) {
     PressNext(tour, wizard, 2);
 }
 
+/// Goes on and back again, and gives the mastering up at the start.
+void CancelMastering(Tour& tour) {
+    tour.boxes.ExpectUse(Panel(tour), wizardTitle, [&tour](QDialog& wizard) {
+        Hand(wizard).Click("btnNext");
+        if (Hand(wizard).IsEnabled("btnBack")) {
+            Hand(wizard).Click("btnBack");
+        }
+        tour.boxes.ExpectQuestion(&wizard, QStringLiteral("Cancel Mastering"), QStringLiteral("Are you sure?"), {});
+        Hand(wizard).Click("btnCancel");
+    });
+    Hand(*Panel(tour)).Click("btnMaster");
+}
+
 /// Whoever cannot finish the mastering gives it up.
 void GiveUp(Tour& tour, QDialog& wizard) {
     if (!wizard.isVisible()) {
@@ -155,6 +168,8 @@ void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     steps.push_back({QStringLiteral("air-gauge-reset"), gauge, ResetToFactory,
                      [](Tour& tour) { return Field(tour, "tbLimitHigh") == QLatin1String("0.0200 mm"); },
                      ButForThePanelsReading(ConfigurationFailure)});
+    steps.push_back({QStringLiteral("air-gauge-mastering-cancelled"), gauge, CancelMastering,
+                     [](Tour& tour) { return Panel(tour)->isVisible(); }, MasteringFailure});
     steps.push_back({QStringLiteral("air-gauge-mastered"), gauge, Master,
                      [](Tour& tour) { return Field(tour, "tbStatus") == QLatin1String("Mastered"); },
                      MasteringFailure});

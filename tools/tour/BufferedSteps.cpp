@@ -32,18 +32,22 @@ void SetInterval(Tour& tour) {
 void ChooseMaster(Tour& tour) {
     Hand hand = OnPage(tour);
     hand.Click("radioSample");
-    hand.The<QComboBox>("cbMasterAddress")->setCurrentIndex(1);
+    hand.Choose("cbMasterAddress", 1);
     hand.Enter("sbCountsPerSample", QStringLiteral("50"));
     tour.Operator().Press(Qt::Key_Return);
 }
 
 void ChooseController(Tour& tour) {
-    OnPage(tour).The<QComboBox>("cbMasterAddress")->setCurrentIndex(0);
+    OnPage(tour).Choose("cbMasterAddress", 0);
 }
 
 /// A run with two samples. Whatever fails in it, the operator sees to it that it is stopped.
 void Run(Tour& tour) {
     Hand hand = OnPage(tour);
+    if (hand.IsEnabled("btnStop")) {
+        // It is still running from a try at which nothing could stop it.
+        hand.Click("btnStop");
+    }
     hand.Click("btnStart");
     for (int sample = 0; sample < 2 && hand.IsEnabled("btnSample"); ++sample) {
         LetTimePass(0.5);

@@ -32,6 +32,10 @@ FailureBox OfRun(const Calls& calls) {
 
 void Run(Tour& tour) {
     tour.Operator().SelectPage("tabDifference");
+    if (tour.Operator().IsEnabled("btnStopDiff")) {
+        // It is still running from a try at which nothing could stop it.
+        tour.Operator().Click("btnStopDiff");
+    }
     int looks = 0;
     const auto operatorsHand = Repeatedly([&] {
         LetTimePass(1.0);
@@ -54,6 +58,7 @@ void ShowResults(Tour& tour) {
     BoxReply reply;
     reply.meanwhile = [&tour](QDialog& dialog) {
         tour.ReportDialog(dialog, QStringLiteral("difference-results-dialog"));
+        Hand(dialog).Click("btnClose");
     };
     tour.boxes.ExpectDialog(tour.Operator().Find("differenceModeWidget"), QStringLiteral("Difference Mode Results"),
                             reply);
@@ -90,7 +95,8 @@ void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      },
                      [probe, other](Tour& tour) {
                          const QStringList rows = tour.Rows("listModules");
-                         return rows.contains(probe.module) && rows.contains(other.module);
+                         return tour.HasPage("tabNetwork") && rows.contains(probe.module) &&
+                                rows.contains(other.module);
                      },
                      LastResortOnly});
     AddPage(steps, other, LastResortOnly);

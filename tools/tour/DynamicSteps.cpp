@@ -40,7 +40,7 @@ void UseMaster(Tour& tour) {
     Hand hand = tour.Operator();
     Click(tour, "radioSyncExternal");
     auto* masters = hand.The<QComboBox>("cbExternalMaster");
-    masters->setCurrentIndex(masters->findText(tour.bench.master));
+    hand.Choose("cbExternalMaster", masters->findText(tour.bench.master));
     Enter(tour, "sbModulesInCollection", tour.Rows("listModules").indexOf(tour.bench.master));
     if (hand.IsEnabled("listDynamicMasterMode")) {
         hand.SelectRow("listDynamicMasterMode", 1);
@@ -58,6 +58,15 @@ bool MasterIsUsed(Tour& tour) {
 void UseController(Tour& tour) {
     GoToPage(tour);
     Click(tour, "radioSyncNormal");
+    const int modules = tour.Operator().The<QSpinBox>("sbModulesInCollection")->value();
+    Enter(tour, "sbModulesInCollection", modules + 1);
+    Enter(tour, "sbModulesInCollection", modules);
+    if (tour.Operator().IsEnabled("listDynamicModules")) {
+        tour.Operator().SelectRow("listDynamicModules", 0);
+    }
+    if (tour.Operator().IsEnabled("listRate")) {
+        tour.Operator().SelectRow("listRate", 0);
+    }
     Enter(tour, "sbNumSyncs", tour.bench.syncs);
 }
 

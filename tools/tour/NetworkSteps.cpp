@@ -37,6 +37,16 @@ void Notify(Tour& tour) {
     tour.Operator().Click("btnNotify");
 }
 
+/// Presses Notify and, once it listens, Stop Notify.
+void StopNotify(Tour& tour) {
+    const auto operatorsHand = Repeatedly([&tour] {
+        if (tour.Operator().IsEnabled("btnStopNotify")) {
+            tour.Operator().Click("btnStopNotify");
+        }
+    });
+    tour.Operator().Click("btnNotify");
+}
+
 void AddModule(Tour& tour) {
     BoxReply reply;
     reply.typed = tour.bench.wired.toLower();
@@ -86,6 +96,8 @@ void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     const Place added{Place::Network, bench.network, bench.wired};
     steps.push_back(
         {QStringLiteral("modules-announced"), network, Notify, Listed(bench.announced.last()), LastResortOnly});
+    steps.push_back(
+        {QStringLiteral("notify-stopped"), network, StopNotify, Listed(bench.announced.last()), LastResortOnly});
     steps.push_back({QStringLiteral("module-added"), network, AddModule, Listed(bench.wired),
                      Only("AddModule", QStringLiteral("Add Module"), errorPrefix)});
     steps.push_back({QStringLiteral("module-selected"), network,
@@ -96,6 +108,9 @@ void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      LastResortOnly});
     steps.push_back({QStringLiteral("module-moved-down"), added, Press("btnMoveDown"), StandsFromTheEnd(bench.wired, 0),
                      LastResortOnly});
+    for (auto moved = steps.end() - 2; moved != steps.end(); ++moved) {
+        moved->changes = true;
+    }
     AddFileSteps(steps, bench);
     steps.push_back({QStringLiteral("module-deleted"), added, Press("btnDeleteModule"),
                      [bench](Tour& tour) { return RowOf(tour, bench.wired) < 0; },

@@ -55,7 +55,7 @@ public:
         Add(
             name,
             [=](Hand hand) {
-                hand.The<QComboBox>(combo)->setCurrentIndex(index);
+                hand.Choose(combo, index);
                 hand.Click(button);
             },
             [=](Hand hand) { return hand.The<QComboBox>(combo)->currentIndex() == index; });
@@ -92,7 +92,7 @@ void AddEncoder(PanelSteps panel) {
     panel.Add(
         "preset",
         [](Hand hand) {
-            hand.The<QSpinBox>("sbPreset")->setValue(4711);
+            hand.Enter("sbPreset", QStringLiteral("4711"));
             hand.Click("btnPresetinCounts");
         },
         [](Hand hand) { return hand.The<QSpinBox>("sbPreset")->value() == 4711; });
@@ -102,7 +102,7 @@ void AddEncoder(PanelSteps panel) {
 void AddLinearEncoder(PanelSteps panel) {
     const auto preset = [](double value, const char* button) {
         return [value, button](Hand hand) {
-            hand.The<QDoubleSpinBox>("sbPreset")->setValue(value);
+            hand.Enter("sbPreset", QString::number(value));
             hand.Click(button);
         };
     };
@@ -127,6 +127,7 @@ void AddTenPins(PanelSteps panel) {
     panel.AddClick("output-2-is-active", "radioOutputHigh2");
     panel.AddClick("output-2-is-inactive", "radioOutputLow2");
     panel.AddClick("output-1-is-active-low", "radioActiveStateLowOut1");
+    panel.AddClick("output-1-is-active-high", "radioActiveStateHighOut1");
     panel.AddClick("input-3-is-active-low", "radioActiveStateLowIn3");
     panel.AddClick("input-3-is-active-high", "radioActiveStateHighIn3");
     panel.AddEntry("output-mode-set", "cbOutputMode", 1, "btnSetOutputMode");
@@ -148,7 +149,7 @@ void AddFilter(PanelSteps panel) {
     panel.Add(
         "level-cut-set",
         [](Hand hand) {
-            hand.The<QSpinBox>("sbAvailableLevelCutTime")->setValue(25);
+            hand.Enter("sbAvailableLevelCutTime", QStringLiteral("25"));
             hand.Click("btnSetLevelCut");
         },
         [](Hand hand) { return hand.Text("tbCurrentLevelCutTime") == QLatin1String("25"); });

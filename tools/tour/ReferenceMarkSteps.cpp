@@ -37,7 +37,7 @@ void Recall(Tour& tour) {
     hand.SelectPage("tabRefMark");
     hand.Click("radioRecall");
     hand.Click("radioUnits");
-    hand.The<QDoubleSpinBox>("sbRecallValue")->setValue(-2.5);
+    hand.Enter("sbRecallValue", QStringLiteral("-2.5"));
     Find(tour, [](Hand) {});
 }
 

@@ -26,6 +26,11 @@ void Tour::DropWindow() {
     Settle();
 }
 
+bool Tour::HasPage(const char* name) {
+    const auto* pages = Operator().The<QTabWidget>("tabWidget");
+    return pages != nullptr && pages->indexOf(Operator().Find(name)) >= 0;
+}
+
 QStringList Tour::Rows(const char* name) {
     QStringList rows;
     const auto* list = Operator().The<QListWidget>(name);
@@ -77,7 +82,9 @@ std::vector<TourStep> PanelTourSteps(const TourBench& bench) {
         const Place place{Place::Module, bench.shown, identity};
         steps.push_back({QStringLiteral("connected"), Place{Place::Server, bench.shown, QString()},
                          [](Tour& tour) { tour.Operator().Click("btnConnectAll"); },
-                         [identity](Tour& tour) { return tour.Rows("listModules").contains(identity); },
+                         [identity](Tour& tour) {
+                             return tour.HasPage("tabNetwork") && tour.Rows("listModules").contains(identity);
+                         },
                          LastResortOnly});
         AddPage(steps, place, Selection(TitleOfOwnFilling(identity)));
         AddPanelSteps(steps, place);

@@ -45,6 +45,8 @@ public:
     /// Goes to a place from wherever a failure left the operator, having everything shown anew.
     void GoTo(const Place& place);
 
+    /// Whether the page of this name stands among the pages of the window.
+    bool HasPage(const char* name);
     QStringList Rows(const char* list);
     QString Cell(int row, int column);
     /// To be told of every dialog that opens on the way, by a name for its picture.
@@ -72,9 +74,12 @@ struct TourStep {
     std::function<bool(Tour& tour)> seen;
     /// What he sees when the last of these calls, made since the step began, fails.
     std::function<FailureBox(const std::vector<TavikSimulator::JournalEntry>& calls)> failure;
+    /// The box for a value from the library that the screen cannot do anything with, if there is one.
+    FailureBox unusable{false, QString(), QString()};
     bool closes = false;   ///< the window closes by this step
     bool slow = false;     ///< takes seconds in any case
     bool pictured = false; ///< a slow step that shows something worth a picture
+    bool changes = false;  ///< taking it once more changes something once more
 };
 
 /// All steps, in order. A screen that joins the program joins the tour by adding its steps.

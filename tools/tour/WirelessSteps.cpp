@@ -1,5 +1,7 @@
 #include "tools/tour/Steps.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
 #include <QLabel>
 #include <QSpinBox>
 
@@ -86,6 +88,8 @@ void ReadTool(Tour& tour) {
                 Hand(dialog).Click("btnStartStopReading");
             }
         };
+        Hand(dialog).Click("radioTagged");
+        Hand(dialog).Click("radioNormal");
         const auto operatorsHand = Repeatedly(stop);
         Hand(dialog).Click("btnStartStopReading");
         Hand(dialog).Click("btnClose");
@@ -94,13 +98,32 @@ void ReadTool(Tour& tour) {
     tour.Operator().Click("btnRead1");
 }
 
+/// Every control that the operator can use at that moment, in the order in which the form lists them.
+void UseEverything(QDialog& dialog) {
+    const QList<QWidget*> widgets = dialog.findChildren<QWidget*>();
+    for (QWidget* widget : widgets) {
+        const bool changes = qobject_cast<QAbstractButton*>(widget) != nullptr ||
+                             qobject_cast<QComboBox*>(widget) != nullptr ||
+                             qobject_cast<QAbstractSpinBox*>(widget) != nullptr;
+        if (changes && widget->isVisible() && widget->isEnabled() &&
+            widget->objectName() != QLatin1String("btnClose")) {
+            Hand(dialog).Use(widget);
+        }
+    }
+}
+
 /// Opens the settings of a slot, writes one number that the form shows, and closes them.
 void ChangeSettings(Tour& tour, const char* button, const QString& title, const char* field, const QString& picture) {
     BoxReply reply;
     reply.meanwhile = [&](QDialog& dialog) {
         tour.ReportDialog(dialog, picture);
-        auto* spin = Hand(dialog).The<QSpinBox>(field);
-        spin->setValue(spin->value() == spin->maximum() ? spin->minimum() : spin->value() + 1);
+        UseEverything(dialog);
+        // The time can be set again only when the box beside it is on again.
+        Hand(dialog).Click("cbAutoPowerOffEnabled");
+        if (Hand(dialog).IsEnabled("sbAutoPowerOffTime")) {
+            Hand(dialog).Use(Hand(dialog).Find("sbAutoPowerOffTime"));
+        }
+        Hand(dialog).Use(Hand(dialog).Find(field));
         Hand(dialog).Click("btnClose");
     };
     tour.boxes.ExpectDialog(&tour.Window(), title, reply);
@@ -112,6 +135,7 @@ void ConnectAnotherTool(Tour& tour) {
     hand.Click("tbTavikID6");
     hand.Press(Qt::Key_A, Qt::ControlModifier);
     hand.Type(tour.bench.freeTool);
+    hand.Enter("tbName6", QStringLiteral("Another"));
     hand.Click("btnApplySettings");
     const auto* wait = hand.The<QLabel>("lblWait");
     if (wait->isVisible()) {
@@ -133,6 +157,7 @@ TourStep SettingsStep(const QString& name, const Place& place, const char* butto
     step.act = [=](Tour& tour) { ChangeSettings(tour, button, title, field, name + QStringLiteral("-dialog")); };
     step.seen = [](Tour& tour) { return Panel(tour)->isVisible(); };
     step.failure = OfSettings;
+    step.unusable = {true, QStringLiteral("RLK Config"), QStringLiteral("Unsupported KRV type")};
     step.slow = true;
     step.pictured = true;
     return step;
