@@ -13,8 +13,6 @@ namespace {
 
 using Calls = std::vector<JournalEntry>;
 
-constexpr int patience = 1000; // milliseconds
-
 /// What the operator should see of the first call that was struck.
 FailureBox DueBox(const TourStep& step) {
     Calls calls = TavikSimulator::Journal();
@@ -97,8 +95,8 @@ QVector<SeenBox> CriticalBoxes(const QVector<SeenBox>& boxes) {
 QStringList JudgeBoxes(BoxAnswerer& boxes, const OutlinedStep& outlined, Variant variant) {
     const FailureBox due = DueBox(outlined.step);
     const bool shown = due.shown && variant != Variant::Code;
-    WaitUntil([&] { return !shown || !CriticalBoxes(boxes.Peek()).isEmpty(); }, patience);
-    WaitUntil([] { return QApplication::activeModalWidget() == nullptr; }, patience);
+    WaitUntil([&] { return !shown || !CriticalBoxes(boxes.Peek()).isEmpty(); });
+    WaitUntil([] { return QApplication::activeModalWidget() == nullptr; });
     Settle();
     const QVector<SeenBox> seen = CriticalBoxes(boxes.Take());
     switch (variant) {
