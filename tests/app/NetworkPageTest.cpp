@@ -49,10 +49,6 @@ private slots:
     void refreshKeepsTheSelectedModule();
     void numbersOfCallsOfARefresh();
     void currentRowIsAlwaysSeen();
-    void keysThatComeTooLate_data();
-    void keysThatComeTooLate();
-    void pagesOfAModuleThatIsGone_data();
-    void pagesOfAModuleThatIsGone();
 
 private:
     void Answer(const QString& identity, bool accept = true) {
@@ -360,68 +356,6 @@ void NetworkPageTest::currentRowIsAlwaysSeen() {
     QCOMPARE(list->currentRow(), 1);
     QVERIFY(list->item(1)->isSelected());
     QVERIFY(!list->item(0)->isSelected());
-}
-
-void NetworkPageTest::keysThatComeTooLate_data() {
-    QTest::addColumn<QString>("object");
-    QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<bool>("closed");
-    const auto add = [](const QString& object, const char* slot) {
-        QTest::newRow(slot) << object << QByteArray(slot) << false;
-    };
-    for (const char* slot : {"on_btnNotify_clicked", "on_btnStopNotify_clicked", "on_btnAddModule_clicked",
-                             "on_btnDeleteModule_clicked", "on_btnClearModules_clicked", "on_btnClearTcons_clicked",
-                             "on_btnMoveUp_clicked", "on_btnMoveDown_clicked", "on_btnHotswap_clicked",
-                             "on_btnPing_clicked", "on_btnSetSpeed_clicked", "on_btnLoadXML_clicked",
-                             "on_btnSaveXML_clicked"}) {
-        add(QString(), slot);
-    }
-    for (const char* slot : {"on_btnRead_clicked", "on_btnStartContinuous_clicked", "on_btnTimeReadings_clicked",
-                             "on_btnGetStatus_clicked"}) {
-        add(QStringLiteral("moduleWidget"), slot);
-    }
-    for (const char* slot : {"on_btnAddModule_clicked", "on_btnLoadXML_clicked", "on_btnSaveXML_clicked"}) {
-        QTest::addRow("%s, closed", slot) << QString() << QByteArray(slot) << true;
-    }
-    QTest::newRow("closed") << QStringLiteral("moduleWidget") << QByteArray("on_btnRead_clicked") << true;
-}
-
-/// A button's key clicks the button 0.1 s later; by then the networks may be disconnected or the window closed.
-void NetworkPageTest::keysThatComeTooLate() {
-    QFETCH(QString, object);
-    QFETCH(QByteArray, slot);
-    QFETCH(bool, closed);
-    OpenModule(Benches::Two(), 1);
-    if (closed) {
-        Window().close();
-    } else {
-        QVERIFY(Operator().SelectPage("tabServer"));
-        QVERIFY(Operator().Click("btnDisconnectAll"));
-    }
-    Calls::Mark();
-    QObject* receiver = object.isEmpty() ? &Window() : Window().findChild<QObject*>(object);
-    QVERIFY(QMetaObject::invokeMethod(receiver, slot.constData()));
-    COMPARE_CALLS(Calls::Take(), {});
-    QCOMPARE(boxes.Count(), 0);
-}
-
-void NetworkPageTest::pagesOfAModuleThatIsGone_data() {
-    QTest::addColumn<QByteArray>("button");
-    for (const char* button : {"btnDeleteModule", "btnClearModules"}) {
-        QTest::newRow(button) << QByteArray(button);
-    }
-}
-
-/// Also when the list cannot be shown anew.
-void NetworkPageTest::pagesOfAModuleThatIsGone() {
-    QFETCH(QByteArray, button);
-    OpenModule(Benches::Two(), 0);
-    QVERIFY(Operator().SelectPage("tabNetwork"));
-    FailNext("BufferedCapable", QStringLiteral("Silence."), "network Alpha");
-    boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("Silence."));
-    QVERIFY(Operator().Click(button.constData()));
-    QTRY_COMPARE(boxes.Count(), 1);
-    QCOMPARE(Pages().size(), 2);
 }
 
 TAVIK_TEST_MAIN(NetworkPageTest)
