@@ -187,7 +187,7 @@ void MainWindow::ShowSelectedNetwork() {
 // The selected network's page
 
 void MainWindow::RefreshNetworkPage() {
-    if (IsClosing()) {
+    if (!HasNetwork()) {
         return;
     }
     const WaitCursor waitCursor;
@@ -226,9 +226,9 @@ void MainWindow::on_listModules_currentRowChanged(int currentRow) {
 
 // Changing the module list
 
-/// A button's key clicks it a moment later, when the network may be disconnected or the window closed.
+/// A button's key clicks it a moment later, when the network's page may be gone or the window closed.
 bool MainWindow::HasNetwork() const {
-    return network != nullptr && !IsClosing();
+    return network != nullptr && ui->tabWidget->indexOf(ui->tabNetwork) >= 0 && !IsClosing();
 }
 
 template <class Calls>
@@ -264,7 +264,7 @@ void MainWindow::on_btnNotify_clicked() {
 }
 
 void MainWindow::on_btnStopNotify_clicked() {
-    if (HasNetwork()) {
+    if (network != nullptr) {
         LastResort::Run([this] { network->CancelNotifying(); });
     }
 }

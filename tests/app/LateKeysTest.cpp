@@ -10,6 +10,7 @@ class LateKeysTest : public ProgramTest {
 private slots:
     void keysThatComeTooLate_data();
     void keysThatComeTooLate();
+    void keyAfterOneNetworkWasDisconnected();
     void pagesOfAModuleThatIsGone_data();
     void pagesOfAModuleThatIsGone();
 };
@@ -55,6 +56,15 @@ void LateKeysTest::keysThatComeTooLate() {
     QVERIFY(QMetaObject::invokeMethod(receiver, slot.constData()));
     COMPARE_CALLS(Calls::Take(), {});
     QCOMPARE(boxes.Count(), 0);
+}
+
+void LateKeysTest::keyAfterOneNetworkWasDisconnected() {
+    OpenModule(Benches::Two(), 1);
+    QVERIFY(Operator().SelectPage("tabServer"));
+    QVERIFY(Operator().ClickCellButton("tableNetworks", 0, 5));
+    Calls::Mark();
+    QVERIFY(QMetaObject::invokeMethod(&Window(), "on_btnPing_clicked"));
+    COMPARE_CALLS(Calls::Take(), {});
 }
 
 void LateKeysTest::pagesOfAModuleThatIsGone_data() {
