@@ -42,7 +42,7 @@ Run RunMonkey(const QStringList& arguments) {
 QStringList StepsNamedIn(const QString& output) {
     QStringList steps;
     QRegularExpressionMatchIterator lines =
-        QRegularExpression(QStringLiteral("^    (?!bench )(.*)$"), QRegularExpression::MultilineOption)
+        QRegularExpression(QStringLiteral("^    (?!bench |#)(.*)$"), QRegularExpression::MultilineOption)
             .globalMatch(output);
     while (lines.hasNext()) {
         steps.append(lines.next().captured(1));
