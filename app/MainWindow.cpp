@@ -4,6 +4,7 @@
 #include "app/Connections.h"
 #include "app/ErrorDecoder.h"
 #include "app/ModulePages.h"
+#include "app/NetworkCapabilities.h"
 #include "app/NetworkFiles.h"
 #include "app/NetworksTable.h"
 #include "app/NotifyRun.h"
@@ -24,7 +25,6 @@
 
 #include <initializer_list>
 
-using TavikLibrary::eNetSpeed;
 using TavikLibrary::TavikNetwork;
 
 namespace {
@@ -35,8 +35,6 @@ const QLatin1String errorPrefix("Error: ");
 
 /// Pages before the ones of the selected network.
 constexpr int serverPages = 1;
-/// Pages before the ones of the selected module.
-constexpr int networkPages = 2;
 
 ModulePages::Pages PagesOf(const Ui::MainWindow& ui) {
     return {ui.tabWidget,
@@ -189,35 +187,19 @@ void MainWindow::ShowSelectedNetwork() {
 // The selected network's page
 
 void MainWindow::RefreshNetworkPage() {
-    if (IsClosing()) {
+    if (!HasNetwork()) {
         return;
     }
     const WaitCursor waitCursor;
-    ShowNetworkCapabilities();
+    ShowCapabilities(*ui->tabNetwork, *network);
     ShowSpeeds();
     ListModules();
-}
-
-void MainWindow::ShowNetworkCapabilities() {
-    ui->lblBufferedCapable->ShowCapability("Buffered Capable:\t\t\t", network->BufferedCapable());
-    ui->lblBufferedExternalSourceCapable->ShowCapability("Buffered External Source Capable:\t\t",
-                                                         network->BufferedExternalSourceCapable());
-    ui->lblDynamicCapable->ShowCapability("Dynamic Capable:\t\t\t\t", network->DynamicCapable());
-    // Shows the same answer as the line above it, as operators of this tool are used to.
-    ui->lblDynamic2Capable->ShowCapability("Dynamic 2 Capable:\t\t\t", network->DynamicCapable());
-    ui->lblDynamicExternalSourceCapable->ShowCapability("Dynamic External Source Capable:\t\t",
-                                                        network->DynamicExternalSourceCapable());
-    ui->lblReadburstCapable->ShowCapability("Readburst Capable:\t\t\t", network->ReadBurstCapable());
-    ui->lblLowSpeedCapable->ShowCapability("Low Speed Capable:\t\t", network->SpeedAvailable(eNetSpeed::Low));
-    ui->lblHighSpeedCapable->ShowCapability("High Speed Capable:\t\t", network->SpeedAvailable(eNetSpeed::High));
-    ui->lblUltraHighSpeedCapable->ShowCapability("Ultra High Speed Capable:\t\t",
-                                                 network->SpeedAvailable(eNetSpeed::UltraHigh));
 }
 
 void MainWindow::ShowSpeeds() {
     ui->editCurrentSpeed->setText(FromLibrary(TavikLibrary::eNetSpeed_ToString(network->NetSpeed())));
     ui->listAvailableSpeeds->clear();
-    for (const eNetSpeed speed : network->AvailableSpeeds()) {
+    for (const TavikLibrary::eNetSpeed speed : network->AvailableSpeeds()) {
         ui->listAvailableSpeeds->addItem(FromLibrary(TavikLibrary::eNetSpeed_ToString(speed)));
     }
 }
@@ -244,14 +226,20 @@ void MainWindow::on_listModules_currentRowChanged(int currentRow) {
 
 // Changing the module list
 
-/// A button's key clicks it a moment later, when the network may be disconnected or the window closed.
+/// A button's key clicks it a moment later, when the network's page may be gone or the window closed.
 bool MainWindow::HasNetwork() const {
-    return network != nullptr && !IsClosing();
+    return network != nullptr && ui->tabWidget->indexOf(ui->tabNetwork) >= 0 && !IsClosing();
 }
 
-/// A module that leaves the list dies; its pages must not stay, should showing the list as it is now fail.
-void MainWindow::DropModulePages() {
-    modulePages->RemoveFrom(networkPages);
+template <class Calls>
+void MainWindow::ChangeModules(const QString& title, Calls&& calls) {
+    if (HasNetwork()) {
+        Guarded(this, title, errorPrefix, [&] {
+            calls();
+            modulePages->Forget();
+        });
+        LastResort::Run([this] { RefreshNetworkPage(); });
+    }
 }
 
 void MainWindow::on_btnNotify_clicked() {
@@ -276,7 +264,7 @@ void MainWindow::on_btnNotify_clicked() {
 }
 
 void MainWindow::on_btnStopNotify_clicked() {
-    if (HasNetwork()) {
+    if (network != nullptr) {
         LastResort::Run([this] { network->CancelNotifying(); });
     }
 }
@@ -289,43 +277,26 @@ void MainWindow::on_btnAddModule_clicked() {
     const QString identity = QInputDialog::getText(this, QStringLiteral("Add module by ID"),
                                                    QStringLiteral("Enter the module tavik identity."),
                                                    QLineEdit::Normal, QString(), &accepted);
-    if (!accepted || IsClosing()) {
+    if (!accepted) {
         return;
     }
-    Guarded(this, QStringLiteral("Add Module"), errorPrefix,
-            [&] { network->AddModule(ToLibrary(identity.toUpper()), std::string()); });
-    LastResort::Run([this] { RefreshNetworkPage(); });
+    ChangeModules(QStringLiteral("Add Module"),
+                  [&] { network->AddModule(ToLibrary(identity.toUpper()), std::string()); });
 }
 
 void MainWindow::on_btnDeleteModule_clicked() {
     const int row = ui->listModules->currentRow();
-    if (row < 0 || !HasNetwork()) {
-        return;
+    if (row >= 0) {
+        ChangeModules(QStringLiteral("Delete Module"), [&] { network->DeleteModule(row); });
     }
-    Guarded(this, QStringLiteral("Delete Module"), errorPrefix, [&] {
-        network->DeleteModule(row);
-        DropModulePages();
-    });
-    LastResort::Run([this] { RefreshNetworkPage(); });
 }
 
 void MainWindow::on_btnClearModules_clicked() {
-    if (!HasNetwork()) {
-        return;
-    }
-    Guarded(this, QStringLiteral("Clear Modules"), errorPrefix, [this] {
-        network->ClearModules();
-        DropModulePages();
-    });
-    LastResort::Run([this] { RefreshNetworkPage(); });
+    ChangeModules(QStringLiteral("Clear Modules"), [this] { network->ClearModules(); });
 }
 
 void MainWindow::on_btnClearTcons_clicked() {
-    if (!HasNetwork()) {
-        return;
-    }
-    Guarded(this, QStringLiteral("Clear TCons"), errorPrefix, [this] { network->ClearTCons(); });
-    LastResort::Run([this] { RefreshNetworkPage(); });
+    ChangeModules(QStringLiteral("Clear TCons"), [this] { network->ClearTCons(); });
 }
 
 void MainWindow::on_btnMoveUp_clicked() {
@@ -358,7 +329,7 @@ void MainWindow::on_btnHotswap_clicked() {
     const WaitCursor waitCursor;
     Guarded(this, errorTitle, QString(), [this] {
         network->FindHotswapped();
-        DropModulePages();
+        modulePages->Forget();
         RefreshNetworkPage();
     });
 }
@@ -390,20 +361,14 @@ void MainWindow::on_btnSetSpeed_clicked() {
 }
 
 void MainWindow::on_btnLoadXML_clicked() {
-    if (!HasNetwork()) {
-        return;
-    }
-    if (LoadNetwork(this, network)) {
-        DropModulePages();
+    if (HasNetwork() && LoadNetwork(this, network)) {
+        modulePages->Forget();
         LastResort::Run([this] { RefreshNetworkPage(); });
     }
 }
 
 void MainWindow::on_btnSaveXML_clicked() {
-    if (!HasNetwork()) {
-        return;
-    }
-    if (SaveNetwork(this, network)) {
+    if (HasNetwork() && SaveNetwork(this, network)) {
         LastResort::Run([this] { RefreshNetworkPage(); });
     }
 }

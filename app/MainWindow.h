@@ -67,12 +67,12 @@ private:
     void ShowSelectedNetwork();
 
     void RefreshNetworkPage();
-    void ShowNetworkCapabilities();
     void ShowSpeeds();
     void ListModules();
 
     bool HasNetwork() const;
-    void DropModulePages();
+    template <class Calls>
+    void ChangeModules(const QString& title, Calls&& calls);
     void MoveSelectedModule(int step);
     void SetControlsEnabled(bool enable);
 

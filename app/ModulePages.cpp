@@ -62,6 +62,10 @@ void ModulePages::Add(TavikLibrary::TavikNetwork* network, TavikLibrary::TavikMo
     }
 }
 
+void ModulePages::Forget() {
+    RemoveFrom(networkPages);
+}
+
 void ModulePages::RemoveFrom(int index) {
     // A page that goes loses the focus, which ends editing in it; that must not reach a library object that is gone.
     pages.module.panel->ForgetModule();

@@ -42,6 +42,10 @@ public:
     /// what the library throws; the pages added until then stay.
     void Show(TavikLibrary::TavikNetwork* network, int row);
 
+    /// Takes away the module's pages. A module that leaves the list dies; its pages must not stay, should showing the
+    /// list as it is now fail.
+    void Forget();
+
     /// Takes away the pages from an index of the tab set on.
     void RemoveFrom(int index);
 

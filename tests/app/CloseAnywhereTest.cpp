@@ -24,9 +24,9 @@ constexpr double longestClosing = 2.0;
 
 /// What the closing itself asks, and what ends with the library.
 bool BelongsToTheClosing(const std::string& operation) {
-    static const std::set<std::string> operations = {"Networks", "Count",  "Network",        "CancelNotifying",
-                                                     "Buffered", "Status", "Difference",     "Stop",
-                                                     "StopAllDynamic",     "DisconnectAll",  "StopRefMark"};
+    static const std::set<std::string> operations = {"Networks",       "Count",         "Network",    "CancelNotifying",
+                                                     "Buffered",       "Status",        "Difference", "Stop",
+                                                     "StopAllDynamic", "DisconnectAll", "StopRefMark"};
     return operation.front() == '~' || operations.count(operation) > 0;
 }
 

@@ -1,7 +1,8 @@
+#include "tools/monkey/Judge.h"
+
 #include "tests/support/Benches.h"
 #include "tests/support/ProgramTest.h"
 #include "tools/hand/Complaints.h"
-#include "tools/monkey/Judge.h"
 #include "tools/monkey/Refusals.h"
 
 #include <QMessageBox>
@@ -120,11 +121,11 @@ void JudgeTest::boxes_data() {
     const int ok = QMessageBox::Ok;
     const int plain = Qt::PlainText;
     const QString own = QStringLiteral("Failed to connect to network");
-    QTest::newRow("of no failed call") << title << QStringLiteral("Silence.") << int(QMessageBox::Critical) << ok << plain
-                                       << QStringLiteral("An error box that no failed call accounts for");
+    QTest::newRow("of no failed call") << title << QStringLiteral("Silence.") << int(QMessageBox::Critical) << ok
+                                       << plain << QStringLiteral("An error box that no failed call accounts for");
     QTest::newRow("of the program's own") << title << own << int(QMessageBox::Critical) << ok << plain << QString();
-    QTest::newRow("empty") << QStringLiteral("Reading Timer") << QString() << int(QMessageBox::Information) << ok << plain
-                           << QStringLiteral("A box whose text is empty");
+    QTest::newRow("empty") << QStringLiteral("Reading Timer") << QString() << int(QMessageBox::Information) << ok
+                           << plain << QStringLiteral("A box whose text is empty");
     QTest::newRow("markup") << title << own << int(QMessageBox::Critical) << ok << int(Qt::AutoText)
                             << QStringLiteral("A box whose text is empty or may be taken for markup");
     QTest::newRow("without a title") << QString() << own << int(QMessageBox::Critical) << ok << plain
@@ -143,8 +144,8 @@ void JudgeTest::boxes() {
     QFETCH(int, format);
     QFETCH(QString, complaint);
     OpenBench();
-    const QStringList says = SaysOf(boxTitle, text, {}, QMessageBox::Icon(icon),
-                                    QMessageBox::StandardButtons(buttons), Qt::TextFormat(format));
+    const QStringList says = SaysOf(boxTitle, text, {}, QMessageBox::Icon(icon), QMessageBox::StandardButtons(buttons),
+                                    Qt::TextFormat(format));
     if (complaint.isEmpty()) {
         QCOMPARE(says, QStringList());
     } else {
@@ -175,8 +176,7 @@ void JudgeTest::refusalOnABenchWithoutFaults() {
 
 void JudgeTest::boxAfterTheClosing() {
     OpenBench();
-    const QStringList says =
-        SaysOf(title, QStringLiteral("Failed to connect to network"), {false, false, false, true});
+    const QStringList says = SaysOf(title, QStringLiteral("Failed to connect to network"), {false, false, false, true});
     QVERIFY(says.value(0).startsWith(QLatin1String("After the window had been closed")));
 }
 

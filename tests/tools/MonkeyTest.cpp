@@ -42,7 +42,7 @@ Run RunMonkey(const QStringList& arguments) {
 QStringList StepsNamedIn(const QString& output) {
     QStringList steps;
     QRegularExpressionMatchIterator lines =
-        QRegularExpression(QStringLiteral("^    (?!bench )(.*)$"), QRegularExpression::MultilineOption)
+        QRegularExpression(QStringLiteral("^    (?!bench |#)(.*)$"), QRegularExpression::MultilineOption)
             .globalMatch(output);
     while (lines.hasNext()) {
         steps.append(lines.next().captured(1));
@@ -100,8 +100,12 @@ void MonkeyTest::shrinkingFindsTheStepsThatMatter() {
 }
 
 void MonkeyTest::shrinkingOfAFailureThatNeedsNoStep() {
-    QVERIFY(Shrink(Numbered(10), [](const Steps&) { return true; }, 1000).empty());
-    QVERIFY(Shrink({}, [](const Steps&) { return true; }, 1000).empty());
+    QVERIFY(Shrink(
+                Numbered(10), [](const Steps&) { return true; }, 1000)
+                .empty());
+    QVERIFY(Shrink(
+                {}, [](const Steps&) { return true; }, 1000)
+                .empty());
 }
 
 void MonkeyTest::shrinkingEndsWithTheQuestions() {
@@ -142,8 +146,8 @@ void MonkeyTest::endsOfRuns() {
 }
 
 void MonkeyTest::plantedComplaintIsFoundAndShrunk() {
-    const Run run = RunMonkey(WithPlant({QStringLiteral("--seed"), QStringLiteral("3"), QStringLiteral("--events"),
-                                         QStringLiteral("3000")}));
+    const Run run = RunMonkey(
+        WithPlant({QStringLiteral("--seed"), QStringLiteral("3"), QStringLiteral("--events"), QStringLiteral("3000")}));
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.output.contains(QLatin1String("complaint: This has been planted.")), qPrintable(run.output));
     QVERIFY2(run.output.contains(QLatin1String("of seed 3")), qPrintable(run.output));

@@ -97,8 +97,8 @@ Outcome Campaign::Replay(const Steps& steps) {
 
 void Campaign::Report(int session, const Outcome& outcome, const Steps& steps) {
     const QString program = QCoreApplication::applicationFilePath();
-    std::printf("\nFAILED in session %d of seed %llu: %s\n%s\n", session,
-                static_cast<unsigned long long>(options.seed), qPrintable(outcome.kind), qPrintable(outcome.output));
+    std::printf("\nFAILED in session %d of seed %llu: %s\n%s\n", session, static_cast<unsigned long long>(options.seed),
+                qPrintable(outcome.kind), qPrintable(outcome.output));
     std::printf("The whole session again: %s --seed %llu --events-per-session %d --first-session %d --sessions 1\n",
                 qPrintable(program), static_cast<unsigned long long>(options.seed), options.eventsPerSession, session);
     const Step bench = steps.front();
@@ -114,8 +114,7 @@ void Campaign::Report(int session, const Outcome& outcome, const Steps& steps) {
     } else {
         rest = Shrink(rest, fails, questionsOfTheShrinker);
     }
-    const QString file = QDir::temp().filePath(
-        QStringLiteral("monkey-%1-%2.steps").arg(options.seed).arg(session));
+    const QString file = QDir::temp().filePath(QStringLiteral("monkey-%1-%2.steps").arg(options.seed).arg(session));
     WriteSteps(file, whole(rest));
     std::printf("%zu of its %zu steps lead there:\n", rest.size(), steps.size() - 1);
     for (const Step& step : whole(rest)) {

@@ -23,8 +23,8 @@ Outcome OutcomeOf(const QString& output, bool crashed, int exitCode) {
     if (!outcome.failed) {
         return outcome;
     }
-    for (const char* pattern : {"^complaint: .*$", "ERROR: \\w+Sanitizer: [\\w-]+", "runtime error: .*$",
-                                "WARNING: ThreadSanitizer: .*$"}) {
+    for (const char* pattern :
+         {"^complaint: .*$", "ERROR: \\w+Sanitizer: [\\w-]+", "runtime error: .*$", "WARNING: ThreadSanitizer: .*$"}) {
         outcome.kind = FirstOf(output, pattern);
         if (!outcome.kind.isEmpty()) {
             return outcome;

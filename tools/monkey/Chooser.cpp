@@ -23,12 +23,24 @@ Step Make(const char* verb, const Words&... words) {
 /// What is typed into fields, boxes and whatever has the focus.
 const QStringList& Typed() {
     static const QStringList texts = {
-        QStringLiteral("0"),          QStringLiteral("1"),          QStringLiteral("-1"),
-        QStringLiteral("5"),          QStringLiteral("12.5"),       QStringLiteral("0.02"),
-        QStringLiteral("100"),        QStringLiteral("999999999"),  QStringLiteral("-0.5"),
-        QStringLiteral("4000"),       QStringLiteral("abc"),        QString(),
-        QStringLiteral("KX00000014"), QStringLiteral("kx00000004"), QStringLiteral("KRV0000003"),
-        QStringLiteral("<b>x</b>"),   QString::fromUtf8("\xc3\xa4\xe2\x82\xac"), QString(24, QLatin1Char('7')),
+        QStringLiteral("0"),
+        QStringLiteral("1"),
+        QStringLiteral("-1"),
+        QStringLiteral("5"),
+        QStringLiteral("12.5"),
+        QStringLiteral("0.02"),
+        QStringLiteral("100"),
+        QStringLiteral("999999999"),
+        QStringLiteral("-0.5"),
+        QStringLiteral("4000"),
+        QStringLiteral("abc"),
+        QString(),
+        QStringLiteral("KX00000014"),
+        QStringLiteral("kx00000004"),
+        QStringLiteral("KRV0000003"),
+        QStringLiteral("<b>x</b>"),
+        QString::fromUtf8("\xc3\xa4\xe2\x82\xac"),
+        QString(24, QLatin1Char('7')),
     };
     return texts;
 }
@@ -106,8 +118,8 @@ Step Chooser::OnTheWay() {
     case 3:
         return Make("tab", QStringLiteral("qt_tabwidget_tabbar"), QStringLiteral("1"));
     case 4:
-        return Make("row", QStringLiteral("listModules"), QString::number(Below(static_cast<int>(bench.modules.size()))),
-                    QStringLiteral("0"));
+        return Make("row", QStringLiteral("listModules"),
+                    QString::number(Below(static_cast<int>(bench.modules.size()))), QStringLiteral("0"));
     default:
         return Make("tab", QStringLiteral("qt_tabwidget_tabbar"), QString::number(2 + Below(6)));
     }

@@ -31,15 +31,16 @@ bool Tells(const QString& text, const JournalEntry& cause) {
     const QString words = QString::fromStdString(cause.failed ? cause.error : cause.result);
     return std::any_of(prefixes.begin(), prefixes.end(), [&](const char* prefix) {
         const QString whole = QLatin1String(prefix);
-        return cause.failed ? text == whole + words : QLatin1Char('"') + text.mid(whole.size()) + QLatin1Char('"') == words;
+        return cause.failed ? text == whole + words
+                            : QLatin1Char('"') + text.mid(whole.size()) + QLatin1Char('"') == words;
     });
 }
 
 /// Controls that are disabled while something runs.
 const std::array<const char*, 16> mainControls = {
-    "btnConnectAll", "btnDisconnectAll", "tableNetworks",   "listModules",     "btnMoveUp",    "btnMoveDown",
-    "btnHotswap",    "btnPing",          "btnNotify",       "btnAddModule",    "btnDeleteModule", "btnClearModules",
-    "btnClearTcons", "btnLoadXML",       "btnSaveXML",      "btnSetSpeed"};
+    "btnConnectAll", "btnDisconnectAll", "tableNetworks", "listModules",  "btnMoveUp",       "btnMoveDown",
+    "btnHotswap",    "btnPing",          "btnNotify",     "btnAddModule", "btnDeleteModule", "btnClearModules",
+    "btnClearTcons", "btnLoadXML",       "btnSaveXML",    "btnSetSpeed"};
 
 bool IsEnabledItself(const QWidget& window, const char* name) {
     const auto* control = window.findChild<QWidget*>(QLatin1String(name));

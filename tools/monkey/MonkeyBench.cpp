@@ -96,14 +96,10 @@ MonkeyBench Named(const char* name, const QString& text) {
 
 const std::vector<MonkeyBench>& MonkeyBenches() {
     static const std::vector<MonkeyBench> benches = {
-        Named("every-kind", QString::fromUtf8(everyKind)),
-        Named("small", SmallTourBench().text),
-        Named("collecting", QString::fromUtf8(collecting)),
-        Named("wireless", WirelessTourBench().text),
-        Named("difference", DifferenceTourBench().text),
-        Named("buffered", BufferedTourBench().text),
-        Named("dynamic", DynamicTourBench().text),
-        Named("reference-mark", ReferenceMarkTourBench().text),
+        Named("every-kind", QString::fromUtf8(everyKind)),  Named("small", SmallTourBench().text),
+        Named("collecting", QString::fromUtf8(collecting)), Named("wireless", WirelessTourBench().text),
+        Named("difference", DifferenceTourBench().text),    Named("buffered", BufferedTourBench().text),
+        Named("dynamic", DynamicTourBench().text),          Named("reference-mark", ReferenceMarkTourBench().text),
         Named("none", QStringLiteral("<bench/>")),
     };
     return benches;

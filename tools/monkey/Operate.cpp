@@ -272,20 +272,13 @@ bool CloseWindow(QWidget&, const Step&) {
 
 const QHash<QString, Doing>& Doings() {
     static const QHash<QString, Doing> doings = {
-        {QStringLiteral("click"), Click},
-        {QStringLiteral("double-click"), Click},
-        {QStringLiteral("right-click"), Click},
-        {QStringLiteral("row"), ClickRow},
-        {QStringLiteral("tab"), ClickTab},
-        {QStringLiteral("menu"), OpenMenu},
-        {QStringLiteral("enter"), Enter},
-        {QStringLiteral("key"), PressKey},
-        {QStringLiteral("type"), Type},
-        {QStringLiteral("wheel"), TurnWheel},
-        {QStringLiteral("pick"), Pick},
-        {QStringLiteral("answer"), Answer},
-        {QStringLiteral("file"), AnswerFileBox},
-        {QStringLiteral("close-box"), CloseBox},
+        {QStringLiteral("click"), Click},        {QStringLiteral("double-click"), Click},
+        {QStringLiteral("right-click"), Click},  {QStringLiteral("row"), ClickRow},
+        {QStringLiteral("tab"), ClickTab},       {QStringLiteral("menu"), OpenMenu},
+        {QStringLiteral("enter"), Enter},        {QStringLiteral("key"), PressKey},
+        {QStringLiteral("type"), Type},          {QStringLiteral("wheel"), TurnWheel},
+        {QStringLiteral("pick"), Pick},          {QStringLiteral("answer"), Answer},
+        {QStringLiteral("file"), AnswerFileBox}, {QStringLiteral("close-box"), CloseBox},
         {QStringLiteral("close"), CloseWindow},
     };
     return doings;
@@ -308,8 +301,7 @@ bool Operate(const Step& step) {
     }
     QWidget* front = Screen::Front();
     const Doing doing = Doings().value(step.Verb());
-    const bool done =
-        front != nullptr && front->windowHandle() != nullptr && doing != nullptr && doing(*front, step);
+    const bool done = front != nullptr && front->windowHandle() != nullptr && doing != nullptr && doing(*front, step);
     DeliverInputs();
     return done;
 }

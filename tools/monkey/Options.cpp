@@ -41,7 +41,8 @@ Options OptionsOf(const QStringList& arguments) {
     parser.addOptions({
         {seedName, QStringLiteral("Seed of everything that is random."), seedName, QStringLiteral("1")},
         {eventsName, QStringLiteral("How many events."), eventsName, QStringLiteral("20000")},
-        {perSessionName, QStringLiteral("How many events until the next bench."), perSessionName, QStringLiteral("100")},
+        {perSessionName, QStringLiteral("How many events until the next bench."), perSessionName,
+         QStringLiteral("100")},
         {firstName, QStringLiteral("The session to begin with."), firstName, QStringLiteral("0")},
         {sessionsName, QStringLiteral("Plays so many sessions in this process."), sessionsName, QStringLiteral("0")},
         {replayName, QStringLiteral("Plays the steps in this file."), QStringLiteral("file")},

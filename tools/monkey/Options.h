@@ -11,10 +11,10 @@ struct Options {
     int events = 20000;
     int eventsPerSession = 100;
     int firstSession = 0;
-    int sessions = 0;  ///< 0: plays in child processes; otherwise so many here, from the first on
-    QString replay;    ///< a file of steps to be played here
-    QString log;       ///< the file that takes the steps of the session that is played
-    QStringList plant; ///< steps, in words: once all have been done in this order there is a complaint
+    int sessions = 0;     ///< 0: plays in child processes; otherwise so many here, from the first on
+    QString replay;       ///< a file of steps to be played here
+    QString log;          ///< the file that takes the steps of the session that is played
+    QStringList plant;    ///< steps, in words: once all have been done in this order there is a complaint
     bool crash = false;   ///< instead of the planted complaint the program crashes
     bool digests = false; ///< prints a digest of each session
     bool keepGoing = false;

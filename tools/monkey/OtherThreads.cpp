@@ -1,12 +1,11 @@
 #include "tools/monkey/OtherThreads.h"
 
-#include <dirent.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <dirent.h>
 #include <map>
+#include <unistd.h>
 #include <vector>
 
 namespace {

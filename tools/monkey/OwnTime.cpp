@@ -4,10 +4,9 @@
 #include "simulator/control/BenchControl.h"
 #include "tools/monkey/OtherThreads.h"
 
+#include <ctime>
 #include <sys/syscall.h>
 #include <unistd.h>
-
-#include <ctime>
 
 namespace {
 
@@ -16,19 +15,15 @@ constexpr long nanosecondsPerSecond = 1000000000;
 /// What each question for the date takes: a loop that counts readings against it comes to its end.
 constexpr long nanosecondsPerQuestion = 20000000;
 
+// Qt's timers go off at rounded times, so a run begins at the same time as every other.
+constexpr long long steadyAtBegin = 1000 * static_cast<long long>(nanosecondsPerSecond);
+constexpr long long dateAtBegin = 1750000000 * static_cast<long long>(nanosecondsPerSecond);
+
 bool begun = false;
 thread_local bool own = false;
 // Touched by the thread whose time it is only.
 long long sinceBegin = 0;
 long long ofQuestions = 0;
-long long steadyAtBegin = 0;
-long long dateAtBegin = 0;
-
-long long ComputersTime(clockid_t clock) {
-    timespec time{};
-    syscall(SYS_clock_gettime, clock, &time);
-    return static_cast<long long>(time.tv_sec) * nanosecondsPerSecond + time.tv_nsec;
-}
 
 } // namespace
 
@@ -56,10 +51,12 @@ void SleepMicroseconds(unsigned int microseconds) {
 }
 
 void OwnTime::Begin() {
-    steadyAtBegin = ComputersTime(CLOCK_MONOTONIC);
-    dateAtBegin = ComputersTime(CLOCK_REALTIME);
     own = true;
     begun = true;
+}
+
+void OwnTime::RoundUp() {
+    sinceBegin += nanosecondsPerSecond - sinceBegin % nanosecondsPerSecond;
 }
 
 void OwnTime::Pass(double seconds) {

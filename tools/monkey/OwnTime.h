@@ -11,6 +11,8 @@ namespace OwnTime {
 
 /// From now on the calling thread's time is its own.
 void Begin();
+/// To the next full second, without the bench: what begins then is the same whatever was before.
+void RoundUp();
 /// Lets time go by, on the current bench too. Other threads are given the time to see it.
 void Pass(double seconds);
 

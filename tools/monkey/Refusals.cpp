@@ -9,14 +9,13 @@ namespace {
 
 /// Operations whose arguments the operator chooses, or that a setting made by him forbids; so are all settings.
 const std::set<std::string>& Refused() {
-    static const std::set<std::string> operations = {
-        // names, files and lists
-        "AddModule", "DeleteModule", "ClearModules", "ClearTCons", "ApplyRemap", "FindHotswapped", "BeginNotifying",
-        "Load", "Save",
-        // modes and masterings
-        "Start", "Prepare", "StartAllDynamic", "ApplyMastering",
-        // a laser whose beam is off
-        "ReadInCounts", "ReadInUnits"};
+    static const std::set<std::string> operations = {// names, files and lists
+                                                     "AddModule", "DeleteModule", "ClearModules", "ClearTCons",
+                                                     "ApplyRemap", "FindHotswapped", "BeginNotifying", "Load", "Save",
+                                                     // modes and masterings
+                                                     "Start", "Prepare", "StartAllDynamic", "ApplyMastering",
+                                                     // a laser whose beam is off
+                                                     "ReadInCounts", "ReadInUnits"};
     return operations;
 }
 
@@ -41,15 +40,15 @@ bool IsOwnWord(const QString& title, const QString& text) {
         QStringLiteral("Device connection error\nFailed to enter config mode."),
         QStringLiteral("Unsupported KRV type"),
     };
-    static const QRegularExpression patterns(QStringLiteral(
-        "^(Interval must be 0 for full speed or a minimum of \\d+|"
-        "Distance between Master A and Master B cannot be\ngreater than [\\d.]+ (mm|inches|mils))$"));
+    static const QRegularExpression patterns(
+        QStringLiteral("^(Interval must be 0 for full speed or a minimum of \\d+|"
+                       "Distance between Master A and Master B cannot be\ngreater than [\\d.]+ (mm|inches|mils))$"));
     return !title.isEmpty() && (words.contains(text) || patterns.match(text).hasMatch());
 }
 
 bool IsKnownTitle(const QString& title) {
-    static const QStringList titles = {
-        QStringLiteral("Reading Timer"), QStringLiteral("Readburst Timer"), QStringLiteral("Tavik Error Decoder"),
-        QStringLiteral("KRV Config"),    QStringLiteral("HVX Module"),      QStringLiteral("Cancel Mastering")};
+    static const QStringList titles = {QStringLiteral("Reading Timer"),       QStringLiteral("Readburst Timer"),
+                                       QStringLiteral("Tavik Error Decoder"), QStringLiteral("KRV Config"),
+                                       QStringLiteral("HVX Module"),          QStringLiteral("Cancel Mastering")};
     return titles.contains(title);
 }

@@ -52,6 +52,7 @@ Session::Session(const MonkeyBench& ownBench, const Source& source)
 }
 
 void Session::Play() {
+    OwnTime::RoundUp();
     UseStillBenchText(bench.text.toStdString(), "bench of the monkey");
     constexpr std::size_t callsBetweenLooks = 100000;
     StartJournal(callsBetweenLooks);

@@ -1,18 +1,21 @@
 #include "tests/support/Benches.h"
 #include "tests/support/ProgramTest.h"
 
-/// What may still come for a module, or for a network's page, when it is gone.
-class GoneModuleTest : public ProgramTest {
+using namespace TavikSimulator;
+
+/// What is asked for something that has just gone.
+class LateKeysTest : public ProgramTest {
     Q_OBJECT
 
 private slots:
     void keysThatComeTooLate_data();
     void keysThatComeTooLate();
+    void keyAfterOneNetworkWasDisconnected();
     void pagesOfAModuleThatIsGone_data();
     void pagesOfAModuleThatIsGone();
 };
 
-void GoneModuleTest::keysThatComeTooLate_data() {
+void LateKeysTest::keysThatComeTooLate_data() {
     QTest::addColumn<QString>("object");
     QTest::addColumn<QByteArray>("slot");
     QTest::addColumn<bool>("closed");
@@ -37,7 +40,7 @@ void GoneModuleTest::keysThatComeTooLate_data() {
 }
 
 /// A button's key clicks the button 0.1 s later; by then the networks may be disconnected or the window closed.
-void GoneModuleTest::keysThatComeTooLate() {
+void LateKeysTest::keysThatComeTooLate() {
     QFETCH(QString, object);
     QFETCH(QByteArray, slot);
     QFETCH(bool, closed);
@@ -55,7 +58,16 @@ void GoneModuleTest::keysThatComeTooLate() {
     QCOMPARE(boxes.Count(), 0);
 }
 
-void GoneModuleTest::pagesOfAModuleThatIsGone_data() {
+void LateKeysTest::keyAfterOneNetworkWasDisconnected() {
+    OpenModule(Benches::Two(), 1);
+    QVERIFY(Operator().SelectPage("tabServer"));
+    QVERIFY(Operator().ClickCellButton("tableNetworks", 0, 5));
+    Calls::Mark();
+    QVERIFY(QMetaObject::invokeMethod(&Window(), "on_btnPing_clicked"));
+    COMPARE_CALLS(Calls::Take(), {});
+}
+
+void LateKeysTest::pagesOfAModuleThatIsGone_data() {
     QTest::addColumn<QByteArray>("button");
     for (const char* button : {"btnDeleteModule", "btnClearModules"}) {
         QTest::newRow(button) << QByteArray(button);
@@ -63,7 +75,7 @@ void GoneModuleTest::pagesOfAModuleThatIsGone_data() {
 }
 
 /// Also when the list cannot be shown anew.
-void GoneModuleTest::pagesOfAModuleThatIsGone() {
+void LateKeysTest::pagesOfAModuleThatIsGone() {
     QFETCH(QByteArray, button);
     OpenModule(Benches::Two(), 0);
     QVERIFY(Operator().SelectPage("tabNetwork"));
@@ -74,6 +86,6 @@ void GoneModuleTest::pagesOfAModuleThatIsGone() {
     QCOMPARE(Pages().size(), 2);
 }
 
-TAVIK_TEST_MAIN(GoneModuleTest)
+TAVIK_TEST_MAIN(LateKeysTest)
 
-#include "GoneModuleTest.moc"
+#include "LateKeysTest.moc"
