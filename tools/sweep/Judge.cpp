@@ -73,7 +73,10 @@ QStringList JudgeOnce(const QVector<SeenBox>& shown, const FailureBox& due) {
 /// text of the failure; which of them is due cannot be told of a step that has gone wrong already.
 QStringList JudgeOn(const QVector<SeenBox>& shown, const FailureBox& due, const std::vector<FailureBox>& possible) {
     QStringList wrong = JudgeEach(shown, possible, IsFor);
-    if (due.shown && (shown.isEmpty() || !IsFor(shown.front(), due))) {
+    // A box that opens over another one at once is answered before it.
+    const auto first = std::find_if(shown.begin(), shown.end(),
+                                    [](const SeenBox& box) { return box.parentClass != QLatin1String("QMessageBox"); });
+    if (due.shown && (first == shown.end() || !IsFor(*first, due))) {
         wrong.append(QStringLiteral("the first box is not that of the first failure"));
     }
     const Calls calls = TavikSimulator::Journal();
