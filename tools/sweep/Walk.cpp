@@ -192,6 +192,9 @@ QStringList Walk::TryAgain(const TourStep& step, Variant variant) {
     tour.GoTo(step.place);
     for (int round = 0; round < tries && !step.seen(tour); ++round) {
         step.act(tour);
+        if (round + 1 < tries) {
+            tour.boxes.Take();
+        }
     }
     QCoreApplication::processEvents();
     tour.boxes.Finish();
