@@ -67,12 +67,14 @@ QStringList JudgeOnce(const QVector<SeenBox>& shown, const FailureBox& due) {
     return wrong;
 }
 
-/// Many failures: the first has exactly its box. Those after it are boxes of this step or the last resort, with the
+/// Many failures: the first has exactly its box. The others are boxes of this step or the last resort, with the
 /// text of the failure; which of them is due cannot be told of a step that has gone wrong already.
 QStringList JudgeOn(const QVector<SeenBox>& shown, const FailureBox& due, const std::vector<FailureBox>& possible) {
     QStringList wrong = JudgeEach(shown, possible, IsFor);
-    if (due.shown && (shown.isEmpty() || !IsFor(shown.front(), due))) {
-        wrong.append(QStringLiteral("the first box is not that of the first failure"));
+    // The last resort waits for the end of what failed, and may open over another box: the order tells nothing.
+    const bool hasDue = std::any_of(shown.begin(), shown.end(), [&](const SeenBox& box) { return IsFor(box, due); });
+    if (due.shown && !hasDue) {
+        wrong.append(QStringLiteral("the box of the first failure is not among those shown"));
     }
     const Calls calls = TavikSimulator::Journal();
     const auto failed =

@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QListWidget>
 
+#include <algorithm>
+
 using namespace TavikSimulator;
 
 namespace {
@@ -45,6 +47,13 @@ void StopNotify(Tour& tour) {
         }
     });
     tour.Operator().Click("btnNotify");
+}
+
+/// The library has been told to stop listening, and took it.
+bool NotifyingIsOver(Tour&) {
+    const std::vector<JournalEntry> calls = Journal();
+    return std::any_of(calls.begin(), calls.end(),
+                       [](const JournalEntry& call) { return call.operation == "CancelNotifying" && !call.failed; });
 }
 
 void AddModule(Tour& tour) {
@@ -96,8 +105,7 @@ void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     const Place added{Place::Network, bench.network, bench.wired};
     steps.push_back(
         {QStringLiteral("modules-announced"), network, Notify, Listed(bench.announced.last()), LastResortOnly});
-    steps.push_back(
-        {QStringLiteral("notify-stopped"), network, StopNotify, Listed(bench.announced.last()), LastResortOnly});
+    steps.push_back({QStringLiteral("notify-stopped"), network, StopNotify, NotifyingIsOver, LastResortOnly});
     steps.push_back({QStringLiteral("module-added"), network, AddModule, Listed(bench.wired),
                      Only("AddModule", QStringLiteral("Add Module"), errorPrefix)});
     steps.push_back({QStringLiteral("module-selected"), network,

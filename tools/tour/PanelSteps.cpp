@@ -31,6 +31,9 @@ public:
                          [seen](Tour& tour) { return seen(tour.Operator()); }, failure});
     }
 
+    /// Taking the last step once more turns round what it did.
+    void LastChanges() { steps.back().changes = true; }
+
     /// A row of a list is chosen and set; the field shows it with this text afterwards.
     void AddSet(const char* name, const char* list, int row, const char* button, const char* field,
                 const std::string& text) {
@@ -139,7 +142,9 @@ void AddBeam(PanelSteps panel) {
     const auto isOn = [](Hand hand) { return PanelSteps::IsChecked(hand, "cbBeamOn"); };
     const auto click = [](Hand hand) { hand.Click("cbBeamOn"); };
     panel.Add("beam-off", click, [isOn](Hand hand) { return !isOn(hand); });
+    panel.LastChanges();
     panel.Add("beam-on", click, isOn);
+    panel.LastChanges();
 }
 
 void AddFilter(PanelSteps panel) {
