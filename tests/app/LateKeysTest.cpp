@@ -1,6 +1,10 @@
 #include "tests/support/Benches.h"
 #include "tests/support/ProgramTest.h"
 
+#include <QDialog>
+#include <QPushButton>
+#include <QTabWidget>
+
 using namespace TavikSimulator;
 
 /// What is asked for something that has just gone.
@@ -8,12 +12,49 @@ class LateKeysTest : public ProgramTest {
     Q_OBJECT
 
 private slots:
+    void buttonThatCannotBeUsedAnyMore_data();
+    void buttonThatCannotBeUsedAnyMore();
     void keysThatComeTooLate_data();
     void keysThatComeTooLate();
     void keyAfterOneNetworkWasDisconnected();
     void pagesOfAModuleThatIsGone_data();
     void pagesOfAModuleThatIsGone();
 };
+
+void LateKeysTest::buttonThatCannotBeUsedAnyMore_data() {
+    QTest::addColumn<int>("pings");
+    QTest::newRow("can be used") << 1;
+    QTest::newRow("disabled") << 0;
+    QTest::newRow("on another page") << 0;
+    QTest::newRow("under a dialog") << 0;
+}
+
+/// A button's key clicks the button 0.1 s later.
+void LateKeysTest::buttonThatCannotBeUsedAnyMore() {
+    QFETCH(int, pings);
+    const QByteArray what = QTest::currentDataTag();
+    OpenNetwork(Benches::Two());
+    auto* button = Operator().The<QPushButton>("btnPing");
+    const auto isReleased = [button] { return !button->isDown(); };
+    QTest::keyClick(&Window(), Qt::Key_P, Qt::AltModifier);
+    QVERIFY(button->isDown());
+    if (what == "disabled") {
+        button->setEnabled(false);
+    } else if (what == "on another page") {
+        Window().findChild<QTabWidget*>(QStringLiteral("tabWidget"))->setCurrentIndex(0);
+    } else if (what == "under a dialog") {
+        QDialog dialog(&Window());
+        dialog.setWindowTitle(QStringLiteral("Readings"));
+        boxes.ExpectUse(&Window(), dialog.windowTitle(), [isReleased](QDialog& open) {
+            QVERIFY(WaitUntil(isReleased));
+            open.close();
+        });
+        dialog.exec();
+    }
+    QVERIFY(WaitUntil(isReleased));
+    QCOMPARE(Calls::CountOf("Ping"), pings);
+    button->setEnabled(true);
+}
 
 void LateKeysTest::keysThatComeTooLate_data() {
     QTest::addColumn<QString>("object");

@@ -69,6 +69,8 @@ void Tour::GoTo(const Place& place) {
     hand.SelectPage("tabNetwork");
     if (Rows("listModules").contains(place.module)) {
         hand.The<QListWidget>("listModules")->setCurrentRow(-1);
+        // The module's panels are gone when they are looked for again.
+        Settle();
         hand.SelectRow("listModules", place.module);
     }
     if (place.page == Place::Module) {
