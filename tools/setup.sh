@@ -16,6 +16,7 @@ declare -A reasons=(
     [clang-tidy]="looks for common mistakes"
     [clang]="builds the fuzzers"
     [clazy]="looks for common mistakes in the use of Qt"
+    [valgrind]="counts instructions"
     [gcovr]="puts together which lines and branches were run"
     [dpkg-dev]="finds out what a package depends on, and the compiler flags of Debian"
     [file]="tells the packer which files are programs"

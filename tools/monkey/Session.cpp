@@ -34,6 +34,7 @@ bool MakesFaulty(const Step& step) {
                                       QStringLiteral("network-drops"),
                                       QStringLiteral("network-returns"),
                                       QStringLiteral("tool-away"),
+                                      QStringLiteral("tool-off-and-on"),
                                       QStringLiteral("tool-leaves-configuration")};
     return verbs.contains(step.Verb());
 }
