@@ -28,14 +28,10 @@ constexpr double secondsPerRound = 0.003;
 
 /// After these steps the library may fail through no fault of the operator.
 bool MakesFaulty(const Step& step) {
-    static const QStringList verbs = {QStringLiteral("fault"),
-                                      QStringLiteral("module-leaves"),
-                                      QStringLiteral("module-returns"),
-                                      QStringLiteral("network-drops"),
-                                      QStringLiteral("network-returns"),
-                                      QStringLiteral("tool-away"),
-                                      QStringLiteral("tool-off-and-on"),
-                                      QStringLiteral("tool-leaves-configuration")};
+    static const QStringList verbs = {QStringLiteral("fault"),           QStringLiteral("module-leaves"),
+                                      QStringLiteral("module-returns"),  QStringLiteral("network-drops"),
+                                      QStringLiteral("network-returns"), QStringLiteral("tool-away"),
+                                      QStringLiteral("tool-off-and-on"), QStringLiteral("tool-leaves-configuration")};
     return verbs.contains(step.Verb());
 }
 
