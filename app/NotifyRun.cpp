@@ -21,7 +21,7 @@ void RunNotify(HostWindow& window, TavikLibrary::TavikNetwork* network) {
         if (!sinceActivity.isValid() || sinceActivity.hasExpired(activityMilliseconds)) {
             sinceActivity.start();
             window.ShowActivity(
-                QStringLiteral("Notifying: %1 modules found").arg(network->ModuleCount() - modulesBefore));
+                QStringLiteral("Notifying, modules found: %1").arg(network->ModuleCount() - modulesBefore));
         }
         QCoreApplication::processEvents();
         SleepMicroseconds(pauseMicroseconds);

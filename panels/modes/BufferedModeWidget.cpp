@@ -276,7 +276,7 @@ void BufferedModeWidget::BeginRun() {
     ui->btnSample->setEnabled(ui->radioSample->isChecked());
     ui->btnStop->setEnabled(true);
     runClock->Begin(mainWindow,
-                    QStringLiteral("Buffered mode runs: %1 modules enabled").arg(ui->tbEnabledModCount->text()));
+                    QStringLiteral("Buffered mode runs, modules enabled: %1").arg(ui->tbEnabledModCount->text()));
 }
 
 void BufferedModeWidget::on_btnSample_clicked() {

@@ -14,7 +14,7 @@ QString Progress(TavikLibrary::TavikDynamic& dynamic) {
     TavikLibrary::TavikDynamicData* data = dynamic.DynamicData();
     const QString syncs = QString::number(data->ReadingCount()) +
                           (wanted > 0 ? QStringLiteral(" of %1").arg(wanted) : QString()) + QStringLiteral(" syncs");
-    return QStringLiteral("%1 modules, %2").arg(data->ModuleCount()).arg(syncs);
+    return QStringLiteral("modules: %1, %2").arg(data->ModuleCount()).arg(syncs);
 }
 
 } // namespace
@@ -48,7 +48,7 @@ void DynamicActivity::Tell() {
     }
     constexpr int millisecondsPerSecond = 1000;
     try {
-        window->ShowActivity(QStringLiteral("Dynamic collection running: %1, %2 s")
+        window->ShowActivity(QStringLiteral("Dynamic collection running, %1, %2 s")
                                  .arg(Progress(*dynamic))
                                  .arg(since.elapsed() / millisecondsPerSecond));
     } catch (const std::runtime_error&) {

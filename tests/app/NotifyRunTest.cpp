@@ -109,7 +109,7 @@ void NotifyRunTest::statusBarCountsTheModules() {
     const QString both = QStringLiteral("<module type=\"KX\" identity=\"KX00000006\" announces=\"3\"/></network>");
     OpenNetwork(Benches::Two().replace(Benches::Two().indexOf(QStringLiteral("</network>")), 10, both));
     const QSignalSpy messages(Window().statusBar(), &QStatusBar::messageChanged);
-    const QString one = QStringLiteral("Notifying: 1 modules found");
+    const QString one = QStringLiteral("Notifying, modules found: 1");
     When(
         this, [&] { return Activity() == one; }, [] { AdvanceClock(2.0); });
     Run([] { AdvanceClock(1.5); });
@@ -117,7 +117,7 @@ void NotifyRunTest::statusBarCountsTheModules() {
     for (const QList<QVariant>& message : messages) {
         seen.append(message.constFirst().toString());
     }
-    QVERIFY(seen.contains(QStringLiteral("Notifying: 0 modules found")));
+    QVERIFY(seen.contains(QStringLiteral("Notifying, modules found: 0")));
     QVERIFY(seen.contains(one));
     QCOMPARE(seen.last(), QString());
     QCOMPARE(Rows("listModules").size(), 5);

@@ -106,7 +106,7 @@ void BufferedRunTest::theStatusBarTellsOfTheRun() {
     OpenBuffered();
     EnableModules({1, 0});
     QVERIFY(Operator().Click("btnStart"));
-    QCOMPARE(Activity(), QStringLiteral("Buffered mode runs: 2 modules enabled, 0 s"));
+    QCOMPARE(Activity(), QStringLiteral("Buffered mode runs, modules enabled: 2, 0 s"));
     Calls::Mark();
     QVERIFY(WaitUntil([this] { return Activity().endsWith(QLatin1String(", 1 s")); }));
     // Nobody asks the modules meanwhile.

@@ -123,7 +123,7 @@ void DynamicCollectionTest::statusBarWhileCollecting() {
     const auto* bar = Window().statusBar();
     QCOMPARE(bar->currentMessage(), QStringLiteral("Dynamic collection running"));
     AdvanceClock(1.0);
-    const QString state = QStringLiteral("Dynamic collection running: 2 modules, 4000 of 8000 syncs, ");
+    const QString state = QStringLiteral("Dynamic collection running, modules: 2, 4000 of 8000 syncs, ");
     QTRY_VERIFY(bar->currentMessage().startsWith(state));
     // A failure there is nothing to bother the operator with.
     FailNext("ReadingCount", QStringLiteral("No answer"));
@@ -140,7 +140,7 @@ void DynamicCollectionTest::statusBarWhileCollecting() {
     Start();
     AdvanceClock(2.0);
     QTRY_VERIFY(
-        bar->currentMessage().startsWith(QStringLiteral("Dynamic collection running: 2 modules, 8000 syncs, ")));
+        bar->currentMessage().startsWith(QStringLiteral("Dynamic collection running, modules: 2, 8000 syncs, ")));
     Click("btnStop");
     WaitForTheEnd();
 }
