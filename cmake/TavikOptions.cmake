@@ -57,3 +57,12 @@ function(tavik_covered)
     endforeach()
   endif()
 endfunction()
+
+# tavik_forms(<target> <file.ui>...): forms of Designer, each a header that the build knows to be made from its
+# form. AUTOUIC makes the headers behind the build's back: after a change to a form alone, the first build left
+# the objects as they were.
+function(tavik_forms target)
+  qt5_wrap_ui(headers ${ARGN})
+  target_sources(${target} PRIVATE ${headers})
+  target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
