@@ -33,6 +33,7 @@ private slots:
     void boxThatTellsOfAFailedCall();
     void boxThatTellsItTwice();
     void refusalOnABenchWithoutFaults();
+    void toolThatIsSwitchedOff();
     void boxAfterTheClosing();
     void warningOfQt();
 
@@ -172,6 +173,15 @@ void JudgeTest::refusalOnABenchWithoutFaults() {
     FailPing();
     const QString says = SaysOf(title, QStringLiteral("Silence."), {}).value(0);
     QVERIFY2(says.startsWith(QLatin1String("Nothing was wrong with the bench")), qPrintable(says));
+}
+
+void JudgeTest::toolThatIsSwitchedOff() {
+    JournalEntry call;
+    call.operation = "GetDisplayedResolution";
+    call.error = "Hand tool KRX0000002 does not answer: it has switched itself off.";
+    QVERIFY(MayBeRefused(call, bench));
+    call.error = "Hand tool KRX0000002 does not answer: the radio link is weak.";
+    QVERIFY(!MayBeRefused(call, bench));
 }
 
 void JudgeTest::boxAfterTheClosing() {

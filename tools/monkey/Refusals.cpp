@@ -14,6 +14,8 @@ const std::set<std::string>& Refused() {
                                                      "ApplyRemap", "FindHotswapped", "BeginNotifying", "Load", "Save",
                                                      // modes and masterings
                                                      "Start", "Prepare", "StartAllDynamic", "ApplyMastering",
+                                                     // a sample while the module reads by itself
+                                                     "SampleReading",
                                                      // a laser whose beam is off
                                                      "ReadInCounts", "ReadInUnits"};
     return operations;
@@ -22,11 +24,17 @@ const std::set<std::string>& Refused() {
 } // namespace
 
 bool MayBeRefused(const TavikSimulator::JournalEntry& call, const MonkeyBench& bench) {
+    const QString error = QString::fromStdString(call.error);
     for (const QString& identity : bench.replaced) {
-        const bool silent = QString::fromStdString(call.error).startsWith(QStringLiteral("Module %1 on").arg(identity));
-        if (silent && QString::fromStdString(call.error).endsWith(QLatin1String("does not answer."))) {
+        const bool silent = error.startsWith(QStringLiteral("Module %1 on").arg(identity));
+        if (silent && error.endsWith(QLatin1String("does not answer."))) {
             return true;
         }
+    }
+    // A button of the tool switches it off, and so does the time that it lies about.
+    if (error.startsWith(QLatin1String("Hand tool ")) &&
+        error.endsWith(QLatin1String("does not answer: it has switched itself off."))) {
+        return true;
     }
     return call.operation.rfind("set", 0) == 0 || Refused().count(call.operation) > 0;
 }
