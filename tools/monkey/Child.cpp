@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QRegularExpression>
 
 namespace {
@@ -39,6 +40,10 @@ Outcome RunChild(const QStringList& arguments, const QString& growingFile) {
     constexpr int patientLooks = 120;
     QProcess child;
     child.setProcessChannelMode(QProcess::MergedChannels);
+    // What a run that crashes leaves lying about goes with the folder of the file.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TMPDIR"), QFileInfo(growingFile).absolutePath());
+    child.setProcessEnvironment(environment);
     child.start(QCoreApplication::applicationFilePath(), arguments);
     qint64 size = -1;
     for (int idle = 0; !child.waitForFinished(lookMilliseconds) && child.state() != QProcess::NotRunning; ++idle) {
