@@ -1,18 +1,20 @@
-// How long the panel of each kind of module takes to show a module, apart from the library: what its calls cost at
-// least (each as much as asking for an identity) is taken off. The floor makes as many bare controls as the module has
-// on its own panels, which are made anew for each module, and fills in as many fields as there are.
+// How long the page of a module takes to show a module of each kind, apart from the library: what its calls cost at
+// least (each as much as asking for an identity) is taken off. The floor makes the kind's own panels, which are made
+// anew for each module, from bare controls of the same kinds, lets them find their size, as the page does to find a
+// place for them, and fills in as many fields as the page has.
 
+#include "benchmarks/BareTwin.h"
 #include "benchmarks/Figure.h"
 #include "benchmarks/Window.h"
 #include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
 #include "panels/common/HostWindow.h"
+#include "panels/common/TypePanel.h"
 #include "panels/module/TavikModuleWidget.h"
 #include "simulator/control/BenchControl.h"
 
 #include <QApplication>
-#include <QGridLayout>
 #include <QLineEdit>
 
 #include <set>
@@ -38,10 +40,14 @@ double MillisecondsPerCall(TavikLibrary::TavikModule* module) {
     return (Benchmarks::MonotonicSeconds() - started) * 1000 / calls;
 }
 
-/// What the panel has to show, in bare controls.
-class BarePanel {
+/// What the page of a module has to show, in bare controls.
+class BarePage {
 public:
-    BarePanel(int ownControls, int fieldCount) : controls(ownControls) {
+    explicit BarePage(const TavikModuleWidget& page) {
+        for (const TypePanel* panel : page.findChildren<TypePanel*>()) {
+            twins.emplace_back(*panel);
+        }
+        const int fieldCount = page.findChildren<QLineEdit*>().size();
         for (int field = 0; field < fieldCount; ++field) {
             fields.push_back(new QLineEdit(&frame));
         }
@@ -52,13 +58,15 @@ public:
 
     double Fill(int turn) {
         const double started = Benchmarks::MonotonicSeconds();
-        delete own;
-        own = new QWidget(&frame);
-        auto* layout = new QGridLayout(own);
-        for (int control = 0; control < controls; ++control) {
-            layout->addWidget(Benchmarks::BareControl(control), control / 4, control % 4);
+        qDeleteAll(panels);
+        panels.clear();
+        for (const Benchmarks::BareTwin& twin : twins) {
+            QWidget* panel = twin.Make();
+            panel->setParent(&frame);
+            panel->resize(panel->sizeHint());
+            panel->show();
+            panels.push_back(panel);
         }
-        own->show();
         for (QLineEdit* field : fields) {
             field->setText(QString::number(turn));
         }
@@ -69,19 +77,19 @@ public:
 
 private:
     QWidget frame;
-    QWidget* own = nullptr;
+    std::vector<Benchmarks::BareTwin> twins;
+    std::vector<QWidget*> panels;
     std::vector<QLineEdit*> fields;
-    int controls;
 };
 
 void Measure(Host& host, TavikModuleWidget& panel, TavikLibrary::TavikServer& server,
-             TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module, int commonControls) {
+             TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module) {
     const auto fill = [&] { panel.SetModule(&host, &server, network, module); };
     const std::uint64_t before = TavikSimulator::CallCount();
     fill();
     const auto calls = static_cast<double>(TavikSimulator::CallCount() - before);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    BarePanel bare(panel.findChildren<QWidget*>().size() - commonControls, panel.findChildren<QLineEdit*>().size());
+    BarePage bare(panel);
     const double library = calls * MillisecondsPerCall(module);
     std::vector<double> filled;
     std::vector<double> floor;
@@ -108,7 +116,6 @@ int main(int argc, char* argv[]) {
     Benchmarks::BareLibrary library(0);
     Host host;
     auto* panel = new TavikModuleWidget;
-    const int commonControls = panel->findChildren<QWidget*>().size();
     host.setCentralWidget(panel);
     host.show();
     std::set<TavikLibrary::eModuleType> seen;
@@ -116,7 +123,7 @@ int main(int argc, char* argv[]) {
     for (int index = 0; index < network->ModuleCount(); ++index) {
         TavikLibrary::TavikModule* module = network->GetModule(static_cast<unsigned int>(index));
         if (seen.insert(module->ModuleType()).second) {
-            Measure(host, *panel, library.Server(), network, module, commonControls);
+            Measure(host, *panel, library.Server(), network, module);
         }
     }
     return 0;
