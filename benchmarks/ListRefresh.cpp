@@ -6,7 +6,6 @@
 #include "benchmarks/Window.h"
 #include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
-#include "simulator/control/BenchControl.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -44,16 +43,14 @@ double FillBareList(QListWidget& list, TavikLibrary::TavikNetwork& network) {
 int main(int argc, char* argv[]) {
     Benchmarks::LeaveOutOpenGl();
     const QApplication application(argc, argv);
-    TavikSimulator::UseDefaultBench();
-    TavikSimulator::SetLatency(false);
+    Benchmarks::UseQuickBench();
     MainWindow window;
     window.show();
     const int row = Benchmarks::RowOfNetwork(window, QStringLiteral("Full rack"));
     Benchmarks::ConnectNetwork(window, row);
     Benchmarks::Find<QTabWidget>(window, "tabWidget")->setCurrentIndex(networkPage);
 
-    TavikSimulator::UseDefaultBench();
-    TavikSimulator::SetLatency(false);
+    Benchmarks::UseQuickBench();
     Benchmarks::BareLibrary bare(static_cast<unsigned int>(row));
     QListWidget list;
     list.resize(Benchmarks::Find<QListWidget>(window, "listModules")->size());

@@ -111,8 +111,7 @@ void Measure(Host& host, TavikModuleWidget& panel, TavikLibrary::TavikServer& se
 int main(int argc, char* argv[]) {
     Benchmarks::LeaveOutOpenGl();
     const QApplication application(argc, argv);
-    TavikSimulator::UseDefaultBench();
-    TavikSimulator::SetLatency(false);
+    Benchmarks::UseQuickBench();
     Benchmarks::BareLibrary library(0);
     Host host;
     auto* panel = new TavikModuleWidget;

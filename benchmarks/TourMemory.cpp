@@ -4,7 +4,6 @@
 #include "app/MainWindow.h"
 #include "benchmarks/Figure.h"
 #include "benchmarks/Window.h"
-#include "simulator/control/BenchControl.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -43,8 +42,7 @@ void ConnectEveryNetwork(MainWindow& window) {
 int main(int argc, char* argv[]) {
     Benchmarks::LeaveOutOpenGl();
     const QApplication application(argc, argv);
-    TavikSimulator::UseDefaultBench();
-    TavikSimulator::SetLatency(false);
+    Benchmarks::UseQuickBench();
     MainWindow window;
     window.show();
     const Benchmarks::BoxCloser boxCloser;

@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
+#include "simulator/control/BenchControl.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -15,6 +16,11 @@
 
 void Benchmarks::LeaveOutOpenGl() {
     qputenv("QT_XCB_GL_INTEGRATION", "none");
+}
+
+void Benchmarks::UseQuickBench() {
+    TavikSimulator::UseDefaultBench();
+    TavikSimulator::SetLatency(false);
 }
 
 void Benchmarks::ConnectNetwork(MainWindow& window, int row) {
