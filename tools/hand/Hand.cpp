@@ -255,9 +255,16 @@ bool Hand::Choose(const char* name, int row) {
         ComplainOf(name, QStringLiteral("does not open"));
         return false;
     }
-    QTest::keyClick(rows, Qt::Key_Home);
-    for (int below = 0; below < row; ++below) {
-        QTest::keyClick(rows, Qt::Key_Down);
+    const auto goToRow = [rows, row] {
+        QTest::keyClick(rows, Qt::Key_Home);
+        for (int below = 0; below < row; ++below) {
+            QTest::keyClick(rows, Qt::Key_Down);
+        }
+        return rows->currentIndex().row() == row;
+    };
+    if (!WaitUntil(goToRow)) {
+        ComplainOf(name, QStringLiteral("does not go to row %1").arg(row));
+        return false;
     }
     QTest::keyClick(rows, Qt::Key_Return);
     return WaitUntil([rows] { return !rows->isVisible(); });

@@ -49,11 +49,14 @@ void StopNotify(Tour& tour) {
     tour.Operator().Click("btnNotify");
 }
 
-/// The library has been told to stop listening, and took it.
+/// The library has been told to stop listening, and took it; or it has said that it listens no more, as it does by
+/// itself when a slow call lets the time pass in which modules are announced.
 bool NotifyingIsOver(Tour&) {
     const std::vector<JournalEntry> calls = Journal();
-    return std::any_of(calls.begin(), calls.end(),
-                       [](const JournalEntry& call) { return call.operation == "CancelNotifying" && !call.failed; });
+    return std::any_of(calls.begin(), calls.end(), [](const JournalEntry& call) {
+        return !call.failed && (call.operation == "CancelNotifying" ||
+                                (call.operation == "Notifying" && call.result == "false"));
+    });
 }
 
 void AddModule(Tour& tour) {
