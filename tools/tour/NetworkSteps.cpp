@@ -54,8 +54,8 @@ void StopNotify(Tour& tour) {
 bool NotifyingIsOver(Tour&) {
     const std::vector<JournalEntry> calls = Journal();
     return std::any_of(calls.begin(), calls.end(), [](const JournalEntry& call) {
-        return !call.failed && (call.operation == "CancelNotifying" ||
-                                (call.operation == "Notifying" && call.result == "false"));
+        return !call.failed &&
+               (call.operation == "CancelNotifying" || (call.operation == "Notifying" && call.result == "false"));
     });
 }
 
