@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 
 class HostWindow;
 class QCheckBox;
@@ -28,6 +29,17 @@ protected:
     HandToolSettingsDialog(QWidget* mainWindow, TavikLibrary::RLK_Device* device,
                            TavikLibrary::RLK_DeviceSettingsBase* settings);
     ~HandToolSettingsDialog() override;
+
+    /// The settings as those of one kind of tool. Throws std::runtime_error for those of another kind: the slot may
+    /// have got another tool since its type was asked for.
+    template <class Settings>
+    static Settings* SettingsOfKind(TavikLibrary::RLK_DeviceSettingsBase* settings) {
+        auto* ofKind = dynamic_cast<Settings*>(settings);
+        if (ofKind == nullptr) {
+            throw std::runtime_error("The settings of this hand tool are those of another kind of tool.");
+        }
+        return ofKind;
+    }
 
     /// Connects the tool and reads its settings by the calls given. Throws std::runtime_error when the tool
     /// cannot be brought into configuration mode or read, and when the main window closes meanwhile.

@@ -19,7 +19,7 @@ KRV_Settings_Dialog::KRV_Settings_Dialog(QWidget* parent, TavikLibrary::RLK_Devi
                                          TavikLibrary::RLK_DeviceSettingsBase* settings)
     : HandToolSettingsDialog(parent, device, settings),
       ui(std::make_unique<Ui::KRV_Settings_Dialog>()),
-      settings(static_cast<TavikLibrary::RLK_DeviceSettings_KRV*>(settings)) {
+      settings(SettingsOfKind<TavikLibrary::RLK_DeviceSettings_KRV>(settings)) {
     ui->setupUi(this);
     Open([this] { ReadSettings(); });
 }

@@ -17,7 +17,7 @@ KRV_X_Settings_Dialog::KRV_X_Settings_Dialog(QWidget* parent, TavikLibrary::RLK_
                                              TavikLibrary::RLK_DeviceSettingsBase* settings)
     : HandToolSettingsDialog(parent, device, settings),
       ui(std::make_unique<Ui::KRV_X_Settings_Dialog>()),
-      settings(static_cast<TavikLibrary::RLK_DeviceSettings_KRVX*>(settings)) {
+      settings(SettingsOfKind<TavikLibrary::RLK_DeviceSettings_KRVX>(settings)) {
     ui->setupUi(this);
     Open([this] { ReadSettings(); });
 }

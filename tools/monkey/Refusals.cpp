@@ -14,8 +14,9 @@ const std::set<std::string>& Refused() {
                                                      "ApplyRemap", "FindHotswapped", "BeginNotifying", "Load", "Save",
                                                      // modes and masterings
                                                      "Start", "Prepare", "StartAllDynamic", "ApplyMastering",
-                                                     // a sample while the module reads by itself
-                                                     "SampleReading",
+                                                     // a sample while the module reads by itself, or while another
+                                                     // module triggers the network's samples
+                                                     "SampleReading", "Sample",
                                                      // a laser whose beam is off
                                                      "ReadInCounts", "ReadInUnits"};
     return operations;

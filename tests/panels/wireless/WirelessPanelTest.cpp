@@ -40,6 +40,8 @@ private slots:
     void failureWhileEnablingIsShownByTheLastResort();
     void panelWithoutAModuleDoesNothing();
     void configOfAnUnknownType();
+    void configOfAnotherKind_data();
+    void configOfAnotherKind();
     void failureOfConfig_data();
     void failureOfConfig();
     void failureOfRead_data();
@@ -251,6 +253,30 @@ void WirelessPanelTest::configOfAnUnknownType() {
     boxes.ExpectError(Panel(), QStringLiteral("RLK Config"), QStringLiteral("Unsupported KRV type"));
     QVERIFY(Operator().Click("btnConfig1"));
     COMPARE_CALLS(TakeToolCalls(), OfSlot(QStringLiteral("device"), {QStringLiteral("DeviceType()")}));
+}
+
+void WirelessPanelTest::configOfAnotherKind_data() {
+    using TavikLibrary::eRLK_DeviceType;
+    QTest::addColumn<int>("slot");
+    QTest::addColumn<int>("type");
+    QTest::newRow("a single-channel tool") << 1 << static_cast<int>(eRLK_DeviceType::KRVX);
+    QTest::newRow("a tool of several channels") << 2 << static_cast<int>(eRLK_DeviceType::KRV);
+}
+
+/// The tool is another than its type says: its dialog would ask it for settings that it does not have.
+void WirelessPanelTest::configOfAnotherKind() {
+    QFETCH(int, slot);
+    QFETCH(int, type);
+    OpenModule(Usual(), 0);
+    Fault fault;
+    fault.operation = "DeviceType";
+    fault.effect = FaultEffect::Result;
+    fault.code = type;
+    AddFault(fault);
+    boxes.ExpectError(Panel(), QStringLiteral("RLK Module"),
+                      QStringLiteral("The settings of this hand tool are those of another kind of tool."));
+    QVERIFY(Operator().Click(Numbered("btnConfig", slot).constData()));
+    QCOMPARE(TakeToolCalls().size(), 2);
 }
 
 void WirelessPanelTest::failureOfConfig_data() {
