@@ -48,6 +48,7 @@ bool IsOwnWord(const QString& title, const QString& text) {
         QStringLiteral("The current module did not form part of the dynamic collection"),
         QStringLiteral("Device connection error\nFailed to enter config mode."),
         QStringLiteral("Unsupported KRV type"),
+        QStringLiteral("The settings of this hand tool are those of another kind of tool."),
     };
     static const QRegularExpression patterns(
         QStringLiteral("^(Interval must be 0 for full speed or a minimum of \\d+|"
