@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr QLatin1String filter("Tavik XML files (*.xml)");
-constexpr QLatin1String suffix(".xml");
-constexpr QLatin1String errorPrefix("Error: ");
+const QLatin1String filter("Tavik XML files (*.xml)");
+const QLatin1String suffix(".xml");
+const QLatin1String errorPrefix("Error: ");
 
 } // namespace
 

@@ -14,10 +14,10 @@
 
 namespace {
 
-constexpr QLatin1String boxTitle("PNX Module");
+const QLatin1String boxTitle("PNX Module");
 
 /// How a reading's failure begins after something was changed at the air gauge itself.
-constexpr QLatin1String informationIsOld("Module Information needs reading.");
+const QLatin1String informationIsOld("Module Information needs reading.");
 
 /// The pressure sensor's 14-bit counts stand for 0 to 30 psi.
 double PressureOf(int counts) {

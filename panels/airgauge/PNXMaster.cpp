@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr QLatin1String boxTitle("PNX Mastering");
+const QLatin1String boxTitle("PNX Mastering");
 
 constexpr int firstStage = 1;
 constexpr int livePressureStage = 3;
