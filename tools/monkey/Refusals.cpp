@@ -48,6 +48,8 @@ bool IsOwnWord(const QString& title, const QString& text) {
         QStringLiteral("The current module did not form part of the dynamic collection"),
         QStringLiteral("Device connection error\nFailed to enter config mode."),
         QStringLiteral("Unsupported KRV type"),
+        QStringLiteral("Unexpected PNX units"),
+        QStringLiteral("Unexpected PNX units in unit conversion."),
         QStringLiteral("The settings of this hand tool are those of another kind of tool."),
     };
     static const QRegularExpression patterns(
