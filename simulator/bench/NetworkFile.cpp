@@ -21,7 +21,6 @@
 namespace TavikSimulator {
 
 using TavikLibrary::eModuleType;
-using TavikLibrary::eNetSpeed;
 using TavikLibrary::eTavikErrors;
 
 namespace {
@@ -29,7 +28,7 @@ namespace {
 constexpr const char* RootName = "tavik-network";
 constexpr int Format = 1;
 /// A network of 150 modules takes some 20 KB.
-constexpr std::size_t LargestFile = 1024 * 1024;
+constexpr std::size_t LargestFile = std::size_t{1024} * 1024;
 
 [[noreturn]] void RefuseFile(const char* what, const std::string& path, const std::string& reason) {
     Refuse(eTavikErrors::InvalidArgument, std::string(what) + " \"" + path + "\": " + reason + ".");
