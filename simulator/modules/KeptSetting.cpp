@@ -54,7 +54,8 @@ double RealNumber(const std::string& setting, const std::string& text) {
     return number;
 }
 
-KeptSetting KeptSwitch(const std::string& name, std::function<bool()> get, std::function<void(bool)> use) {
+KeptSetting KeptSwitch(const std::string& name, const std::function<bool()>& get,
+                       const std::function<void(bool)>& use) {
     const auto require = [name](const std::string& text) {
         if (text != "0" && text != "1") {
             RefuseText(name, text, "0 or 1");

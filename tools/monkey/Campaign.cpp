@@ -101,7 +101,7 @@ void Campaign::Report(int session, const Outcome& outcome, const Steps& steps) {
                 qPrintable(outcome.kind), qPrintable(outcome.output));
     std::printf("The whole session again: %s --seed %llu --events-per-session %d --first-session %d --sessions 1\n",
                 qPrintable(program), static_cast<unsigned long long>(options.seed), options.eventsPerSession, session);
-    const Step bench = steps.front();
+    const Step& bench = steps.front();
     const auto whole = [&bench](const Steps& rest) {
         Steps all = {bench};
         all.insert(all.end(), rest.begin(), rest.end());
