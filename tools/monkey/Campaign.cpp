@@ -39,7 +39,7 @@ private:
 int SessionIn(const QString& log) {
     QFile file(log);
     constexpr int ahead = 10; // "# session "
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readLine()).mid(ahead).toInt() : 0;
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readLine()).midRef(ahead).toInt() : 0;
 }
 
 Outcome Campaign::PlaySessions(int first, int count) {
