@@ -62,7 +62,7 @@ private:
 };
 
 std::string NetworkFileTest::Write(const std::string& text) {
-    const std::string path = Path("written.xml");
+    std::string path = Path("written.xml");
     QFile file(QString::fromStdString(path));
     if (!file.open(QIODevice::WriteOnly)) {
         qFatal("The test's own file cannot be written.");
@@ -193,7 +193,7 @@ void NetworkFileTest::deepNestingIsRefused() {
 void NetworkFileTest::aFileThatIsTooLargeIsRefused() {
     Use(OneNetwork(Three));
     ConnectedServer server;
-    const std::string blanks(1024 * 1024, ' ');
+    const std::string blanks(std::size_t{1024} * 1024, ' ');
     const Refusal refusal = RefusalOf([&] { server.Network()->Load(Write(Head + blanks + Tail)); });
     QVERIFY2(refusal.Names("larger than 1 MB"), refusal.text.c_str());
 }

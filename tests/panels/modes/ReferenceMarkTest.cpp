@@ -221,7 +221,7 @@ void ReferenceMarkTest::pollsEveryFiftyMilliseconds() {
     time.start();
     FindAndAfter(5, [this] { QVERIFY(Operator().Click("btnStop")); });
     // A machine with other things to do may take longer, but never less.
-    QVERIFY2(time.elapsed() >= 4 * 50, qPrintable(QString::number(time.elapsed())));
+    QVERIFY2(time.elapsed() >= 200, qPrintable(QString::number(time.elapsed())));
     QCOMPARE(Calls::CountOf("RefmarkInProgress"), 6);
 }
 
