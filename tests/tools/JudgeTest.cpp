@@ -54,7 +54,7 @@ private:
         QTRY_COMPARE(ProgramTest::boxes.Count(), 1);
     }
 
-    const MonkeyBench bench;
+    const MonkeyBench bench{};
     std::unique_ptr<Judge> judge;
 };
 

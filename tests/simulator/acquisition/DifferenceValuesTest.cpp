@@ -8,7 +8,6 @@ using namespace Difference;
 using namespace TavikSimulator;
 using TavikLibrary::eTavikErrors;
 using TavikLibrary::ModuleDifference;
-using TavikLibrary::NetworkDifference;
 
 /// What difference mode says of readings.
 class DifferenceValuesTest : public QObject {

@@ -9,7 +9,6 @@
 
 using namespace TavikSimulator;
 using TavikLibrary::eTavikErrors;
-using TavikLibrary::TavikModule;
 using TavikLibrary::TavikNetwork;
 
 namespace {

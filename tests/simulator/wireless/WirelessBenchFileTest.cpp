@@ -122,7 +122,9 @@ void WirelessBenchFileTest::TheDefaultBenchHoldsToolsOfAllSorts() {
         auto* module = dynamic_cast<TavikModuleRLK*>(server.Network()->GetModule(static_cast<unsigned int>(index)));
         wireless = module != nullptr ? module : wireless;
     }
-    QVERIFY(wireless != nullptr);
+    if (wireless == nullptr) {
+        QFAIL("There is no wireless module.");
+    }
     std::set<eRLK_DeviceType> types;
     std::set<eRLK_DeviceStatus> states;
     for (int slot = 0; slot < 6; ++slot) {
