@@ -106,7 +106,8 @@ Benchmarks::BareTwin::BareTwin(const QWidget& original) : make(MakesControl(orig
         return;
     }
     make = MakesHolder(original);
-    for (const QWidget* child : original.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    const auto widgets = original.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QWidget* child : widgets) {
         children.emplace_back(*child);
     }
 }

@@ -44,7 +44,8 @@ double MillisecondsPerCall(TavikLibrary::TavikModule* module) {
 class BarePage {
 public:
     explicit BarePage(const TavikModuleWidget& page) {
-        for (const TypePanel* panel : page.findChildren<TypePanel*>()) {
+        const auto panelsOfKind = page.findChildren<TypePanel*>();
+        for (const TypePanel* panel : panelsOfKind) {
             twins.emplace_back(*panel);
         }
         const int fieldCount = page.findChildren<QLineEdit*>().size();

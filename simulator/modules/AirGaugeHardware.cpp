@@ -22,7 +22,7 @@ namespace {
 constexpr MeasuringRange sensor{0.0, 30.0, 16383};
 
 /// Stands in network files for the mastering of a gauge without one.
-const std::string NotMasteredText = "none";
+constexpr const char* NotMasteredText = "none";
 
 constexpr const char* MasteringSetting = "mastering";
 

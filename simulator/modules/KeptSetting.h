@@ -45,7 +45,6 @@ KeptSetting KeptNumber(const std::string& name, Get get, Require require, Use us
 }
 
 /// A setting that is on (1) or off (0).
-KeptSetting KeptSwitch(const std::string& name, const std::function<bool()>& get,
-                       const std::function<void(bool)>& use);
+KeptSetting KeptSwitch(const std::string& name, const std::function<bool()>& get, const std::function<void(bool)>& use);
 
 } // namespace TavikSimulator

@@ -92,7 +92,7 @@ void NetworkFilesTest::savedNetworkIsLoaded() {
     Calls::Take();
     Load(file);
     QCOMPARE(Rows("listModules"), before);
-    QCOMPARE(Calls::Take().first(), QStringLiteral("network Alpha.Load(\"%1\")").arg(file));
+    QCOMPARE(Calls::Take().constFirst(), QStringLiteral("network Alpha.Load(\"%1\")").arg(file));
 }
 
 void NetworkFilesTest::loadCancelled() {

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QStatusBar>
+#include <QTimer>
 
 using namespace TavikSimulator;
 
@@ -91,16 +92,16 @@ void ContinuousTest::onePassTakesATenthOfASecond() {
 void ContinuousTest::stopEndsTheWaitAtOnce() {
     OpenModule(Benches::Two(), 0);
     // What is left of the wait would have time for this.
-    QTimer part;
-    part.setSingleShot(true);
-    bool atOnce = false;
+    auto* part = new QTimer(this);
+    part->setSingleShot(true);
+    const auto atOnce = std::make_shared<bool>(false);
     connect(Window().statusBar(), &QStatusBar::messageChanged, this,
-            [&](const QString& text) { atOnce = atOnce || (text.isEmpty() && part.isActive()); });
+            [part, atOnce](const QString& text) { *atOnce = *atOnce || (text.isEmpty() && part->isActive()); });
     Start(2, [&] {
         QVERIFY(QMetaObject::invokeMethod(Operator().Find("moduleWidget"), "on_btnStopContinuous_clicked"));
-        part.start(20);
+        part->start(20);
     });
-    QVERIFY(atOnce);
+    QVERIFY(*atOnce);
     QCOMPARE(Calls::TakeOperation("ReadInCounts").size(), 2);
 }
 

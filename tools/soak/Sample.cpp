@@ -29,7 +29,8 @@ void ObjectRemoved(QObject*) {
 double NumberIn(const char* path, const QByteArray& key) {
     QFile file(QString::fromLatin1(path));
     if (file.open(QIODevice::ReadOnly)) {
-        for (const QByteArray& line : file.readAll().split('\n')) {
+        const auto lines = file.readAll().split('\n');
+        for (const QByteArray& line : lines) {
             if (line.startsWith(key)) {
                 return line.mid(key.size()).simplified().split(' ').value(0).toDouble();
             }

@@ -124,7 +124,8 @@ QStringList Walk::Finish(const TourStep& step) {
     QCoreApplication::processEvents();
     tour.boxes.Finish();
     QStringList wrong = Complaints::Take();
-    for (const SeenBox& box : CriticalBoxes(tour.boxes.Peek())) {
+    const auto critical = CriticalBoxes(tour.boxes.Peek());
+    for (const SeenBox& box : critical) {
         if (!tour.bench.someNetworkDead) {
             wrong.append(QStringLiteral("there is a %1").arg(ToText(box)));
         }
@@ -141,7 +142,7 @@ Verdict Walk::TakeFailing(const OutlinedStep& outlined, const FailureInStep& fai
     const double since = BenchTime();
     Arm(failure);
     QTimer repair;
-    QObject::connect(&repair, &QTimer::timeout, [this] {
+    QObject::connect(&repair, &QTimer::timeout, &repair, [this] {
         if (CriticalBoxes(tour.boxes.Peek()).size() >= boxesUntilRepaired) {
             ClearFaults();
         }
@@ -202,7 +203,8 @@ QStringList Walk::TryAgain(const TourStep& step, Variant variant) {
     if (!step.seen(tour)) {
         wrong.append(QStringLiteral("trying again does not help"));
     }
-    for (const SeenBox& box : CriticalBoxes(tour.boxes.Take())) {
+    const auto unexpected = CriticalBoxes(tour.boxes.Take());
+    for (const SeenBox& box : unexpected) {
         wrong.append(QStringLiteral("trying again shows a %1").arg(ToText(box)));
     }
     return wrong;

@@ -93,7 +93,8 @@ int TakeTour(const QStringList& arguments) {
     }
     Sweep sweep(*course);
     std::vector<Failure> failures;
-    for (const QString& argument : arguments.mid(1)) {
+    const auto given = arguments.mid(1);
+    for (const QString& argument : given) {
         const std::optional<Failure> failure = FailureFromText(argument);
         if (!failure || !sweep.Way().PlaceOf(failure->call)) {
             return Refuse(QStringLiteral("\"%1\" is no failure of this course.").arg(argument));

@@ -18,7 +18,10 @@ const QString configTitle = QStringLiteral("KRV Config");
 const QString errorPrefix = QStringLiteral("Error: ");
 
 constexpr int slotsOfAModule = 6;
-const FailureBox noBox{false, QString(), QString()};
+
+FailureBox NoBox() {
+    return {false, QString(), QString()};
+}
 
 int CountOf(const char* operation, Calls::const_iterator begin, Calls::const_iterator end) {
     return static_cast<int>(
@@ -34,7 +37,7 @@ FailureBox WhileFilling(Calls::const_iterator begin, const Calls& calls) {
     const std::string& last = calls.back().operation;
     const bool wakes = last == "Devices" || last == "GetDevice" || last == "ReadAllChannels";
     const bool allWoken = CountOf("ReadAllChannels", begin, calls.end() - 1) == slotsOfAModule;
-    return wakes && !allWoken ? noBox : FailureBox();
+    return wakes && !allWoken ? NoBox() : FailureBox();
 }
 
 FailureBox OfSelection(const Calls& calls) {
@@ -60,7 +63,7 @@ FailureBox OfReading(const Calls& calls) {
         return FailureBox();
     }
     const bool lastQuestion = last == "ConnectionStatus" && CountOf("ConnectionStatus", calls) % 2 == 0;
-    return lastQuestion ? noBox : FailureBox{true, QStringLiteral("Read KRV"), QString()};
+    return lastQuestion ? NoBox() : FailureBox{true, QStringLiteral("Read KRV"), QString()};
 }
 
 /// Opening the settings fails as a whole, but for the question for the firmware; what is written has its own box.
@@ -68,7 +71,7 @@ FailureBox OfSettings(const Calls& calls) {
     const std::string& last = calls.back().operation;
     const bool asksForFirmware = last == "SendCommand" || (last == "Settings" && CountOf("Settings", calls) == 2);
     if (asksForFirmware) {
-        return noBox;
+        return NoBox();
     }
     const bool opened = CountOf("setConfigMode", calls.begin(), calls.end() - 1) == 2;
     const bool writes = opened || last == "SetDisplayedResolution";

@@ -61,7 +61,8 @@ void AirGaugePanelTest::theForm() {
     QCOMPARE(OnPanel().Text("btnConfigure"), QStringLiteral("Configure"));
     QCOMPARE(OnPanel().Text("btnUpdateModuleInfo"), QStringLiteral("Update \nModule \nInfo"));
     QStringList captions;
-    for (const QLabel* label : Panel()->findChildren<QLabel*>()) {
+    const auto labels = Panel()->findChildren<QLabel*>();
+    for (const QLabel* label : labels) {
         captions.append(label->text());
     }
     QCOMPARE(captions, QStringList({QStringLiteral("Master A"), QStringLiteral("Master B"), QStringLiteral("Pressure"),
@@ -83,7 +84,8 @@ void AirGaugePanelTest::bothPanelsFitTheWindow() {
     QCOMPARE(Window().size(), QSize(1100, 700));
     const QRect seen = ModulePanel()->visibleRegion().boundingRect();
     QVERIFY(seen.contains(Panel()->geometry()));
-    for (const QWidget* child : Panel()->findChildren<QWidget*>()) {
+    const auto widgets = Panel()->findChildren<QWidget*>();
+    for (const QWidget* child : widgets) {
         QVERIFY2(child->width() >= child->minimumSizeHint().width(), qPrintable(child->objectName()));
         QVERIFY2(child->height() >= child->minimumSizeHint().height(), qPrintable(child->objectName()));
     }
@@ -141,7 +143,8 @@ void AirGaugePanelTest::updateAsksInOrder() {
     COMPARE_CALLS(calls.mid(0, before.size()), before);
     QCOMPARE(calls.at(before.size()), QStringLiteral("Identity()"));
     QCOMPARE(calls.last(), QStringLiteral("UnitsOfMeasure()"));
-    for (const QString& call : calls.mid(before.size())) {
+    const auto later = calls.mid(before.size());
+    for (const QString& call : later) {
         QVERIFY2(!filling.contains(call) && !reading.contains(call), qPrintable(call));
     }
 }
@@ -183,10 +186,10 @@ void AirGaugePanelTest::updateThatFails() {
     QVERIFY(OnPanel().Click("btnUpdateModuleInfo"));
     QCOMPARE(boxes.Count(), 1);
     QVERIFY(!cursorInBox);
-    QCOMPARE(TakeGaugeCalls().last(), QString::fromLatin1(operation) + QStringLiteral("()"));
+    QCOMPARE(TakeGaugeCalls().constLast(), QString::fromLatin1(operation) + QStringLiteral("()"));
     QVERIFY(OnPanel().IsEnabled("btnUpdateModuleInfo"));
     QVERIFY(OnPanel().Click("btnUpdateModuleInfo"));
-    QCOMPARE(TakeGaugeCalls().last(), QStringLiteral("UnitsOfMeasure()"));
+    QCOMPARE(TakeGaugeCalls().constLast(), QStringLiteral("UnitsOfMeasure()"));
 }
 
 void AirGaugePanelTest::updateWhoseRedisplayFails() {

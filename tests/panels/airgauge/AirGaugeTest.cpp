@@ -101,7 +101,8 @@ QStringList TakeAirGaugeCalls() {
                                      "Buffered",
                                      "Difference"};
     QStringList calls;
-    for (const QString& call : TakeGaugeCalls()) {
+    const auto taken = TakeGaugeCalls();
+    for (const QString& call : taken) {
         const QString operation = call.section(QLatin1Char('('), 0, 0);
         const auto same = [&](const char* name) { return operation == QLatin1String(name); };
         if (std::none_of(std::begin(ofTheBase), std::end(ofTheBase), same)) {

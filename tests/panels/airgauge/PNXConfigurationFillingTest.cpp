@@ -171,7 +171,8 @@ void PNXConfigurationFillingTest::anOutputThatCannotBeAsked() {
 
 void PNXConfigurationFillingTest::fillingThatFails_data() {
     QTest::addColumn<QByteArray>("operation");
-    for (const QString& call : filling.mid(0, filling.size() - 1)) {
+    const auto butTheLast = filling.mid(0, filling.size() - 1);
+    for (const QString& call : butTheLast) {
         QTest::newRow(qPrintable(call)) << call.section(QLatin1Char('('), 0, 0).toLatin1();
     }
 }
@@ -185,7 +186,7 @@ void PNXConfigurationFillingTest::fillingThatFails() {
     boxes.ExpectError(Panel(), boxTitle, failure);
     QVERIFY(OnPanel().Click("btnConfigure"));
     QCOMPARE(boxes.Take().size(), 1);
-    QCOMPARE(TakeAirGaugeCalls().last(), QString::fromLatin1(operation) + QStringLiteral("()"));
+    QCOMPARE(TakeAirGaugeCalls().constLast(), QString::fromLatin1(operation) + QStringLiteral("()"));
     DuringConfiguration([](QDialog&) {});
 }
 
@@ -196,10 +197,10 @@ void PNXConfigurationFillingTest::aWriteThatFailsDuringFilling() {
     Calls::Mark();
     boxes.Tolerate(true);
     DuringConfiguration([](QDialog& dialog) {
-        QCOMPARE(TakeAirGaugeCalls().last(), filling.last());
+        QCOMPARE(TakeAirGaugeCalls().constLast(), filling.last());
         QCOMPARE(In<QDoubleSpinBox>(dialog, "sbHighLimit")->value(), 0.02);
     });
-    const SeenBox box = boxes.Take().first();
+    const SeenBox box = boxes.Take().constFirst();
     QCOMPARE(box.kind, BoxKind::Critical);
     QCOMPARE(box.parentClass, QStringLiteral("PNXConfigurationDialog"));
     QCOMPARE(box.title, boxTitle);
@@ -235,7 +236,7 @@ void PNXConfigurationFillingTest::anUnknownRotationIsPassedOn() {
         QVERIFY(TakeAirGaugeCalls().contains(QStringLiteral("setRotateDisplay(-1)")));
         QCOMPARE(In<QComboBox>(dialog, "cbScreenRotation")->currentIndex(), -1);
     });
-    QCOMPARE(boxes.Take().first().text, QStringLiteral("An air gauge's display has no rotation -1."));
+    QCOMPARE(boxes.Take().constFirst().text, QStringLiteral("An air gauge's display has no rotation -1."));
 }
 
 TAVIK_TEST_MAIN(PNXConfigurationFillingTest)

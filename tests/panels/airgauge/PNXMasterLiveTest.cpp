@@ -67,7 +67,7 @@ void PNXMasterLiveTest::thePressureIsLive() {
             QElapsedTimer time;
             time.start();
             const auto isLive = [] { return Calls::CountOf("PressureReading") >= 8; };
-            When(&wizard, isLive, [this, &wizard, time] {
+            When(&wizard, isLive, [&wizard, time] {
                 // One reading in 50 ms, or a little more.
                 QVERIFY2(time.elapsed() >= 350, qPrintable(QString::number(time.elapsed())));
                 QCOMPARE(Shown(wizard, "tbPressure"), PressureShownFor(0.02));

@@ -145,7 +145,7 @@ void PNXMasterStagesTest::openingThatFails() {
         QCOMPARE(SpinBox(wizard, "sbMasterB")->value(), 0.0);
         CancelWizard(wizard);
     });
-    const SeenBox box = boxes.Take().first();
+    const SeenBox box = boxes.Take().constFirst();
     QCOMPARE(box.kind, BoxKind::Critical);
     QCOMPARE(box.parentClass, QStringLiteral("PNXMaster"));
     QCOMPARE(box.title, boxTitle);
@@ -161,7 +161,7 @@ void PNXMasterStagesTest::openingWithAnUnknownUnit() {
     boxes.Tolerate(true);
     During([&](QDialog& wizard) {
         ClearFaults();
-        QCOMPARE(boxes.Take().first().text, text);
+        QCOMPARE(boxes.Take().constFirst().text, text);
         boxes.ExpectError(&wizard, QStringLiteral("Tavik Library Test"), text);
         QVERIFY(Hand(wizard).Click("btnNext"));
         QTRY_COMPARE(boxes.Count(), 1);

@@ -314,7 +314,8 @@ void BufferedPageTest::theKeyboardReachesEverything() {
         visited.append(QApplication::focusWidget()->objectName());
         Operator().Press(Qt::Key_Tab);
     }
-    for (const QString& name : Enabled()) {
+    const auto names = Enabled();
+    for (const QString& name : names) {
         QVERIFY2(visited.contains(name) || name == QLatin1String("radioSample"), qPrintable(name));
     }
     QVERIFY(visited.indexOf(QStringLiteral("btnEnable")) < visited.indexOf(QStringLiteral("sbInterval")));

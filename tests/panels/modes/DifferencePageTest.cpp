@@ -344,7 +344,7 @@ void DifferencePageTest::resultsWithoutModules() {
     const auto* table = dialog.findChild<QTableWidget*>(QStringLiteral("tableResults"));
     QCOMPARE(table->columnCount(), 0);
     QCOMPARE(table->rowCount(), 6);
-    QCOMPARE(HeadersOf(*table, Qt::Vertical).first(), QStringLiteral("Error Msg"));
+    QCOMPARE(HeadersOf(*table, Qt::Vertical).constFirst(), QStringLiteral("Error Msg"));
 }
 
 void DifferencePageTest::resultsAreCopied() {

@@ -95,7 +95,7 @@ void DynamicClosingTest::closingInTheBoxOfAFailedStop() {
     AdvanceClock(1.0);
     QVERIFY(WaitUntil([this] { return !Window().isVisible(); }));
     QTest::qWait(50);
-    QCOMPARE(Calls::Take().last(), QStringLiteral("networks.DisconnectAll()"));
+    QCOMPARE(Calls::Take().constLast(), QStringLiteral("networks.DisconnectAll()"));
     QCOMPARE(boxes.Count(), 1);
 }
 

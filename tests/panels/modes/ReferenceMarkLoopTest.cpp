@@ -192,7 +192,7 @@ void ReferenceMarkLoopTest::closingWhenTheModuleCannotBeTold() {
         Window().close();
     });
     QVERIFY(!Window().isVisible());
-    QCOMPARE(Calls::Take().last(), QStringLiteral("networks.DisconnectAll()"));
+    QCOMPARE(Calls::Take().constLast(), QStringLiteral("networks.DisconnectAll()"));
     QCOMPARE(boxes.Count(), 0);
 }
 

@@ -270,7 +270,7 @@ void DigitalIO2PanelTest::refusedSetLeavesTheButtonChecked() {
     boxes.ExpectError(ThePanel<ModuleSWAX2Widget>(), boxTitle, ForeignText());
     QVERIFY(Operator().Click(button.constData()));
     QCOMPARE(boxes.Count(), 1);
-    QVERIFY(ModuleCalls().last().startsWith(QLatin1String(operation)));
+    QVERIFY(ModuleCalls().constLast().startsWith(QLatin1String(operation)));
     QVERIFY(Operator().The<QRadioButton>(button.constData())->isChecked());
     QVERIFY(Operator().Click("btnRead"));
     QVERIFY(!Operator().The<QRadioButton>(button.constData())->isChecked());
@@ -286,7 +286,7 @@ void DigitalIO2PanelTest::refreshStopsAtTheChannelThatFails() {
     QVERIFY(Operator().Click("btnRead"));
     QCOMPARE(boxes.Count(), 1);
     QCOMPARE(All().mid(10, 6), QStringLiteral("LLLLLH"));
-    QCOMPARE(ModuleCalls().last(), QStringLiteral("InPolarityMask()"));
+    QCOMPARE(ModuleCalls().constLast(), QStringLiteral("InPolarityMask()"));
 }
 
 void DigitalIO2PanelTest::outputModeIsShown() {

@@ -289,7 +289,7 @@ void DigitalIOPanelTest::refreshStopsAtThePinThatFails() {
     QCOMPARE(Row(2), QStringLiteral("Input Low"));
     QCOMPARE(Row(6), QStringLiteral("Input High"));
     QVERIFY(IsVisible("radioInputLow", 8));
-    QCOMPARE(ModuleCalls().last(), QStringLiteral("PinConfiguration(3)"));
+    QCOMPARE(ModuleCalls().constLast(), QStringLiteral("PinConfiguration(3)"));
     QVERIFY(Operator().Click("btnRead"));
     QCOMPARE(Row(6), QStringLiteral("Input Low"));
     QCOMPARE(Row(8), QStringLiteral("Output Low"));

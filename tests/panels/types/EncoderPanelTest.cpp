@@ -245,7 +245,7 @@ void EncoderPanelTest::failureWhileFilling() {
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
     QCOMPARE(seen.first().text, ForeignText());
-    QCOMPARE(ModuleCalls().last(), QString(operation + QStringLiteral("()")));
+    QCOMPARE(ModuleCalls().constLast(), QString(operation + QStringLiteral("()")));
     int index = 0;
     for (const Setting& setting : settings) {
         QCOMPARE(Operator().Text(setting.field).isEmpty(), index >= shown);

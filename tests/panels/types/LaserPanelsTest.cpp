@@ -384,7 +384,7 @@ void LaserPanelsTest::failureWhileFilling() {
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
     QCOMPARE(seen.first().text, ForeignText());
-    QCOMPARE(ModuleCalls().last(), QString(QLatin1String(operation) + QStringLiteral("()")));
+    QCOMPARE(ModuleCalls().constLast(), QString(QLatin1String(operation) + QStringLiteral("()")));
     // What was filled before stays, and can be used.
     QCOMPARE(Rows("listResolutions").size(), 5);
     QVERIFY(Operator().Click("cbBeamOn"));

@@ -137,12 +137,12 @@ void PlacesTest::firstModuleBeforeThePageWasShown() {
     QVERIFY(!Operator().Find("moduleWidget")->isVisible());
     QVERIFY(Operator().SelectPage("tabModule"));
     QCOMPARE(Places(), places);
-    const QRect first = Panels().first()->geometry();
+    const QRect first = Panels().constFirst()->geometry();
     QVERIFY(Operator().SelectPage("tabNetwork"));
     Operator().The<QListWidget>("listModules")->setCurrentRow(-1);
     QVERIFY(Operator().SelectRow("listModules", row));
     QVERIFY(Operator().SelectPage("tabModule"));
-    QCOMPARE(Panels().first()->geometry(), first);
+    QCOMPARE(Panels().constFirst()->geometry(), first);
 }
 
 void PlacesTest::afterThePageIsLaidOutAnew() {

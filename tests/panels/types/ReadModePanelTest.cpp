@@ -235,7 +235,7 @@ void ReadModePanelTest::failureWhileFilling() {
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
     QCOMPARE(seen.first().text, ForeignText());
-    QCOMPARE(ModuleCalls().last(), QStringLiteral("ReadMode()"));
+    QCOMPARE(ModuleCalls().constLast(), QStringLiteral("ReadMode()"));
     QVERIFY(Operator().SelectRow("listAvailableReadMode", 1));
     QVERIFY(Operator().Click("btnSetReadMode"));
     QCOMPARE(Operator().Text("tbCurrentReadMode"), ModeText(1));

@@ -109,7 +109,7 @@ void ConfigModeTest::tenTriesAndNoMore() {
     QVERIFY2(sinceClick.elapsed() >= 10000, qPrintable(QString::number(sinceClick.elapsed())));
     QVERIFY(!waitedAfterTheLast);
     QCOMPARE(progress.Steps().size(), 10);
-    QCOMPARE(progress.Steps().last(), QStringLiteral("0 Connecting and entering config mode. (Try 10/10)"));
+    QCOMPARE(progress.Steps().constLast(), QStringLiteral("0 Connecting and entering config mode. (Try 10/10)"));
     QStringList expected =
         OfSlot(QStringLiteral("device"), {QStringLiteral("DeviceType()"), QStringLiteral("Settings()")});
     for (int attempt = 1; attempt <= 10; ++attempt) {
@@ -142,7 +142,7 @@ void ConfigModeTest::windowThatClosesEndsTheTries() {
     QCOMPARE(boxes.Count(), 0);
     QVERIFY(ShownWaitDialog() == nullptr);
     // The last thing that the library was asked is to disconnect.
-    QCOMPARE(Calls::Take().last(), QStringLiteral("networks.DisconnectAll()"));
+    QCOMPARE(Calls::Take().constLast(), QStringLiteral("networks.DisconnectAll()"));
 }
 
 void ConfigModeTest::windowThatClosesEndsTheReading() {

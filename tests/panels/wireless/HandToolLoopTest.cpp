@@ -69,8 +69,8 @@ void HandToolLoopTest::changeOfModeAppliesToTheNextRead() {
             });
         QVERIFY(hand.Click("btnStartStopReading"));
         const QStringList reads = Calls::TakeOperation("ReadAllChannels");
-        QCOMPARE(reads.first(), OfDevice({QStringLiteral("ReadAllChannels(1)")}).first());
-        QCOMPARE(reads.last(), OfDevice({QStringLiteral("ReadAllChannels(3)")}).first());
+        QCOMPARE(reads.first(), OfDevice({QStringLiteral("ReadAllChannels(1)")}).constFirst());
+        QCOMPARE(reads.last(), OfDevice({QStringLiteral("ReadAllChannels(3)")}).constFirst());
     });
 }
 
@@ -125,7 +125,7 @@ void HandToolLoopTest::windowThatClosesOverTheFirstFailure() {
     QVERIFY(Operator().Click("btnRead1"));
     // Only the box has been seen: the dialog does not open after the window has closed.
     QCOMPARE(boxes.Count(), 1);
-    QCOMPARE(boxes.Take().first().title, readTitle);
+    QCOMPARE(boxes.Take().constFirst().title, readTitle);
 }
 
 TAVIK_TEST_MAIN(HandToolLoopTest)

@@ -143,7 +143,7 @@ void HandToolReadingsTest::taggedReadingsAreAskedForByTheirCode() {
         Calls::Mark();
         StopAfterReads(hand, 1);
         QVERIFY(hand.Click("btnStartStopReading"));
-        QVERIFY(TakeToolCalls().contains(OfDevice({QStringLiteral("ReadAllChannels(3)")}).first()));
+        QVERIFY(TakeToolCalls().contains(OfDevice({QStringLiteral("ReadAllChannels(3)")}).constFirst()));
         QCOMPARE(Column(dialog, 0).at(4), QStringLiteral("2"));
     });
 }

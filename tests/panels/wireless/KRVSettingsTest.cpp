@@ -338,7 +338,7 @@ void KRVSettingsTest::failureWhileReading() {
     OpenModule(SingleChannel(), 0);
     FailNext(qPrintable(operation), QStringLiteral("Lost in the <b>middle</b>."));
     FailToOpen(QStringLiteral("Lost in the <b>middle</b>."));
-    QVERIFY(TakeToolCalls().last().contains(QLatin1Char('.') + operation + QLatin1Char('(')));
+    QVERIFY(TakeToolCalls().constLast().contains(QLatin1Char('.') + operation + QLatin1Char('(')));
 }
 
 void KRVSettingsTest::enterPressesNoButton() {

@@ -247,7 +247,7 @@ void RestartTest::moduleThatFailsToRestart() {
     Apply();
     AwaitEnd();
     QCOMPARE(boxes.Count(), 1);
-    QCOMPARE(boxes.Take().first().title, moduleTitle);
+    QCOMPARE(boxes.Take().constFirst().title, moduleTitle);
     // The identity has been written, but the tool is not connected.
     QCOMPARE(Operator().Text("tbTavikID6"), QStringLiteral("KRV0000004"));
     QVERIFY(!Operator().IsEnabled("btnConfig6"));

@@ -154,7 +154,8 @@ void WirelessPanelTest::failureWhileFilling() {
     QVERIFY(Operator().SelectRow("listModules", 0));
     QTRY_COMPARE(boxes.Count(), 1);
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
-    QCOMPARE(TakeToolCalls().last(), OfSlot(QStringLiteral("device"), {operation + QStringLiteral("()")}, 4).first());
+    QCOMPARE(TakeToolCalls().constLast(),
+             OfSlot(QStringLiteral("device"), {operation + QStringLiteral("()")}, 4).first());
 }
 
 void WirelessPanelTest::buttonsFollowIdentityAndType_data() {
