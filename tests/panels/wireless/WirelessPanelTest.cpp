@@ -155,7 +155,7 @@ void WirelessPanelTest::failureWhileFilling() {
     QTRY_COMPARE(boxes.Count(), 1);
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
     QCOMPARE(TakeToolCalls().constLast(),
-             OfSlot(QStringLiteral("device"), {operation + QStringLiteral("()")}, 4).first());
+             OfSlot(QStringLiteral("device"), {operation + QStringLiteral("()")}, 4).constFirst());
 }
 
 void WirelessPanelTest::buttonsFollowIdentityAndType_data() {
