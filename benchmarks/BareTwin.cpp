@@ -16,9 +16,10 @@ namespace {
 
 using Maker = std::function<QWidget*()>;
 
-template <class Button>
-Maker MakesButton(const Button& original) {
-    return [text = original.text()] { return new Button(text); };
+/// What shows one text: labels, fields, and buttons of all kinds.
+template <class Control>
+Maker Makes(const Control& original) {
+    return [text = original.text()] { return new Control(text); };
 }
 
 template <class SpinBox>
@@ -31,7 +32,15 @@ Maker MakesSpinBox(const SpinBox& original) {
     };
 }
 
-Maker MakesList(const QListWidget& original) {
+Maker Makes(const QSpinBox& original) {
+    return MakesSpinBox(original);
+}
+
+Maker Makes(const QDoubleSpinBox& original) {
+    return MakesSpinBox(original);
+}
+
+Maker Makes(const QListWidget& original) {
     QStringList texts;
     for (int row = 0; row < original.count(); ++row) {
         texts.append(original.item(row)->text());
@@ -44,7 +53,7 @@ Maker MakesList(const QListWidget& original) {
     };
 }
 
-Maker MakesComboBox(const QComboBox& original) {
+Maker Makes(const QComboBox& original) {
     QStringList texts;
     for (int row = 0; row < original.count(); ++row) {
         texts.append(original.itemText(row));
@@ -57,36 +66,23 @@ Maker MakesComboBox(const QComboBox& original) {
     };
 }
 
+/// Finds how to make the original's like, if it is one of these.
+template <class Control, class... Others>
+Maker MakesOneOf(const QWidget& original) {
+    if (const auto* control = qobject_cast<const Control*>(&original)) {
+        return Makes(*control);
+    }
+    if constexpr (sizeof...(Others) > 0) {
+        return MakesOneOf<Others...>(original);
+    } else {
+        return {};
+    }
+}
+
 /// A control that is complete in itself; empty for what only holds others.
 Maker MakesControl(const QWidget& original) {
-    if (const auto* label = qobject_cast<const QLabel*>(&original)) {
-        return [text = label->text()] { return new QLabel(text); };
-    }
-    if (const auto* field = qobject_cast<const QLineEdit*>(&original)) {
-        return [text = field->text()] { return new QLineEdit(text); };
-    }
-    if (const auto* list = qobject_cast<const QListWidget*>(&original)) {
-        return MakesList(*list);
-    }
-    if (const auto* box = qobject_cast<const QComboBox*>(&original)) {
-        return MakesComboBox(*box);
-    }
-    if (const auto* box = qobject_cast<const QSpinBox*>(&original)) {
-        return MakesSpinBox(*box);
-    }
-    if (const auto* box = qobject_cast<const QDoubleSpinBox*>(&original)) {
-        return MakesSpinBox(*box);
-    }
-    if (const auto* button = qobject_cast<const QPushButton*>(&original)) {
-        return MakesButton(*button);
-    }
-    if (const auto* button = qobject_cast<const QRadioButton*>(&original)) {
-        return MakesButton(*button);
-    }
-    if (const auto* button = qobject_cast<const QCheckBox*>(&original)) {
-        return MakesButton(*button);
-    }
-    return {};
+    return MakesOneOf<QLabel, QLineEdit, QListWidget, QComboBox, QSpinBox, QDoubleSpinBox, QPushButton, QRadioButton,
+                      QCheckBox>(original);
 }
 
 Maker MakesHolder(const QWidget& original) {
