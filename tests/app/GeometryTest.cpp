@@ -18,6 +18,8 @@ private slots:
     void nothingIsClipped();
     void modulePageNeedsNoScrolling_data();
     void modulePageNeedsNoScrolling();
+    void modePagesNeedNoScrolling_data();
+    void modePagesNeedNoScrolling();
     void groupsDoNotOverlap();
     void typePanelStandsBesideTheReadings();
     void typePanelStandsThereBeforeThePageWasShown();
@@ -120,6 +122,26 @@ void GeometryTest::modulePageNeedsNoScrolling() {
     OpenModule(Benches::Two(), row);
     Settle();
     const auto* area = Operator().The<QScrollArea>("scrollModuleWidget");
+    QCOMPARE(area->widget()->size(), area->viewport()->size());
+    QCOMPARE(area->viewport()->size(), area->size());
+}
+
+void GeometryTest::modePagesNeedNoScrolling_data() {
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("scrollArea");
+    QTest::newRow("buffered") << QStringLiteral("tabBuffered") << QStringLiteral("scrollBufferedModeWidget");
+    QTest::newRow("difference") << QStringLiteral("tabDifference") << QStringLiteral("scrollDifferenceModeWidget");
+    QTest::newRow("dynamic") << QStringLiteral("tabDynamic") << QStringLiteral("scrollDynamicWidget");
+    QTest::newRow("read burst") << QStringLiteral("tabReadburst") << QStringLiteral("scrollReadBurstWidget");
+}
+
+void GeometryTest::modePagesNeedNoScrolling() {
+    QFETCH(QString, page);
+    QFETCH(QString, scrollArea);
+    OpenModule(Benches::Two(), 1);
+    QVERIFY(Operator().SelectPage(qPrintable(page)));
+    Settle();
+    const auto* area = Operator().The<QScrollArea>(qPrintable(scrollArea));
     QCOMPARE(area->widget()->size(), area->viewport()->size());
     QCOMPARE(area->viewport()->size(), area->size());
 }

@@ -277,7 +277,8 @@ void WirelessPanelTest::configOfAnotherKind() {
     boxes.ExpectError(Panel(), QStringLiteral("RLK Module"),
                       QStringLiteral("The settings of this hand tool are those of another kind of tool."));
     QVERIFY(Operator().Click(Numbered("btnConfig", slot).constData()));
-    QCOMPARE(TakeToolCalls().size(), 2);
+    COMPARE_CALLS(TakeToolCalls(), OfSlot(QStringLiteral("device"),
+                                          {QStringLiteral("DeviceType()"), QStringLiteral("Settings()")}, slot));
 }
 
 void WirelessPanelTest::failureOfConfig_data() {
