@@ -2,10 +2,10 @@
 
 #include "panels/common/LastResort.h"
 
+#include <QAbstractButton>
 #include <QFont>
-#include <QPushButton>
-#include <QSignalBlocker>
-#include <QTimerEvent>
+#include <QPointer>
+#include <QShortcutEvent>
 
 /// The linker leaves out pictures of a static library that nobody asks for. (The macro cannot stand in a namespace.)
 static void KeepPictures() {
@@ -14,15 +14,24 @@ static void KeepPictures() {
 
 namespace {
 
-/// A button's key clicks the button 0.1 s later, whatever has happened meanwhile. By then it may be a button that no
-/// mouse could press: disabled, on a page that has gone, or under a dialog that needs what the button would take away.
-bool ComesTooLate(const QObject* receiver, const QEvent* event) {
-    const auto* button = event->type() == QEvent::Timer ? qobject_cast<const QPushButton*>(receiver) : nullptr;
-    if (button == nullptr) {
+/// Presses a button at once when its mnemonic is pressed. Qt would click it 0.1 s later, whatever is shown by then, and
+/// without taking the focus from a field in which a number is being typed.
+bool PressedByMnemonic(QObject* receiver, QEvent* event) {
+    if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
         return false;
     }
-    const QWidget* modal = QApplication::activeModalWidget();
-    return !button->isEnabled() || !button->isVisible() || (modal != nullptr && button->window() != modal);
+    const QPointer<QAbstractButton> button(qobject_cast<QAbstractButton*>(receiver));
+    if (button == nullptr || !button->isEnabled()) {
+        return false;
+    }
+    if (button->focusPolicy() != Qt::NoFocus) {
+        // Ends the entry elsewhere, which may disable or remove this button.
+        button->setFocus(Qt::ShortcutFocusReason);
+    }
+    if (button != nullptr && button->isVisible()) {
+        button->click();
+    }
+    return true;
 }
 
 } // namespace
@@ -36,10 +45,8 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-    // The button is released, but tells nobody.
-    const QSignalBlocker silence(ComesTooLate(receiver, event) ? receiver : nullptr);
     try {
-        return QApplication::notify(receiver, event);
+        return PressedByMnemonic(receiver, event) || QApplication::notify(receiver, event);
     } catch (...) {
         LastResort::ReportCurrentException();
         return false;
