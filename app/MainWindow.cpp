@@ -67,7 +67,7 @@ MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_uniqu
     // After a set-up that failed, the operator can choose the row that is selected already.
     connect(ui->tableNetworks, &ChoiceTable::chosenAgain, this, [this] {
         if (ui->tabWidget->indexOf(ui->tabNetwork) < 0 || !networkPage->IsFilled()) {
-            ShowSelectedNetwork();
+            on_tableNetworks_itemSelectionChanged();
         }
     });
     connect(ui->listModules, &ChoiceList::chosenAgain, this, [this] {
@@ -110,15 +110,14 @@ void MainWindow::ShowLibrary() {
 
 void MainWindow::FillNetworksTable() {
     ClearNetworkRows(ui->tableNetworks);
-    const bool filled =
-        IsClosing() || LastResort::Run([this] {
-            auto* networks = server.Networks();
-            for (int row = 0; row < networks->Count(); ++row) {
-                const QPushButton* button = AppendNetworkRow(ui->tableNetworks, NetworkOfRow(networks, row));
-                connect(button, &QPushButton::clicked, this, &MainWindow::tableNetConnectionButton_clicked);
-            }
-        });
-    if (!filled) {
+    const auto fill = [this] {
+        auto* networks = server.Networks();
+        for (int row = 0; row < networks->Count(); ++row) {
+            const QPushButton* button = AppendNetworkRow(ui->tableNetworks, NetworkOfRow(networks, row));
+            connect(button, &QPushButton::clicked, this, &MainWindow::tableNetConnectionButton_clicked);
+        }
+    };
+    if (!IsClosing() && !LastResort::Run(fill)) {
         ClearNetworkRows(ui->tableNetworks);
     }
 }
@@ -138,37 +137,33 @@ void MainWindow::on_btnDisconnectAll_clicked() {
     const BlockingOperation blocking(this, QStringLiteral("Disconnecting all networks..."));
     DisconnectAllNetworks(server);
     FillNetworksTable();
-    ShowSelectedNetwork();
+    on_tableNetworks_itemSelectionChanged();
 }
 
 void MainWindow::tableNetConnectionButton_clicked() {
     const auto* button = qobject_cast<QPushButton*>(sender());
     const int row = RowOfButton(button);
     const BlockingOperation blocking(this, button->accessibleName() + QStringLiteral("..."));
+    TavikNetwork* rowNetwork = nullptr;
     LastResort::Run([&] {
-        if (!ToggleConnection(server, NetworkOfRow(server.Networks(), row))) {
+        rowNetwork = NetworkOfRow(server.Networks(), row);
+        if (!ToggleConnection(server, rowNetwork)) {
             ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to network"));
         }
     });
     // Whatever was thrown, the network may have been connected or disconnected.
-    const bool refreshed = IsClosing() || LastResort::Run([&] {
-                               RefreshNetworkRow(ui->tableNetworks, row, NetworkOfRow(server.Networks(), row));
-                           });
-    if (!refreshed) {
+    const auto refresh = [&] { RefreshNetworkRow(ui->tableNetworks, row, rowNetwork); };
+    if (!IsClosing() && (rowNetwork == nullptr || !LastResort::Run(refresh))) {
         FillNetworksTable();
     }
     {
         const QSignalBlocker handledBelow(ui->tableNetworks);
         ui->tableNetworks->selectRow(row);
     }
-    ShowSelectedNetwork();
+    on_tableNetworks_itemSelectionChanged();
 }
 
 void MainWindow::on_tableNetworks_itemSelectionChanged() {
-    ShowSelectedNetwork();
-}
-
-void MainWindow::ShowSelectedNetwork() {
     if (IsClosing()) {
         return;
     }
@@ -346,6 +341,9 @@ void MainWindow::on_btnPing_clicked() {
 
 void MainWindow::on_btnSetSpeed_clicked() {
     const QList<QListWidgetItem*> selected = ui->listAvailableSpeeds->selectedItems();
+    if (!MayAct()) {
+        return;
+    }
     if (selected.isEmpty()) {
         ShowErrorBox(this, errorTitle, QStringLiteral("A speed to set has not been selected."));
         return;

@@ -63,7 +63,6 @@ private:
     void ShowLibrary();
 
     void FillNetworksTable();
-    void ShowSelectedNetwork();
 
     /// Refreshes the network's page. Propagates library exceptions; the page is empty then.
     void RefreshNetworkPage();
