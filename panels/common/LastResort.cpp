@@ -34,7 +34,7 @@ QWidget* BoxParent() {
     return modal != nullptr ? modal : MainHost();
 }
 
-/// The texts that pages have shown themselves in the current event. Touched on the GUI thread only.
+/// The texts that pages are showing or have shown in the current event. Touched on the GUI thread only.
 QStringList& ShownByPages() {
     static QStringList texts;
     return texts;
@@ -75,12 +75,13 @@ void LastResort::Report(const QString& text) {
         Qt::QueuedConnection);
 }
 
-void LastResort::MarkAsShown(const QString& text) {
-    if (ShownByPages().isEmpty()) {
-        QMetaObject::invokeMethod(
-            qApp, [] { ShownByPages().clear(); }, Qt::QueuedConnection);
-    }
+LastResort::ShownByPage::ShownByPage(const QString& shownText) : text(shownText) {
     ShownByPages().append(text);
+}
+
+LastResort::ShownByPage::~ShownByPage() {
+    QMetaObject::invokeMethod(
+        qApp, [text = text] { ShownByPages().removeOne(text); }, Qt::QueuedConnection);
 }
 
 void LastResort::ReportCurrentException() {
