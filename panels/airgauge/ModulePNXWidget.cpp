@@ -47,7 +47,7 @@ void ModulePNXWidget::ShowInformation() {
     ShowInField(ui->tbMasterB, LengthText(module->MasterMaxReadingInUOM(), unit));
     ShowInField(ui->tbLimitHigh, LengthText(module->LimitHigh(), unit));
     ShowInField(ui->tbLimitLow, LengthText(module->LimitLow(), unit));
-    ShowInField(ui->tbStatus, module->IsMastered() ? QStringLiteral("Mastered") : QStringLiteral("Not Mastered"));
+    ShowInField(ui->tbPNXStatus, module->IsMastered() ? QStringLiteral("Mastered") : QStringLiteral("Not Mastered"));
 }
 
 void ModulePNXWidget::UpdateModuleInformation() {
@@ -59,11 +59,15 @@ void ModulePNXWidget::UpdateModuleInformation() {
 }
 
 bool ModulePNXWidget::RefreshFromModule() {
+    const QPointer<ModulePNXWidget> panel(this);
     const double length = ReadLength();
+    if (panel == nullptr) {
+        return false;
+    }
     ShowInField(ui->tbPressure, PressureText(module->PressureReading()));
     const TavikLibrary::ePNX_UOM unit = module->DisplayUnitsOfMeasure();
     const bool asPressure = module->OutputReadingAsPressure();
-    ShowInField(ui->tbReading,
+    ShowInField(ui->tbPNXReading,
                 asPressure ? PressureText(PressureOf(module->ReadInCounts())) : LengthText(length, unit));
     return true;
 }
@@ -76,8 +80,9 @@ double ModulePNXWidget::ReadLength() {
             return 0.0;
         }
     }
+    const QPointer<ModulePNXWidget> panel(this);
     UpdateModuleInformation();
-    return module->ReadInUnits();
+    return panel != nullptr ? module->ReadInUnits() : 0.0;
 }
 
 template <class Dialog>
@@ -101,8 +106,4 @@ void ModulePNXWidget::on_btnConfigure_clicked() {
             RefreshFromModule();
         }
     });
-}
-
-void ModulePNXWidget::on_btnUpdateModuleInfo_clicked() {
-    UpdateModuleInformation();
 }

@@ -81,12 +81,16 @@ void LastResort::MarkAsShown(const QString& text) {
     ShownByPages().append(text);
 }
 
-void LastResort::ReportCurrentException() {
+QString LastResort::CurrentText() {
     try {
         throw;
     } catch (const std::exception& error) {
-        Report(FromLibrary(error.what()));
+        return FromLibrary(error.what());
     } catch (...) {
-        Report(QStringLiteral("An error of an unknown kind has occurred."));
+        return QStringLiteral("An error of an unknown kind has occurred.");
     }
+}
+
+void LastResort::ReportCurrentException() {
+    Report(CurrentText());
 }

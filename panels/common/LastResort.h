@@ -12,6 +12,9 @@ namespace LastResort {
 /// page in the same event, is not shown again. May be called from any thread.
 void Report(const QString& text);
 
+/// The text of the exception that is being handled; to be called from a catch block only.
+QString CurrentText();
+
 /// Reports the exception that is being handled; to be called from a catch block only.
 void ReportCurrentException();
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panels/common/MessageBoxes.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -29,23 +31,24 @@ public:
     void reject() override;
 
 private slots:
-    void on_btnClose_clicked();
+    void on_btnClose_clicked() { close(); }
     void on_btnStartStopReading_clicked();
 
 private:
     bool HostIsClosing() const;
+    void SetReading(bool on);
     void ReadOnce();
     void ReadRepeatedly();
     void ShowDevice();
     void ShowReadings();
     void ShowChannel(int channel, const TavikLibrary::TavikChannelReadings& readings);
     void ShowConnection();
-    bool Connected();
 
     std::unique_ptr<Ui::DialogReadKRV> ui;
     HostWindow* host;
     TavikLibrary::RLK_Device* device;
     int slotNumber;
+    const ErrorBox errors{this, QStringLiteral("Read KRV")};
     bool reading = false; ///< cleared to end the loop
     bool looping = false; ///< the loop has not come to its end yet
 };

@@ -324,7 +324,7 @@ void PNXConfigurationDialogTest::factoryReset() {
         QVERIFY(In<QCheckBox>(dialog, "cbRotateKeyboard")->isChecked());
     });
     QCOMPARE(boxes.Take().size(), 1);
-    QCOMPARE(Field("tbStatus"), QStringLiteral("Not Mastered"));
+    QCOMPARE(Field("tbPNXStatus"), QStringLiteral("Not Mastered"));
     QCOMPARE(Field("tbLimitHigh"), QStringLiteral("0.0200 mm"));
 }
 
@@ -358,7 +358,7 @@ void PNXConfigurationDialogTest::whatThePanelDoesAfterwards() {
     PutIn(NozzlePart::MasterB);
     DuringConfiguration([](QDialog& dialog) { QVERIFY(WidgetDriver(dialog).Choose("cbDisplayUOM", 2)); });
     QCOMPARE(Field("tbMasterA"), QStringLiteral("-0.79 mils"));
-    QCOMPARE(Field("tbReading"), QStringLiteral("0.79 mils"));
+    QCOMPARE(Field("tbPNXReading"), QStringLiteral("0.79 mils"));
 }
 
 // A failed update does not keep the reading from being shown.

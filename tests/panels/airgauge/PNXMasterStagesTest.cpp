@@ -384,7 +384,7 @@ void PNXMasterStagesTest::keyboard() {
         press(wizard, Qt::Key_N);
         QTRY_VERIFY(!wizard.isVisible());
     });
-    QCOMPARE(Field("tbStatus"), QStringLiteral("Mastered"));
+    QCOMPARE(Field("tbPNXStatus"), QStringLiteral("Mastered"));
 }
 
 TAVIK_TEST_MAIN(PNXMasterStagesTest)

@@ -201,7 +201,7 @@ void WirelessPanelTest::identityIsFetchedForEachButton() {
 
 void WirelessPanelTest::disabledPanelKeepsItsIdentityBoxes() {
     OpenModule(Usual(), 0);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     for (int number = 1; number <= 6; ++number) {
         for (const char* name : {"btnRead", "btnConfig", "tbDeviceType", "tbName"}) {
             QVERIFY2(!FieldEnabled(name, number), name);
@@ -211,7 +211,7 @@ void WirelessPanelTest::disabledPanelKeepsItsIdentityBoxes() {
     QVERIFY(!Operator().IsEnabled("btnApplySettings"));
     QCOMPARE(TakeToolCalls(), QStringList());
 
-    Window().EnableControls();
+    hold.Release();
     for (int number = 1; number <= 6; ++number) {
         QCOMPARE(FieldEnabled("btnRead", number), number <= 3);
         QCOMPARE(FieldEnabled("btnConfig", number), number <= 2);
@@ -223,10 +223,10 @@ void WirelessPanelTest::disabledPanelKeepsItsIdentityBoxes() {
 
 void WirelessPanelTest::failureWhileEnablingIsShownByTheLastResort() {
     OpenModule(Usual(), 0);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     FailNext("TavikIdentity", QStringLiteral("No idea."));
     boxes.ExpectError(&Window(), lastResort, QStringLiteral("No idea."));
-    Window().EnableControls();
+    hold.Release();
     QTRY_COMPARE(boxes.Count(), 1);
     QVERIFY(Operator().IsEnabled("listModules"));
 }
@@ -361,8 +361,8 @@ void WirelessPanelTest::removedModuleIsNotAsked() {
     QVERIFY(Operator().SelectPage("tabNetwork"));
     QVERIFY(Operator().Click("btnClearModules"));
     // As a notify run does it that begins and ends with an empty list.
-    Window().DisableControls();
-    Window().EnableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
+    hold.Release();
     ProcessAllEvents();
     QCOMPARE(CallsOnRemovedModules(), std::uint64_t{0});
     QCOMPARE(boxes.Count(), 0);
