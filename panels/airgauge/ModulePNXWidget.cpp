@@ -10,8 +10,6 @@
 #include "panels/common/WaitCursor.h"
 #include "ui_ModulePNXWidget.h"
 
-#include <QPointer>
-
 namespace {
 
 /// How a reading's failure begins after something was changed at the air gauge itself.
@@ -59,9 +57,9 @@ void ModulePNXWidget::UpdateModuleInformation() {
 }
 
 bool ModulePNXWidget::RefreshFromModule() {
-    const QPointer<ModulePNXWidget> panel(this);
+    const QPointer<TypePanel> panel(this);
     const double length = ReadLength();
-    if (panel == nullptr) {
+    if (!IsOpen(panel)) {
         return false;
     }
     ShowInField(ui->tbPressure, PressureText(module->PressureReading()));
@@ -80,17 +78,17 @@ double ModulePNXWidget::ReadLength() {
             return 0.0;
         }
     }
-    const QPointer<ModulePNXWidget> panel(this);
+    const QPointer<TypePanel> panel(this);
     UpdateModuleInformation();
-    return panel != nullptr ? module->ReadInUnits() : 0.0;
+    return IsOpen(panel) ? module->ReadInUnits() : 0.0;
 }
 
 template <class Dialog>
 bool ModulePNXWidget::RunDialog() {
     ModalDialog<Dialog> dialog(module, this);
-    const QPointer<ModulePNXWidget> panel(this);
+    const QPointer<TypePanel> panel(this);
     dialog.Run();
-    return panel != nullptr && !mainWindow->IsClosing();
+    return IsOpen(panel) && !mainWindow->IsClosing();
 }
 
 void ModulePNXWidget::on_btnMaster_clicked() {

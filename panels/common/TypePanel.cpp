@@ -1,6 +1,6 @@
 #include "panels/common/TypePanel.h"
 
-#include <QWidget>
+#include <QDialog>
 
 void TypePanel::SetEnabled(bool enable) {
     for (QWidget* command : Commands()) {
@@ -14,4 +14,14 @@ void TypePanel::FillAnew() {
     Fill();
     filled = true;
     SetEnabled(true);
+}
+
+void TypePanel::closeEvent(QCloseEvent* event) {
+    closed = true;
+    const auto dialogs = findChildren<QDialog*>();
+    for (QDialog* dialog : dialogs) {
+        dialog->done(QDialog::Rejected);
+    }
+    emit Closed();
+    QWidget::closeEvent(event);
 }

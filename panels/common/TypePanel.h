@@ -2,6 +2,7 @@
 
 #include "panels/common/MessageBoxes.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <vector>
@@ -27,7 +28,16 @@ public:
     /// Shows what a read of the module may have changed. Returns false if that failed and a box has been shown.
     virtual bool RefreshFromModule() { return true; }
 
+signals:
+    /// The panel is taken away: its module may be destroyed, and is not called any more.
+    void Closed();
+
 protected:
+    /// Closes the dialogs over the panel.
+    void closeEvent(QCloseEvent* event) override;
+    /// Whether the panel is still there after something that processes events.
+    static bool IsOpen(const QPointer<TypePanel>& panel) { return panel != nullptr && !panel->closed; }
+
     /// Asks the module and shows its answers. Propagates library exceptions.
     virtual void Fill() = 0;
     virtual std::vector<QWidget*> Commands() const = 0;
@@ -39,6 +49,9 @@ protected:
     TavikLibrary::TavikNetwork* network = nullptr;
     const ErrorBox errors;
     bool filled = false;
+
+private:
+    bool closed = false;
 };
 
 /// A panel of the modules of one class.

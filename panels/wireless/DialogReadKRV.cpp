@@ -50,9 +50,9 @@ bool DialogReadKRV::HostIsClosing() const {
     return host != nullptr && host->IsClosing();
 }
 
-void DialogReadKRV::reject() {
+void DialogReadKRV::done(int result) {
     reading = false;
-    QDialog::reject();
+    QDialog::done(result);
 }
 
 void DialogReadKRV::SetReading(bool on) {

@@ -27,8 +27,8 @@ public:
     DialogReadKRV(int slotIndex, TavikLibrary::RLK_Device* device, QWidget* parent);
     ~DialogReadKRV() override;
 
-    /// Ends the dialog and with it a running loop: Close, Escape and the window's close button.
-    void reject() override;
+    /// However the dialog ends, the loop ends with it.
+    void done(int result) override;
 
 private slots:
     void on_btnClose_clicked() { close(); }

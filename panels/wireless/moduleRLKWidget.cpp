@@ -209,11 +209,11 @@ void moduleRLKWidget::ConfigureDevice(int slot) {
 
 template <class Dialog>
 void moduleRLKWidget::RunSettingsDialog(RLK_Device* device) {
-    const QPointer<moduleRLKWidget> panel(this);
+    const QPointer<TypePanel> panel(this);
     ModalDialog<Dialog> dialog(mainWindow, device, device->Settings());
-    if (panel != nullptr) {
+    if (IsOpen(panel)) {
         // The dialog belongs to the window, but its settings to the module, which goes with the panel.
-        connect(this, &QObject::destroyed, &*dialog, &QDialog::reject);
+        connect(this, &TypePanel::Closed, &*dialog, &QDialog::reject);
         dialog.Run();
     }
 }

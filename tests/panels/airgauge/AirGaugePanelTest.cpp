@@ -37,6 +37,7 @@ private slots:
     void aLimitOfAnInch();
     void aMasteredGauge();
     void updateAsksInOrder();
+    void itsFieldsHaveNamesOfTheirOwn();
     void updateShowsWhatChangedAtTheDisplay();
     void updateLeavesTheReadingAlone();
     void updateThatFails_data();
@@ -147,6 +148,16 @@ void AirGaugePanelTest::updateAsksInOrder() {
     for (const QString& call : later) {
         QVERIFY2(!filling.contains(call) && !reading.contains(call), qPrintable(call));
     }
+}
+
+/// A name that the module page has, too, would be ambiguous to styles, tests and screen readers.
+void AirGaugePanelTest::itsFieldsHaveNamesOfTheirOwn() {
+    OpenGauge();
+    const auto fields = Panel()->findChildren<QLineEdit*>();
+    for (const QLineEdit* field : fields) {
+        QCOMPARE(ModulePanel()->findChildren<QLineEdit*>(field->objectName()).size(), 1);
+    }
+    QCOMPARE(fields.size(), 7);
 }
 
 void AirGaugePanelTest::updateShowsWhatChangedAtTheDisplay() {

@@ -1,6 +1,7 @@
 #include "library/TavikModulePNX.h"
 #include "tests/panels/airgauge/AirGaugeTest.h"
 
+#include <QAbstractButton>
 #include <QLineEdit>
 
 using namespace TavikSimulator;
@@ -230,8 +231,9 @@ void AirGaugeReadingPanelTest::setUpWhoseReadingFails() {
     QVERIFY(Operator().SelectRow("listModules", 0));
     QTRY_COMPARE(boxes.Count(), 1);
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    // Nothing of a gauge that could not be read is shown, and nothing can be done with it.
     QVERIFY(Operator().SelectPage("tabModule"));
-    QVERIFY(OnPanel().Click("btnUpdateModuleInfo"));
+    QVERIFY(Panel() == nullptr);
 }
 
 TAVIK_TEST_MAIN(AirGaugeReadingPanelTest)
