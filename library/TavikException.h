@@ -9,14 +9,9 @@ namespace TavikLibrary {
 class TavikException : public std::runtime_error {
 public:
     TavikException(int errorCode, const std::string& text);
-    TavikException(const TavikException& other);
-    TavikException& operator=(const TavikException& other);
     ~TavikException() override;
 
     /// The result code behind the text; 255 means that this module does not have the value asked for.
-    int ErrorCode() const;
-
-private:
     int errorCode;
 };
 
