@@ -5,7 +5,8 @@
 
 namespace TavikLibrary {
 
-/// What every library operation throws when it fails. what() is a sentence in UTF-8.
+/// What every library operation throws when it fails. what() is a sentence in UTF-8. It is copied when it is thrown on,
+/// so that its size is part of the binary interface.
 class TavikException : public std::runtime_error {
 public:
     TavikException(int errorCode, const std::string& text);

@@ -43,7 +43,8 @@ struct TavikChannelReading {
     int tag;
 };
 
-/// The readings of all channels of a hand tool, from one read.
+/// The readings of all channels of a hand tool, from one read. They are returned by value, so that their size is part
+/// of the binary interface.
 class TavikChannelReadings {
 public:
     class Implementation;
