@@ -1,8 +1,8 @@
 #include "simulator/acquisition/BufferedCollection.h"
 
 #include "library/TavikException.h"
-#include "simulator/modules/MasterSettings.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/MasterSettings.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
 
@@ -26,38 +26,37 @@ TavikReading ReadingOf(const ModuleHardware& hardware, double seconds) {
     return {reading.code, reading.counts, reading.units};
 }
 
-void Store(ModuleHardware& hardware, std::int64_t instant) {
-    if (!hardware.buffered.Takes()) {
+void Store(const BufferedCollection::Participant& module, std::int64_t instant) {
+    if (!module.buffer->Takes()) {
         return;
     }
     const double seconds = static_cast<double>(instant) / 1e9;
-    if (hardware.Answers(seconds)) {
-        hardware.buffered.Store(ReadingOf(hardware, seconds));
+    if (module.hardware->Answers(seconds)) {
+        module.buffer->Store(ReadingOf(*module.hardware, seconds));
     } else {
-        hardware.buffered.DropOut();
+        module.buffer->DropOut();
     }
 }
 
 } // namespace
 
-BufferedCollection::BufferedCollection(const std::vector<ModuleHardware*>& modules, int master, std::int64_t start)
+BufferedCollection::BufferedCollection(const std::vector<Participant>& modules, int master, std::int64_t start)
     : collected(start) {
     for (int index = 0; index < static_cast<int>(modules.size()); ++index) {
-        ModuleHardware* hardware = modules[static_cast<std::size_t>(index)];
-        BufferedModule& module = hardware->buffered;
-        module.Begin();
-        if (!module.Enabled()) {
+        const Participant& module = modules[static_cast<std::size_t>(index)];
+        module.buffer->Begin();
+        if (!module.buffer->Enabled()) {
             continue;
         }
-        if (module.Mode() == eBufferedMode::Sync) {
-            const std::int64_t period = module.Units() * TimingUnit;
-            syncs.push_back({hardware, period, start + period});
+        if (module.buffer->Mode() == eBufferedMode::Sync) {
+            const std::int64_t period = module.buffer->Units() * TimingUnit;
+            syncs.push_back({module, period, start + period});
         } else if (master < 0 || index < master) {
-            samples.push_back(hardware);
+            samples.push_back(module);
         }
     }
     if (master >= 0) {
-        ModuleHardware* hardware = modules[static_cast<std::size_t>(master)];
+        ModuleHardware* hardware = modules[static_cast<std::size_t>(master)].hardware;
         triggers.emplace(*hardware, hardware->Master()->TxSample(), start);
     }
 }
@@ -71,8 +70,8 @@ void BufferedCollection::CollectUntil(std::int64_t instant) {
 
 void BufferedCollection::CollectStretch(std::int64_t until) {
     for (SyncModule& sync : syncs) {
-        while (sync.next <= until && sync.hardware->buffered.Takes()) {
-            Store(*sync.hardware, sync.next);
+        while (sync.next <= until && sync.module.buffer->Takes()) {
+            Store(sync.module, sync.next);
             sync.next += sync.period;
         }
     }
@@ -88,15 +87,15 @@ void BufferedCollection::FollowTriggers(std::int64_t until) {
         return;
     }
     for (const std::int64_t instant : triggers->Until(until)) {
-        for (ModuleHardware* hardware : samples) {
-            Store(*hardware, instant);
+        for (const Participant& module : samples) {
+            Store(module, instant);
         }
     }
 }
 
 void BufferedCollection::Sample(std::int64_t instant) {
-    for (ModuleHardware* hardware : samples) {
-        Store(*hardware, instant);
+    for (const Participant& module : samples) {
+        Store(module, instant);
     }
 }
 

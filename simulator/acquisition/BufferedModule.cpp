@@ -1,6 +1,6 @@
 #include "simulator/acquisition/BufferedModule.h"
 
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 
 #include <algorithm>
 #include <utility>

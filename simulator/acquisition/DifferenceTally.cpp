@@ -1,7 +1,7 @@
 #include "simulator/acquisition/DifferenceTally.h"
 
 #include "library/TavikEnums.h"
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 
 #include <algorithm>
 #include <limits>

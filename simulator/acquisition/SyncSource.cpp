@@ -1,7 +1,7 @@
 #include "simulator/acquisition/SyncSource.h"
 
-#include "simulator/modules/EncoderHardware.h"
-#include "simulator/modules/MasterSettings.h"
+#include "simulator/hardware/EncoderHardware.h"
+#include "simulator/hardware/MasterSettings.h"
 
 #include <algorithm>
 

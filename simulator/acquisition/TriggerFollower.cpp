@@ -1,7 +1,7 @@
 #include "simulator/acquisition/TriggerFollower.h"
 
 #include "simulator/acquisition/BufferedModule.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
 

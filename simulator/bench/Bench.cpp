@@ -1,9 +1,8 @@
 #include "simulator/bench/Bench.h"
 
-#include "simulator/bench/ErrorTexts.h"
-#include "simulator/bench/NetworksImplementation.h"
 #include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/ModuleHardware.h"
 #include "simulator/signals/Noise.h"
 
 #include <algorithm>
@@ -43,7 +42,7 @@ SimulatedNetwork& Bench::NetworkNamed(const std::string& name) {
 
 bool Bench::HasModule(const std::string& identity) {
     return std::any_of(networks.begin(), networks.end(),
-                       [&](const auto& network) { return network->Modules().IsOnBench(identity); });
+                       [&](const auto& network) { return network->Modules().All().Find(identity) != nullptr; });
 }
 
 std::uint64_t Bench::SeedOf(const std::string& identity) const {
@@ -90,13 +89,13 @@ void Bench::Happen(const Event& event) {
     const EventDescription& what = event.description;
     switch (what.kind) {
     case EventKind::ModuleLeaves:
-        event.network->Modules().SetPresent(what.module, false, event.at);
+        event.network->Modules().All().SetPresent(what.module, false, event.at);
         break;
     case EventKind::ModuleReturns:
-        event.network->Modules().SetPresent(what.module, true, event.at);
+        event.network->Modules().All().SetPresent(what.module, true, event.at);
         break;
     case EventKind::ModuleReplaced:
-        event.network->Modules().Replace(what.module, what.replacement, what.replacementType);
+        event.network->Modules().All().Replace(what.module, what.replacement, what.replacementType);
         break;
     case EventKind::ControllerLeaves:
         event.network->SetPresent(false);
@@ -107,13 +106,6 @@ void Bench::Happen(const Event& event) {
     }
 }
 
-void Bench::Attach() {
-    if (servers++ == 0) {
-        networksObject =
-            std::make_unique<TavikLibrary::TavikNetworks>(new TavikLibrary::TavikNetworks::Implementation(*this));
-    }
-}
-
 void Bench::Detach() {
     if (--servers > 0) {
         return;
@@ -121,17 +113,16 @@ void Bench::Detach() {
     for (const auto& network : networks) {
         network->Disconnect();
         network->known = false;
-        network->dynamic.Reset();
         network->EndObjects();
     }
-    networksObject.reset();
+    object.reset();
 }
 
 void Bench::StartDynamic(void (*collectionFinished)()) {
     std::vector<SimulatedNetwork*> prepared;
     for (const auto& network : networks) {
-        if (network->dynamic.State() == eDynamicState::Prepared) {
-            network->dynamic.RequireIdle();
+        if (network->acquisition.dynamic.State() == eDynamicState::Prepared) {
+            network->RequireNotCollecting();
             prepared.push_back(network.get());
         }
     }
@@ -139,13 +130,13 @@ void Bench::StartDynamic(void (*collectionFinished)()) {
         Refuse(eTavikErrors::DynamicNotReady, "No network is prepared for a dynamic collection.");
     }
     for (SimulatedNetwork* network : prepared) {
-        network->dynamic.Start(clock.Now(), collectionFinished);
+        network->acquisition.dynamic.Start(collectionFinished);
     }
 }
 
 void Bench::StopDynamic() {
     for (const auto& network : networks) {
-        network->dynamic.Stop();
+        network->acquisition.dynamic.Stop();
     }
 }
 
@@ -160,12 +151,13 @@ LibraryThread::Duty Bench::SeeToCollections() {
     Settle();
     LibraryThread::Duty duty;
     for (const auto& network : networks) {
-        if (const auto call = network->dynamic.Announce()) {
+        if (const auto call = network->acquisition.dynamic.Announce()) {
             duty.calls.push_back(call);
         }
     }
-    duty.watching = std::any_of(networks.begin(), networks.end(),
-                                [](const auto& network) { return network->dynamic.State() == eDynamicState::Running; });
+    duty.watching = std::any_of(networks.begin(), networks.end(), [](const auto& network) {
+        return network->acquisition.dynamic.State() == eDynamicState::Running;
+    });
     return duty;
 }
 

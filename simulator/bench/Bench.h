@@ -1,8 +1,8 @@
 #pragma once
 
 #include "library/TavikNetworks.h"
+#include "simulator/bench/BenchDescription.h"
 #include "simulator/bench/Clock.h"
-#include "simulator/bench/Description.h"
 #include "simulator/bench/Gate.h"
 #include "simulator/bench/LibraryThread.h"
 
@@ -46,13 +46,15 @@ public:
     void Settle() override;
 
     /// A server begins or ends; with the last one all objects of the library end.
-    void Attach();
+    void Attach() { ++servers; }
     void Detach();
     /// Starts the dynamic collections that are prepared. The callback is called from the library's own thread when
     /// one of them has ended. Throws TavikException, and starts none, when that cannot be.
     void StartDynamic(void (*collectionFinished)());
     void StopDynamic();
-    TavikLibrary::TavikNetworks* NetworksObject() { return networksObject.get(); }
+
+    /// Made by the boundary for the first server.
+    std::unique_ptr<TavikLibrary::TavikNetworks> object;
 
 private:
     struct Event {
@@ -70,14 +72,8 @@ private:
     std::vector<std::unique_ptr<SimulatedNetwork>> networks;
     std::vector<Event> events; ///< the next one last
     int servers = 0;
-    std::unique_ptr<TavikLibrary::TavikNetworks> networksObject;
     /// Ends before everything else.
     LibraryThread thread;
 };
-
-/// The bench of this process; makes one if there is none. Throws TavikException when that fails.
-std::shared_ptr<Bench> CurrentBench();
-/// Puts a fresh bench in the place of the current one.
-void ReplaceCurrentBench(const BenchDescription& description);
 
 } // namespace TavikSimulator

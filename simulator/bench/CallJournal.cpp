@@ -1,6 +1,6 @@
 #include "simulator/bench/CallJournal.h"
 
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,7 +1,7 @@
 #include "simulator/bench/Faults.h"
 
 #include "library/TavikException.h"
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 #include "simulator/signals/Noise.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "simulator/control/BenchControl.h"
+#include "simulator/bench/Fault.h"
+#include "simulator/bench/JournalEntry.h"
 
 #include <atomic>
 #include <cstdint>

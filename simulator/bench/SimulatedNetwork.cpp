@@ -1,9 +1,8 @@
 #include "simulator/bench/SimulatedNetwork.h"
 
 #include "library/TavikException.h"
-#include "simulator/bench/ErrorTexts.h"
-#include "simulator/bench/NetworkImplementation.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
 
@@ -26,9 +25,16 @@ double TransactionTime(eNetSpeed speed) {
     return 0.0;
 }
 
+double ReadBurstTime(eNetSpeed speed, int modules) {
+    // A transaction is a question, a pause and an answer. The command takes as long as a question, and an answer
+    // takes half of that, because nothing has to be waited for.
+    constexpr double command = 0.5;
+    constexpr double answer = 0.25;
+    return (command + answer * modules) * TransactionTime(speed);
+}
+
 SimulatedNetwork::SimulatedNetwork(Bench& ownerBench, const NetworkDescription& networkDescription)
-    : difference(ownerBench, *this),
-      bench(ownerBench),
+    : bench(ownerBench),
       description(networkDescription),
       controllerID(description.controller),
       text(description.description),
@@ -67,9 +73,7 @@ void SimulatedNetwork::Connect() {
 void SimulatedNetwork::Disconnect() {
     connected = false;
     modules.CancelNotifying();
-    acquisition.StopBuffered();
-    difference.Abandon();
-    dynamic.Disconnect();
+    acquisition.Disconnect();
 }
 
 void SimulatedNetwork::SetPresent(bool nowPresent) {
@@ -132,6 +136,10 @@ void SimulatedNetwork::SpendTransactions(int count) {
     bench.clock.WaitOn(bus, count * TransactionTime(Speed()));
 }
 
+void SimulatedNetwork::SpendReadBurst(int count) {
+    bench.clock.WaitOn(bus, ReadBurstTime(Speed(), count));
+}
+
 ModuleList& SimulatedNetwork::Modules() {
     if (modules.Notifying()) {
         modules.ProgressNotifying(bench.clock.Now());
@@ -148,15 +156,27 @@ int SimulatedNetwork::ReadBurstCapableCount() {
     return count;
 }
 
-TavikLibrary::TavikNetwork* SimulatedNetwork::Object() {
-    if (!object) {
-        object =
-            std::make_unique<TavikLibrary::TavikNetwork>(new TavikLibrary::TavikNetwork::Implementation(bench, *this));
+int SimulatedNetwork::ReadBurst(int& count) {
+    if (!description.capabilities.readBurst) {
+        return static_cast<int>(eTavikErrors::NotSupported);
     }
-    return object.get();
+    if (Modules().Notifying()) {
+        return static_cast<int>(eTavikErrors::NotifyRunning);
+    }
+    if (acquisition.Running()) {
+        return static_cast<int>(eTavikErrors::AcquisitionRunning);
+    }
+    const double instant = bench.clock.Now();
+    const int capable = ReadBurstCapableCount();
+    for (int i = 0; i < capable; ++i) {
+        modules.At(static_cast<unsigned int>(i)).KeepReadingOf(instant);
+    }
+    count = capable;
+    return static_cast<int>(eTavikErrors::NoError);
 }
 
 void SimulatedNetwork::EndObjects() {
+    acquisition.Reset();
     modules.EndObjects();
     object.reset();
 }

@@ -1,12 +1,12 @@
 #include "simulator/control/BenchControl.h"
 
-#include "simulator/bench/Bench.h"
-#include "simulator/bench/BenchFile.h"
-#include "simulator/bench/ErrorTexts.h"
 #include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/AirGaugeHardware.h"
-#include "simulator/modules/ModuleHardware.h"
-#include "simulator/modules/ModuleKinds.h"
+#include "simulator/boundary/CurrentBench.h"
+#include "simulator/files/BenchFile.h"
+#include "simulator/hardware/AirGaugeHardware.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/ModuleHardware.h"
+#include "simulator/hardware/ModuleKinds.h"
 
 #include <cmath>
 #include <mutex>
@@ -49,14 +49,15 @@ eModuleType TypeNamed(const std::string& name) {
 
 void Replace(const std::string& networkName, const std::string& oldIdentity, const std::string& newIdentity,
              eModuleType type) {
-    OnNetwork(networkName,
-              [&](SimulatedNetwork& network, Bench&) { network.Modules().Replace(oldIdentity, newIdentity, type); });
+    OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) {
+        network.Modules().All().Replace(oldIdentity, newIdentity, type);
+    });
 }
 
 template <class Deed>
 void OnAirGauge(const std::string& networkName, const std::string& identity, Deed deed) {
     OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) {
-        auto* gauge = dynamic_cast<AirGaugeHardware*>(&network.Modules().OnBench(identity));
+        auto* gauge = dynamic_cast<AirGaugeHardware*>(&network.Modules().All().At(identity));
         Require(gauge != nullptr, "Only an air gauge has a nozzle and a display.");
         deed(*gauge);
     });
@@ -176,7 +177,7 @@ std::uint64_t CallCount() {
 
 void SetModulePresent(const std::string& networkName, const std::string& identity, bool present) {
     OnNetwork(networkName, [&](SimulatedNetwork& network, Bench& bench) {
-        network.Modules().SetPresent(identity, present, bench.clock.Now());
+        network.Modules().All().SetPresent(identity, present, bench.clock.Now());
     });
 }
 
@@ -196,11 +197,11 @@ void ReplaceModule(const std::string& networkName, const std::string& oldIdentit
 void HoldPosition(const std::string& networkName, const std::string& identity, double position) {
     Require(std::fabs(position) <= 1e9, "A position must lie within +-1e9.");
     OnNetwork(networkName,
-              [&](SimulatedNetwork& network, Bench&) { network.Modules().OnBench(identity).Hold(position); });
+              [&](SimulatedNetwork& network, Bench&) { network.Modules().All().At(identity).Hold(position); });
 }
 
 void ReleasePosition(const std::string& networkName, const std::string& identity) {
-    OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) { network.Modules().OnBench(identity).Release(); });
+    OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) { network.Modules().All().At(identity).Release(); });
 }
 
 void PutInNozzle(const std::string& networkName, const std::string& identity, NozzlePart part) {

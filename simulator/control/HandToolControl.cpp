@@ -1,9 +1,9 @@
 #include "simulator/control/HandToolControl.h"
 
-#include "simulator/bench/Bench.h"
-#include "simulator/bench/ErrorTexts.h"
 #include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/wireless/WirelessHardware.h"
+#include "simulator/boundary/CurrentBench.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/WirelessHardware.h"
 
 #include <mutex>
 
@@ -13,8 +13,8 @@ namespace {
 
 HandTool& ToolNamed(Bench& bench, const std::string& identity) {
     for (const auto& network : bench.Networks()) {
-        for (ModuleHardware* module : network->Modules().OnBench()) {
-            auto* wireless = dynamic_cast<WirelessHardware*>(module);
+        for (const auto& module : network->Modules().All()) {
+            auto* wireless = dynamic_cast<WirelessHardware*>(module.get());
             HandTool* tool = wireless ? wireless->ToolNamed(identity) : nullptr;
             if (tool) {
                 return *tool;

@@ -1,4 +1,4 @@
-#include "simulator/modules/ProbePhysics.h"
+#include "simulator/hardware/ProbePhysics.h"
 #include "tests/simulator/signals/Statistics.h"
 
 #include <QtTest>
