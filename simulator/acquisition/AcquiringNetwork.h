@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/signals/Nanoseconds.h"
+
 #include <string>
 #include <vector>
 
@@ -23,8 +25,7 @@ class AcquiringNetwork {
 public:
     virtual const std::string& Name() const = 0;
     virtual const NetworkCapabilities& Capabilities() const = 0;
-    /// Bench time in seconds.
-    virtual double Now() const = 0;
+    virtual Nanoseconds Now() const = 0;
     /// The modules in the list, in order.
     virtual std::vector<ModuleHardware*> Listed() = 0;
     /// Whether a notify run is going on.

@@ -6,10 +6,10 @@ bool Acquisition::Running() const {
     return buffered.Running() || difference.Running() || dynamic.Running();
 }
 
-void Acquisition::CollectUntil(double seconds) {
-    buffered.CollectUntil(seconds);
-    difference.CollectUntil(seconds);
-    dynamic.CollectUntil(seconds);
+void Acquisition::CollectUntil(Nanoseconds time) {
+    buffered.CollectUntil(time);
+    difference.CollectUntil(time);
+    dynamic.CollectUntil(time);
 }
 
 void Acquisition::Disconnect() {

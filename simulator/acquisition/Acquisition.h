@@ -13,7 +13,7 @@ public:
 
     bool Running() const;
     /// Takes the readings that are due until a bench time, in seconds.
-    void CollectUntil(double seconds);
+    void CollectUntil(Nanoseconds time);
     /// Ends what runs because the network is disconnected.
     void Disconnect();
     /// A module leaves the list: what the library keeps of it is lost.

@@ -14,25 +14,24 @@ using TavikLibrary::TavikReading;
 namespace {
 
 /// For how long a module that triggers can look back, with room to spare.
-constexpr std::int64_t LongestStretch = 400000000;
+constexpr std::chrono::milliseconds LongestStretch{400};
 
-TavikReading ReadingOf(const ModuleHardware& hardware, double seconds) {
+TavikReading ReadingOf(const ModuleHardware& hardware, Nanoseconds time) {
     try {
         hardware.RequireReadable();
     } catch (const TavikLibrary::TavikException& refusal) {
         return {refusal.ErrorCode(), 0, 0.0};
     }
-    const Reading reading = hardware.ReadAt(seconds);
+    const Reading reading = hardware.ReadAt(time);
     return {reading.code, reading.counts, reading.units};
 }
 
-void Store(const BufferedCollection::Participant& module, std::int64_t instant) {
+void Store(const BufferedCollection::Participant& module, Nanoseconds instant) {
     if (!module.buffer->Takes()) {
         return;
     }
-    const double seconds = static_cast<double>(instant) / 1e9;
-    if (module.hardware->Answers(seconds)) {
-        module.buffer->Store(ReadingOf(*module.hardware, seconds));
+    if (module.hardware->Answers(instant)) {
+        module.buffer->Store(ReadingOf(*module.hardware, instant));
     } else {
         module.buffer->DropOut();
     }
@@ -40,7 +39,7 @@ void Store(const BufferedCollection::Participant& module, std::int64_t instant) 
 
 } // namespace
 
-BufferedCollection::BufferedCollection(const std::vector<Participant>& modules, int master, std::int64_t start)
+BufferedCollection::BufferedCollection(const std::vector<Participant>& modules, int master, Nanoseconds start)
     : collected(start) {
     for (int index = 0; index < static_cast<int>(modules.size()); ++index) {
         const Participant& module = modules[static_cast<std::size_t>(index)];
@@ -49,7 +48,7 @@ BufferedCollection::BufferedCollection(const std::vector<Participant>& modules, 
             continue;
         }
         if (module.buffer->Mode() == eBufferedMode::Sync) {
-            const std::int64_t period = module.buffer->Units() * TimingUnit;
+            const Nanoseconds period = module.buffer->Units() * TimingUnit;
             syncs.push_back({module, period, start + period});
         } else if (master < 0 || index < master) {
             samples.push_back(module);
@@ -61,14 +60,14 @@ BufferedCollection::BufferedCollection(const std::vector<Participant>& modules, 
     }
 }
 
-void BufferedCollection::CollectUntil(std::int64_t instant) {
+void BufferedCollection::CollectUntil(Nanoseconds instant) {
     while (collected < instant) {
-        collected = triggers ? std::min(instant, collected + LongestStretch) : instant;
+        collected = triggers ? std::min<Nanoseconds>(instant, collected + LongestStretch) : instant;
         CollectStretch(collected);
     }
 }
 
-void BufferedCollection::CollectStretch(std::int64_t until) {
+void BufferedCollection::CollectStretch(Nanoseconds until) {
     for (SyncModule& sync : syncs) {
         while (sync.next <= until && sync.module.buffer->Takes()) {
             Store(sync.module, sync.next);
@@ -81,19 +80,19 @@ void BufferedCollection::CollectStretch(std::int64_t until) {
 }
 
 // A module that triggers and drops out triggers no more in this run.
-void BufferedCollection::FollowTriggers(std::int64_t until) {
-    if (!triggers->Master().Answers(static_cast<double>(until) / 1e9)) {
+void BufferedCollection::FollowTriggers(Nanoseconds until) {
+    if (!triggers->Master().Answers(until)) {
         triggers.reset();
         return;
     }
-    for (const std::int64_t instant : triggers->Until(until)) {
+    for (const Nanoseconds instant : triggers->Until(until)) {
         for (const Participant& module : samples) {
             Store(module, instant);
         }
     }
 }
 
-void BufferedCollection::Sample(std::int64_t instant) {
+void BufferedCollection::Sample(Nanoseconds instant) {
     for (const Participant& module : samples) {
         Store(module, instant);
     }

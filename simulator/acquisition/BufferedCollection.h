@@ -10,7 +10,7 @@
 namespace TavikSimulator {
 
 /// A run of buffered mode: which reading is due when. Readings are computed when the bench is next brought up to date,
-/// each for the instant at which it was due. Instants are bench time in whole nanoseconds. Guarded by the bench's lock.
+/// each for the instant at which it was due. Guarded by the bench's lock.
 class BufferedCollection {
 public:
     /// A module of the list, enabled or not. Pointers outlast the collection.
@@ -20,23 +20,23 @@ public:
     };
     /// Starts a run with the enabled ones of a network's modules. The trigger master is the list position of the module
     /// that triggers those before it, or -1.
-    BufferedCollection(const std::vector<Participant>& modules, int master, std::int64_t start);
+    BufferedCollection(const std::vector<Participant>& modules, int master, Nanoseconds start);
 
     /// Takes the readings that are due until an instant.
-    void CollectUntil(std::int64_t instant);
+    void CollectUntil(Nanoseconds instant);
     /// The controller triggers one reading of each module in sample mode.
-    void Sample(std::int64_t instant);
+    void Sample(Nanoseconds instant);
 
 private:
     struct SyncModule {
         Participant module;
-        std::int64_t period;
-        std::int64_t next;
+        Nanoseconds period;
+        Nanoseconds next;
     };
-    void CollectStretch(std::int64_t until);
-    void FollowTriggers(std::int64_t until);
+    void CollectStretch(Nanoseconds until);
+    void FollowTriggers(Nanoseconds until);
 
-    std::int64_t collected;
+    Nanoseconds collected;
     std::vector<SyncModule> syncs;
     std::vector<Participant> samples;
     std::optional<TriggerFollower> triggers;

@@ -67,7 +67,7 @@ void BufferedMode::Start() {
                "No module of network \"" + network.Name() + "\" is enabled for buffered mode.");
     }
     const int masterIndex = MasterIndex();
-    const double now = network.Now();
+    const Nanoseconds now = network.Now();
     std::vector<BufferedCollection::Participant> participants;
     for (ModuleHardware* module : network.Listed()) {
         BufferedModule& settings = Of(*module);
@@ -76,7 +76,7 @@ void BufferedMode::Start() {
         }
         participants.push_back({module, &settings});
     }
-    run.emplace(participants, masterIndex, NanosecondsOf(now));
+    run.emplace(participants, masterIndex, now);
     state = State::Running;
 }
 
@@ -90,7 +90,7 @@ void BufferedMode::Sample() {
         Refuse(eTavikErrors::NotSupported,
                "Module " + master + " triggers the samples of network \"" + network.Name() + "\", not the controller.");
     }
-    run->Sample(NanosecondsOf(network.Now()));
+    run->Sample(network.Now());
 }
 
 void BufferedMode::Stop() {
@@ -99,9 +99,9 @@ void BufferedMode::Stop() {
     }
 }
 
-void BufferedMode::CollectUntil(double seconds) {
+void BufferedMode::CollectUntil(Nanoseconds time) {
     if (Running()) {
-        run->CollectUntil(NanosecondsOf(seconds));
+        run->CollectUntil(time);
     }
 }
 

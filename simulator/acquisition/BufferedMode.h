@@ -38,7 +38,7 @@ public:
     /// Does nothing when buffered mode does not run.
     void Stop();
     /// Takes the readings that are due until a bench time, in seconds.
-    void CollectUntil(double seconds);
+    void CollectUntil(Nanoseconds time);
 
 private:
     AcquiringNetwork& network;

@@ -14,7 +14,7 @@ using TavikLibrary::TavikReading;
 namespace {
 
 constexpr int UnitsPerStep = 40;
-constexpr int StepMicroseconds = static_cast<int>(UnitsPerStep * TimingUnit / 1000);
+constexpr int StepMicroseconds = static_cast<int>((UnitsPerStep * TimingUnit).count() / 1000);
 
 // The nearest whole number of steps, and never none.
 std::int64_t StepsFor(int microseconds) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/TavikBuffered.h"
+#include "simulator/signals/Nanoseconds.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,8 +10,7 @@
 
 namespace TavikSimulator {
 
-/// Bench time of one timing unit, in nanoseconds.
-constexpr std::int64_t TimingUnit = 102400;
+constexpr Nanoseconds TimingUnit{102400};
 
 /// What a module is set to in buffered mode, and the readings in its buffer. The setters throw TavikException,
 /// and change nothing, for a value that the module cannot be set to.

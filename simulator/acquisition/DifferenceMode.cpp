@@ -4,7 +4,6 @@
 #include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace TavikSimulator {
 
@@ -27,41 +26,40 @@ public:
         DifferenceTally tally;
     };
 
-    explicit Collection(double now) : collectedUntil(now) {}
+    explicit Collection(Nanoseconds now) : collectedUntil(now) {}
 
-    bool AllAnswer(double seconds) const {
-        return std::all_of(participants.begin(), participants.end(), [seconds](const Participant& participant) {
-            return participant.hardware->Answers(seconds);
-        });
+    bool AllAnswer(Nanoseconds time) const {
+        return std::all_of(participants.begin(), participants.end(),
+                           [time](const Participant& participant) { return participant.hardware->Answers(time); });
     }
 
-    void CollectUntil(double seconds) {
-        if (seconds > collectedUntil) {
+    void CollectUntil(Nanoseconds time) {
+        if (time > collectedUntil) {
             for (Participant& participant : participants) {
-                Accumulate(participant, seconds);
+                Accumulate(participant, time);
             }
-            collectedUntil = seconds;
+            collectedUntil = time;
         }
     }
 
     std::vector<Participant> participants;
 
 private:
-    void Accumulate(Participant& participant, double until) const {
-        const double period = participant.hardware->ReadingPeriod();
-        const auto before = static_cast<std::int64_t>(std::floor(collectedUntil / period));
-        const std::int64_t due = static_cast<std::int64_t>(std::floor(until / period)) - before;
+    void Accumulate(Participant& participant, Nanoseconds until) const {
+        const Nanoseconds period = participant.hardware->ReadingPeriod();
+        const std::int64_t before = PeriodsUntil(collectedUntil, period);
+        const std::int64_t due = PeriodsUntil(until, period) - before;
         const std::int64_t computed = std::min(due, MostAtOnce);
         std::int64_t done = 0;
         for (std::int64_t i = 1; i <= computed; ++i) {
             const std::int64_t upTo = due * i / computed;
-            const Reading reading = participant.hardware->ReadAt(static_cast<double>(before + upTo) * period);
+            const Reading reading = participant.hardware->ReadAt((before + upTo) * period);
             participant.tally.Add(reading, upTo - done);
             done = upTo;
         }
     }
 
-    double collectedUntil; ///< seconds of bench time
+    Nanoseconds collectedUntil;
 };
 
 DifferenceMode::DifferenceMode(AcquiringNetwork& owner) : network(owner) {}
@@ -130,7 +128,7 @@ void DifferenceMode::Stop() {
     if (!collection) {
         return;
     }
-    const double now = network.Now();
+    const Nanoseconds now = network.Now();
     for (const Collection::Participant& participant : collection->participants) {
         if (participant.hardware->Answers(now)) {
             participant.module->values = participant.tally.Values();
@@ -149,12 +147,12 @@ void DifferenceMode::Abandon() {
     }
 }
 
-void DifferenceMode::CollectUntil(double seconds) {
+void DifferenceMode::CollectUntil(Nanoseconds time) {
     if (!Running()) {
         return;
     }
-    if (collection->AllAnswer(seconds)) {
-        collection->CollectUntil(seconds);
+    if (collection->AllAnswer(time)) {
+        collection->CollectUntil(time);
     } else {
         state = State::Ended;
     }

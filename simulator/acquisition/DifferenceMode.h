@@ -49,7 +49,7 @@ public:
     /// The network is disconnected; values not fetched yet are lost.
     void Abandon();
     /// Takes the readings that are due until a bench time, in seconds.
-    void CollectUntil(double seconds);
+    void CollectUntil(Nanoseconds time);
     /// Fetches what a module has accumulated so far. Throws TavikException when it does not answer. Does nothing for
     /// a module that takes no part.
     void Fetch(const ModuleHardware& module);

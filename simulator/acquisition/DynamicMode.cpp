@@ -71,20 +71,19 @@ void DynamicMode::Prepare() {
 }
 
 void DynamicMode::Start(Callback collectionFinished) {
-    constexpr double secondsPerMicrosecond = 1e-6;
-    const double now = network.Now();
-    syncs = master != nullptr ? MasterSyncs(*master, now, settings.MinimumInterval() * secondsPerMicrosecond)
-                              : ControllerSyncs(now, settings.SyncInterval() * secondsPerMicrosecond);
+    const Nanoseconds now = network.Now();
+    syncs = master != nullptr ? MasterSyncs(*master, now, std::chrono::microseconds(settings.MinimumInterval()))
+                              : ControllerSyncs(now, std::chrono::microseconds(settings.SyncInterval()));
     taken = 0;
     finished = collectionFinished;
     state = eDynamicState::Running;
 }
 
-void DynamicMode::CollectUntil(double seconds) {
+void DynamicMode::CollectUntil(Nanoseconds time) {
     while (state == eDynamicState::Running) {
-        const auto instant = syncs->Next(seconds);
+        const auto instant = syncs->Next(time);
         missed = syncs->Missed();
-        if (!AllAnswer(instant.value_or(seconds))) {
+        if (!AllAnswer(instant.value_or(time))) {
             End(eTavikErrors::ModuleNotResponding);
         } else if (instant) {
             TakeSync(*instant);
@@ -94,12 +93,12 @@ void DynamicMode::CollectUntil(double seconds) {
     }
 }
 
-bool DynamicMode::AllAnswer(double instant) const {
+bool DynamicMode::AllAnswer(Nanoseconds instant) const {
     const auto answers = [instant](const ModuleHardware* module) { return module->Answers(instant); };
     return std::all_of(modules.begin(), modules.end(), answers) && (master == nullptr || answers(master));
 }
 
-void DynamicMode::TakeSync(double instant) {
+void DynamicMode::TakeSync(Nanoseconds instant) {
     readings.BeginSync();
     for (const ModuleHardware* module : modules) {
         const Reading reading = module->ReadAt(instant);

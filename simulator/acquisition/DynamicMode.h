@@ -35,7 +35,7 @@ public:
     /// Only on a prepared network. The callback may be null.
     void Start(Callback collectionFinished);
     /// Takes the syncs that are due until a bench time, in seconds.
-    void CollectUntil(double seconds);
+    void CollectUntil(Nanoseconds time);
     /// Does nothing when no collection runs.
     void Stop() { End(TavikLibrary::eTavikErrors::NoError); }
     /// The network is disconnected.
@@ -53,8 +53,8 @@ public:
 
 private:
     std::string Name() const;
-    void TakeSync(double instant);
-    bool AllAnswer(double instant) const;
+    void TakeSync(Nanoseconds instant);
+    bool AllAnswer(Nanoseconds instant) const;
     void End(TavikLibrary::eTavikErrors status);
 
     AcquiringNetwork& network;

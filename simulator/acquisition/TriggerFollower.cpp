@@ -7,11 +7,11 @@
 
 namespace TavikSimulator {
 
-TriggerFollower::TriggerFollower(const ModuleHardware& triggeringModule, int countsPerTrigger, std::int64_t from)
+TriggerFollower::TriggerFollower(const ModuleHardware& triggeringModule, int countsPerTrigger, Nanoseconds from)
     : master(triggeringModule), step(countsPerTrigger), begin(from), due(CountAt(0) + step) {}
 
-std::vector<std::int64_t> TriggerFollower::Until(std::int64_t instant) {
-    std::vector<std::int64_t> instants;
+std::vector<Nanoseconds> TriggerFollower::Until(Nanoseconds instant) {
+    std::vector<Nanoseconds> instants;
     const std::int64_t last = (instant - begin) / TimingUnit;
     const std::int64_t reached = CountAt(last);
     while (due <= reached) {
@@ -23,12 +23,12 @@ std::vector<std::int64_t> TriggerFollower::Until(std::int64_t instant) {
     return instants;
 }
 
-std::int64_t TriggerFollower::InstantOf(std::int64_t look) const {
+Nanoseconds TriggerFollower::InstantOf(std::int64_t look) const {
     return begin + look * TimingUnit;
 }
 
 std::int64_t TriggerFollower::CountAt(std::int64_t look) const {
-    return master.TriggerCountAt(static_cast<double>(InstantOf(look)) / 1e9);
+    return master.TriggerCountAt(InstantOf(look));
 }
 
 // The next trigger is near as a rule, so that the span is widened first. The count never goes back, so that halving

@@ -43,7 +43,7 @@ std::shared_ptr<ModuleHardware> AllModules::ReplacementOf(const std::string& ide
     return found == modules.end() ? nullptr : *found;
 }
 
-void AllModules::SetPresent(const std::string& identity, bool present, double now) {
+void AllModules::SetPresent(const std::string& identity, bool present, Nanoseconds now) {
     ModuleHardware& hardware = At(identity);
     if (present && !hardware.present) {
         for (const auto& other : modules) {

@@ -28,7 +28,7 @@ public:
     std::shared_ptr<ModuleHardware> ReplacementOf(const std::string& identity) const;
 
     /// Plugs a module in or pulls it off, at a bench time in seconds.
-    void SetPresent(const std::string& identity, bool present, double now);
+    void SetPresent(const std::string& identity, bool present, Nanoseconds now);
     /// Plugs a new module into the connector of a listed one, which is pulled off. Unknown stands for a module of the
     /// same type. Throws TavikException, and changes nothing, when that cannot be.
     void Replace(const std::string& oldIdentity, const std::string& newIdentity, TavikLibrary::eModuleType type);

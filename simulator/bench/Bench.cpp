@@ -25,7 +25,7 @@ Bench::Bench(const BenchDescription& description)
         }
     }
     for (const Fault& fault : description.faults) {
-        gate.faults.Add(fault, 0.0);
+        gate.faults.Add(fault, Nanoseconds::zero());
     }
 }
 
@@ -60,13 +60,13 @@ void Bench::Settle() {
     if (events.empty() && !Collecting()) {
         return;
     }
-    const double now = clock.Now();
+    const Nanoseconds now = clock.Now();
     while (!events.empty() && events.back().at <= now) {
         Event event = events.back();
         events.pop_back();
         CollectUntil(event.at);
         Happen(event);
-        if (event.description.every > 0.0) {
+        if (event.description.every > Nanoseconds::zero()) {
             event.at += event.description.every;
             Schedule(event);
         }
@@ -79,9 +79,9 @@ bool Bench::Collecting() const {
                        [](const auto& network) { return network->acquisition.Running(); });
 }
 
-void Bench::CollectUntil(double seconds) {
+void Bench::CollectUntil(Nanoseconds time) {
     for (const auto& network : networks) {
-        network->CollectUntil(seconds);
+        network->CollectUntil(time);
     }
 }
 

@@ -58,13 +58,13 @@ public:
 
 private:
     struct Event {
-        double at;
+        Nanoseconds at;
         SimulatedNetwork* network;
         EventDescription description;
     };
     void Schedule(const Event& event);
     bool Collecting() const;
-    void CollectUntil(double seconds);
+    void CollectUntil(Nanoseconds time);
     void Happen(const Event& event);
     LibraryThread::Duty SeeToCollections();
 

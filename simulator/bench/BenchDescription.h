@@ -18,8 +18,8 @@ enum class EventKind { ModuleLeaves, ModuleReturns, ModuleReplaced, ControllerLe
 /// Something that happens by itself at a bench time.
 struct EventDescription {
     EventKind kind = EventKind::ModuleLeaves;
-    double at = 0.0;
-    double every = 0.0; ///< seconds between repetitions; 0 for none
+    Nanoseconds at{};
+    Nanoseconds every{}; ///< between repetitions; 0 for none
     std::string module;
     std::string replacement; ///< identity of the module that takes its place
     TavikLibrary::eModuleType replacementType = TavikLibrary::eModuleType::Unknown;
@@ -36,8 +36,8 @@ struct NetworkDescription {
     TavikLibrary::eNetSpeed speed = TavikLibrary::eNetSpeed::High;
     NetworkCapabilities capabilities;
     bool connects = true;
-    int failedTries = 0;      ///< tries that fail before one succeeds
-    double connectTime = 0.2; ///< seconds
+    int failedTries = 0; ///< tries that fail before one succeeds
+    Nanoseconds connectTime = std::chrono::milliseconds(200);
     bool present = true;
     std::vector<ModuleDescription> modules;
     std::vector<EventDescription> events;

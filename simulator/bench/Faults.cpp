@@ -70,7 +70,7 @@ bool Matches(const std::string& pattern, const std::string& text) {
     return pattern.find_first_not_of('*', p) == std::string::npos;
 }
 
-int Faults::Add(const Fault& fault, double now) {
+int Faults::Add(const Fault& fault, Nanoseconds now) {
     RequirePossible(fault);
     const std::lock_guard lock(mutex);
     Active added;
@@ -119,7 +119,7 @@ bool Faults::CountdownStrikes() {
     return countdown->left == 0;
 }
 
-bool Faults::Triggers(Active& active, double now) {
+bool Faults::Triggers(Active& active, Nanoseconds now) {
     const Fault& fault = active.fault;
     ++active.matched;
     switch (fault.trigger) {
@@ -130,8 +130,8 @@ bool Faults::Triggers(Active& active, double now) {
     case FaultTrigger::FromNth:
         return active.matched >= fault.n;
     case FaultTrigger::During: {
-        const double since = now - active.setAt - fault.from;
-        return since >= 0.0 && since < fault.duration;
+        const Nanoseconds since = now - active.setAt - FromSeconds(fault.from);
+        return since >= Nanoseconds::zero() && since < FromSeconds(fault.duration);
     }
     case FaultTrigger::Probability:
         return Draw(fault.seed, active.drawn++) < fault.probability;
@@ -154,13 +154,13 @@ Strike Faults::Ask(const JournalEntry& call, bool canReturnResult) {
         const Fault& fault = candidate.fault;
         const bool canApply = fault.effect != FaultEffect::Result || canReturnResult;
         if (strike.failure || !canApply || !Matches(fault.object, call.object) ||
-            !Matches(fault.operation, call.operation) || !Triggers(candidate, call.time)) {
+            !Matches(fault.operation, call.operation) || !Triggers(candidate, FromSeconds(call.time))) {
             continue;
         }
         strike.struck = true;
         ++triggeredBy[candidate.number];
         if (fault.effect == FaultEffect::Slow) {
-            strike.delay += fault.delay;
+            strike.delay += FromSeconds(fault.delay);
         } else if (fault.effect == FaultEffect::Result) {
             strike.result = fault.code;
         } else {

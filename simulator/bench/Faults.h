@@ -2,6 +2,7 @@
 
 #include "simulator/bench/Fault.h"
 #include "simulator/bench/JournalEntry.h"
+#include "simulator/signals/Nanoseconds.h"
 
 #include <atomic>
 #include <cstdint>
@@ -22,7 +23,7 @@ void RequirePossible(const Fault& fault);
 /// What the faults that struck a call make of it.
 struct Strike {
     bool struck = false;
-    double delay = 0.0; ///< in seconds
+    Nanoseconds delay{};
     std::optional<int> result;
     std::optional<Fault> failure; ///< the fault by which the call is to throw
 };
@@ -34,7 +35,7 @@ public:
     bool Armed() const { return armed.load(std::memory_order_relaxed); }
 
     /// Returns the fault's number. Throws TavikException on a fault that can never take effect.
-    int Add(const Fault& fault, double now);
+    int Add(const Fault& fault, Nanoseconds now);
     void Remove(int number);
     void Clear();
     void FailCall(std::uint64_t k, bool everyCallAfter, const Fault& fault);
@@ -50,7 +51,7 @@ private:
     struct Active {
         int number = 0;
         Fault fault;
-        double setAt = 0.0;
+        Nanoseconds setAt{};
         std::uint64_t matched = 0;
         std::uint64_t drawn = 0;
     };
@@ -59,7 +60,7 @@ private:
         bool everyCallAfter = false;
         Fault fault;
     };
-    static bool Triggers(Active& active, double now);
+    static bool Triggers(Active& active, Nanoseconds now);
     bool CountdownStrikes();
     void Rearm();
 

@@ -5,7 +5,7 @@ namespace TavikSimulator {
 JournalEntry Gate::Begin(std::uint64_t number, const std::string& object, const char* operation) {
     JournalEntry entry;
     entry.number = number;
-    entry.time = clock.Now();
+    entry.time = ToSeconds(clock.Now());
     entry.thread = ThreadNumber();
     entry.object = object;
     entry.operation = operation;

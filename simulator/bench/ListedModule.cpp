@@ -6,24 +6,24 @@ namespace TavikSimulator {
 
 using TavikLibrary::eTavikErrors;
 
-void ListedModule::KeepReadingOf(double seconds) {
-    if (!hardware->Answers(seconds)) {
+void ListedModule::KeepReadingOf(Nanoseconds time) {
+    if (!hardware->Answers(time)) {
         last.code = static_cast<int>(eTavikErrors::ModuleNotResponding);
         return;
     }
     try {
         hardware->RequireReadable();
-        last = hardware->ReadAt(seconds);
+        last = hardware->ReadAt(time);
     } catch (const TavikLibrary::TavikException& exception) {
         last.code = exception.ErrorCode();
     }
 }
 
-void ListedModule::RequireAnswer(double seconds, const std::string& networkName) {
-    if (!hardware->Answers(seconds)) {
+void ListedModule::RequireAnswer(Nanoseconds time, const std::string& networkName) {
+    if (!hardware->Answers(time)) {
         last.code = static_cast<int>(eTavikErrors::ModuleNotResponding);
     }
-    hardware->RequireAnswer(seconds, networkName);
+    hardware->RequireAnswer(time, networkName);
 }
 
 void ListedModule::EndObject() {

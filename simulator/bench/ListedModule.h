@@ -17,9 +17,9 @@ struct ListedModule {
 
     /// Takes the reading of a bench time, in seconds, as the last one. A module that gives none leaves its result code
     /// there.
-    void KeepReadingOf(double seconds);
+    void KeepReadingOf(Nanoseconds time);
     /// Throws TavikException when the module does not answer, and keeps that as the last result code.
-    void RequireAnswer(double seconds, const std::string& networkName);
+    void RequireAnswer(Nanoseconds time, const std::string& networkName);
     /// Destroys the library's object and what the library keeps.
     void EndObject();
 

@@ -254,7 +254,7 @@ void ModuleList::TakeInReplacements() {
 }
 
 void ModuleList::RequireAllAnswer() const {
-    const double now = bench.clock.Now();
+    const Nanoseconds now = bench.clock.Now();
     for (const auto& entry : list) {
         entry->hardware->RequireAnswer(now, network.Name());
     }
@@ -264,13 +264,13 @@ void ModuleList::RequireAnswer(const ModuleHardware& module) const {
     list[static_cast<std::size_t>(IndexOf(module.Identity()))]->RequireAnswer(bench.clock.Now(), network.Name());
 }
 
-void ModuleList::BeginNotifying(double now) {
+void ModuleList::BeginNotifying(Nanoseconds now) {
     RequireChangeable();
     notify.emplace(all, now);
     ProgressNotifying(now);
 }
 
-void ModuleList::ProgressNotifying(double now) {
+void ModuleList::ProgressNotifying(Nanoseconds now) {
     if (!notify) {
         return;
     }
@@ -285,7 +285,7 @@ void ModuleList::ProgressNotifying(double now) {
     }
 }
 
-std::vector<StoredModule> ModuleList::Stored(double now) const {
+std::vector<StoredModule> ModuleList::Stored(Nanoseconds now) const {
     std::vector<StoredModule> stored;
     for (const auto& entry : list) {
         stored.push_back(
@@ -294,7 +294,7 @@ std::vector<StoredModule> ModuleList::Stored(double now) const {
     return stored;
 }
 
-void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, double now) const {
+void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, Nanoseconds now) const {
     const auto hardware = all.Find(stored.identity);
     if (!hardware || !hardware->present) {
         Refuse(eTavikErrors::IdentityUnknown,
@@ -318,7 +318,7 @@ void ModuleList::RequireRestorable(const std::vector<StoredModule>& stored) cons
     }
 }
 
-void ModuleList::Restore(const std::vector<StoredModule>& stored, double now) {
+void ModuleList::Restore(const std::vector<StoredModule>& stored, Nanoseconds now) {
     std::vector<std::unique_ptr<ListedModule>> before = std::move(list);
     list.clear();
     for (const StoredModule& module : stored) {

@@ -48,20 +48,20 @@ public:
     void RequireChangeable() const;
 
     /// The list as a network file keeps it.
-    std::vector<StoredModule> Stored(double now) const;
+    std::vector<StoredModule> Stored(Nanoseconds now) const;
     /// Throws TavikException when the list cannot become what a network file says, whatever its modules are.
     void RequireRestorable(const std::vector<StoredModule>& stored) const;
     /// The same for one module and its settings, working at a speed.
-    void RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, double now) const;
+    void RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, Nanoseconds now) const;
     /// Makes the list and its modules' settings what a network file says that both have passed. Modules that stay in
     /// the list keep their objects.
-    void Restore(const std::vector<StoredModule>& stored, double now);
+    void Restore(const std::vector<StoredModule>& stored, Nanoseconds now);
 
-    void BeginNotifying(double now);
+    void BeginNotifying(Nanoseconds now);
     bool Notifying() const { return notify.has_value(); }
     void CancelNotifying() { notify.reset(); }
     /// Lets the modules in whose time has come.
-    void ProgressNotifying(double now);
+    void ProgressNotifying(Nanoseconds now);
 
     /// All modules that belong to the network.
     AllModules& All() { return all; }

@@ -8,13 +8,14 @@ namespace TavikSimulator {
 
 namespace {
 
-constexpr double Silence = 2.0;               // seconds
-constexpr double BetweenAnnouncements = 0.25; // seconds, of modules without a time of their own
+constexpr std::chrono::seconds Silence{2};
+/// Between announcements of modules without a time of their own.
+constexpr std::chrono::milliseconds AnnouncementInterval{250};
 
 } // namespace
 
-NotifySchedule::NotifySchedule(const AllModules& modules, double begun) : silenceEnds(begun + Silence) {
-    double last = 0.0;
+NotifySchedule::NotifySchedule(const AllModules& modules, Nanoseconds begun) : silenceEnds(begun + Silence) {
+    Nanoseconds last{};
     for (const auto& hardware : modules) {
         if (!hardware->listed && hardware->announcesAfter) {
             plan.push_back({begun + *hardware->announcesAfter, hardware});
@@ -23,7 +24,7 @@ NotifySchedule::NotifySchedule(const AllModules& modules, double begun) : silenc
     }
     for (const auto& hardware : modules) {
         if (!hardware->listed && !hardware->announcesAfter && hardware->announcesWhenAsked) {
-            last += BetweenAnnouncements;
+            last += AnnouncementInterval;
             plan.push_back({begun + last, hardware});
         }
     }
@@ -31,7 +32,7 @@ NotifySchedule::NotifySchedule(const AllModules& modules, double begun) : silenc
                      [](const Announcement& a, const Announcement& b) { return a.at < b.at; });
 }
 
-std::vector<std::shared_ptr<ModuleHardware>> NotifySchedule::Arrivals(double now, TavikLibrary::eNetSpeed speed) {
+std::vector<std::shared_ptr<ModuleHardware>> NotifySchedule::Arrivals(Nanoseconds now, TavikLibrary::eNetSpeed speed) {
     std::vector<std::shared_ptr<ModuleHardware>> arrivals;
     for (; next < plan.size() && plan[next].at <= now; ++next) {
         const auto& hardware = plan[next].hardware;
@@ -42,7 +43,7 @@ std::vector<std::shared_ptr<ModuleHardware>> NotifySchedule::Arrivals(double now
     return arrivals;
 }
 
-bool NotifySchedule::IsOver(double now) const {
+bool NotifySchedule::IsOver(Nanoseconds now) const {
     return plan.empty() ? now >= silenceEnds : next == plan.size();
 }
 

@@ -11,26 +11,25 @@ namespace TavikSimulator {
 using TavikLibrary::eNetSpeed;
 using TavikLibrary::eTavikErrors;
 
-double TransactionTime(eNetSpeed speed) {
+Nanoseconds TransactionTime(eNetSpeed speed) {
+    using std::chrono::microseconds;
     switch (speed) {
     case eNetSpeed::Low:
-        return 0.0025;
+        return microseconds(2500);
     case eNetSpeed::Medium:
-        return 0.0012;
+        return microseconds(1200);
     case eNetSpeed::High:
-        return 0.00035;
+        return microseconds(350);
     case eNetSpeed::UltraHigh:
-        return 0.0002;
+        return microseconds(200);
     }
-    return 0.0;
+    return Nanoseconds::zero();
 }
 
-double ReadBurstTime(eNetSpeed speed, int modules) {
-    // A transaction is a question, a pause and an answer. The command takes as long as a question, and an answer
-    // takes half of that, because nothing has to be waited for.
-    constexpr double command = 0.5;
-    constexpr double answer = 0.25;
-    return (command + answer * modules) * TransactionTime(speed);
+Nanoseconds ReadBurstTime(eNetSpeed speed, int modules) {
+    // A transaction is a question, a pause and an answer. The command takes half a transaction, as a question does; an
+    // answer takes a quarter, because there is no pause.
+    return TransactionTime(speed) / 2 + modules * TransactionTime(speed) / 4;
 }
 
 SimulatedNetwork::SimulatedNetwork(Bench& ownerBench, const NetworkDescription& networkDescription)
@@ -124,7 +123,7 @@ void SimulatedNetwork::Restore(const StoredNetwork& stored, const std::string& f
         }
         Modules().RequireRestorable(stored.modules);
     });
-    const double now = bench.clock.Now();
+    const Nanoseconds now = bench.clock.Now();
     for (const StoredModule& module : stored.modules) {
         NamingPlace(file, module.line, [&] { Modules().RequireRestorable(module, stored.speed, now); });
     }
@@ -166,7 +165,7 @@ int SimulatedNetwork::ReadBurst(int& count) {
     if (acquisition.Running()) {
         return static_cast<int>(eTavikErrors::AcquisitionRunning);
     }
-    const double instant = bench.clock.Now();
+    const Nanoseconds instant = bench.clock.Now();
     const int capable = ReadBurstCapableCount();
     for (int i = 0; i < capable; ++i) {
         modules.At(static_cast<unsigned int>(i)).KeepReadingOf(instant);

@@ -15,11 +15,10 @@
 
 namespace TavikSimulator {
 
-/// Time that one transaction takes (a question to a module and its answer), in seconds.
-double TransactionTime(TavikLibrary::eNetSpeed speed);
-/// Time that a read burst of so many modules takes, in seconds: one command to all of them, and their answers one
-/// after another without a question to each.
-double ReadBurstTime(TavikLibrary::eNetSpeed speed, int modules);
+/// Duration of one transaction: a question to a module and its answer.
+Nanoseconds TransactionTime(TavikLibrary::eNetSpeed speed);
+/// Duration of a read burst of so many modules: one command to all of them, and their answers one after another.
+Nanoseconds ReadBurstTime(TavikLibrary::eNetSpeed speed, int modules);
 
 /// A controller and the modules behind it. Guarded by the bench's lock, but for what says otherwise.
 class SimulatedNetwork final : public AcquiringNetwork {
@@ -53,8 +52,8 @@ public:
         return bench.gate.Call(object, operation, wait, body, args...);
     }
 
-    /// The bench's time in seconds; needs no lock.
-    double Now() const override { return bench.clock.Now(); }
+    /// Needs no lock.
+    Nanoseconds Now() const override { return bench.clock.Now(); }
 
     /// Never changes; needs no lock.
     const std::string& Name() const override { return description.name; }
@@ -67,8 +66,8 @@ public:
     void RequireConnected() const override;
     /// Throws TavikException while readings are being collected.
     void RequireNotCollecting() const override;
-    /// How long Connect will take, in seconds; needs no lock.
-    double ConnectTime() const { return connected ? 0.0 : description.connectTime; }
+    /// How long Connect will take; needs no lock.
+    Nanoseconds ConnectTime() const { return connected ? Nanoseconds::zero() : description.connectTime; }
     void Connect();
     void Disconnect();
     void SetPresent(bool present);
@@ -95,7 +94,7 @@ public:
     int ReadBurst(int& count);
 
     /// Takes the readings of running collections that are due until a bench time.
-    void CollectUntil(double seconds) { acquisition.CollectUntil(seconds); }
+    void CollectUntil(Nanoseconds time) { acquisition.CollectUntil(time); }
 
     // What the acquisition modes need of their network.
     const NetworkCapabilities& Capabilities() const override { return description.capabilities; }

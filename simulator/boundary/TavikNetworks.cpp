@@ -56,11 +56,11 @@ TavikNetwork* TavikNetworks::Network(unsigned int index) {
 
 void TavikNetworks::ConnectAll() {
     const auto wait = [this] {
-        double seconds = 0.0;
+        TavikSimulator::Nanoseconds time{};
         for (const auto* network : implementation->Found()) {
-            seconds += network->ConnectTime();
+            time += network->ConnectTime();
         }
-        implementation->bench.clock.Wait(seconds);
+        implementation->bench.clock.Wait(time);
     };
     implementation->Call("ConnectAll", wait, [this] {
         for (auto* network : implementation->found) {

@@ -22,7 +22,7 @@ struct SlotAccess {
     int slot; ///< from 0
 
     WirelessHardware& Hardware() const { return module.As<WirelessHardware>(); }
-    double Now() const { return module.bench.clock.Now(); }
+    Nanoseconds Now() const { return module.bench.clock.Now(); }
     /// "device RLK0000112.1": an object of this slot in the journal, where slots are numbered from 1.
     std::string Named(const std::string& kind) const {
         return kind + " " + module.hardware->Identity() + "." + std::to_string(slot + 1);
@@ -31,13 +31,13 @@ struct SlotAccess {
     /// Takes the time of a question to the tool: over the network's wires, then by radio.
     void SpendRadioTime() const {
         module.network.SpendTransactions(1);
-        double seconds = 0.0;
+        Nanoseconds delay{};
         {
             const std::lock_guard lock(module.bench.gate.mutex);
             HandTool* tool = Hardware().ToolOf(slot);
-            seconds = tool ? tool->NextDelay() : 0.0;
+            delay = tool ? tool->NextDelay() : Nanoseconds::zero();
         }
-        module.bench.clock.Wait(seconds);
+        module.bench.clock.Wait(delay);
     }
 
     /// A call that asks the tool by radio; the body is given the tool.

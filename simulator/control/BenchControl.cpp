@@ -101,11 +101,11 @@ void AdvanceClock(double seconds) {
     const std::shared_ptr<Bench> bench = CurrentBench();
     Require(std::isfinite(seconds) && seconds >= 0.0, "Time passes forwards only.");
     Require(bench->clock.IsManual(), "Only a manual clock can be advanced.");
-    bench->clock.Advance(seconds);
+    bench->clock.Advance(FromSeconds(seconds));
 }
 
 double BenchTime() {
-    return CurrentBench()->clock.Now();
+    return ToSeconds(CurrentBench()->clock.Now());
 }
 
 void SetLatency(bool on) {

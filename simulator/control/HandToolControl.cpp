@@ -35,19 +35,19 @@ void OnTool(const std::string& identity, Deed deed) {
 } // namespace
 
 void PressToolButton(const std::string& toolIdentity, int button) {
-    OnTool(toolIdentity, [button](HandTool& tool, double now) { tool.Press(button, now); });
+    OnTool(toolIdentity, [button](HandTool& tool, Nanoseconds now) { tool.Press(button, now); });
 }
 
 void PowerCycleTool(const std::string& toolIdentity) {
-    OnTool(toolIdentity, [](HandTool& tool, double now) { tool.PowerCycle(now); });
+    OnTool(toolIdentity, [](HandTool& tool, Nanoseconds now) { tool.PowerCycle(now); });
 }
 
 void CarryToolAway(const std::string& toolIdentity, bool away) {
-    OnTool(toolIdentity, [away](HandTool& tool, double) { tool.CarryAway(away); });
+    OnTool(toolIdentity, [away](HandTool& tool, Nanoseconds) { tool.CarryAway(away); });
 }
 
 void DropToolConfigMode(const std::string& toolIdentity) {
-    OnTool(toolIdentity, [](HandTool& tool, double) { tool.DropConfigMode(); });
+    OnTool(toolIdentity, [](HandTool& tool, Nanoseconds) { tool.DropConfigMode(); });
 }
 
 } // namespace TavikSimulator

@@ -19,7 +19,7 @@ NozzleStep ReadStep(BenchElement& element) {
                                            {"master-a", NozzlePart::MasterA},
                                            {"master-b", NozzlePart::MasterB},
                                            {"work-piece", NozzlePart::WorkPiece}});
-    step.seconds = element.Number("seconds", step.seconds, 0.0, Largest);
+    step.duration = element.Time("seconds", step.duration, 0.0, Largest);
     element.Finish();
     return step;
 }

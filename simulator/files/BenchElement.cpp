@@ -95,6 +95,10 @@ double BenchElement::Number(const char* attribute, double otherwise, double leas
     return value;
 }
 
+Nanoseconds BenchElement::Time(const char* attribute, Nanoseconds otherwise, double least, double most) {
+    return FromSeconds(Number(attribute, ToSeconds(otherwise), least, most));
+}
+
 long long BenchElement::Whole(const char* attribute, long long otherwise, long long least, long long most) {
     const std::optional<std::string> text = Text(attribute);
     if (!text) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/signals/Nanoseconds.h"
+
 #include <cstddef>
 #include <optional>
 #include <pugixml.hpp>
@@ -42,6 +44,8 @@ public:
     std::optional<std::string> Text(const char* attribute);
     std::string Text(const char* attribute, const std::string& otherwise);
     double Number(const char* attribute, double otherwise, double least, double most);
+    /// A number of seconds.
+    Nanoseconds Time(const char* attribute, Nanoseconds otherwise, double least, double most);
     long long Whole(const char* attribute, long long otherwise, long long least, long long most);
     /// "yes" or "no".
     bool Flag(const char* attribute, bool otherwise);

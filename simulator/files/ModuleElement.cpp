@@ -94,7 +94,7 @@ void ReadPlace(BenchElement& element, ModuleDescription& module) {
                                         {{"list", Place::Listed}, {"wire", Place::Wire}, {"absent", Place::Absent}});
     module.remembered = element.Flag("remembered", true);
     if (element.Has("announces")) {
-        module.announcesAfter = element.Number("announces", 0.0, 0.0, LongestAnnouncement);
+        module.announcesAfter = element.Time("announces", Nanoseconds::zero(), 0.0, LongestAnnouncement);
         if (module.place == Place::Listed) {
             module.place = Place::Wire;
         }

@@ -36,7 +36,7 @@ void ReadConnecting(BenchElement& element, NetworkDescription& network) {
     network.present = element.Flag("present", true);
     network.connects = element.Flag("connects", true);
     network.failedTries = static_cast<int>(element.Whole("failed-tries", 0, 0, MostTries));
-    network.connectTime = element.Number("connect-time", network.connectTime, 0.0, LongestConnect);
+    network.connectTime = element.Time("connect-time", network.connectTime, 0.0, LongestConnect);
     network.connectedController = element.Text("connected-controller");
     network.connectedDescription = element.Text("connected-description");
 }
@@ -98,14 +98,14 @@ EventDescription ReadEvent(BenchElement& element, const NetworkDescription& netw
                                            {"module-replaced", EventKind::ModuleReplaced},
                                            {"controller-leaves", EventKind::ControllerLeaves},
                                            {"controller-returns", EventKind::ControllerReturns}});
-    event.at = element.Number("at", 0.0, 0.0, LatestEvent);
+    event.at = element.Time("at", Nanoseconds::zero(), 0.0, LatestEvent);
     if (event.kind == EventKind::ModuleReplaced) {
         event.replacement = ReadIdentity(element, "by");
         event.replacementType = element.OneOf<eModuleType>("type", eModuleType::Unknown, TypeWords());
         RequireOwnIdentity(element, event.replacement, identities);
     } else {
-        event.every = element.Number("every", 0.0, 0.0, LatestEvent);
-        if (event.every > 0.0 && event.every < 1.0) {
+        event.every = element.Time("every", Nanoseconds::zero(), 0.0, LatestEvent);
+        if (event.every > Nanoseconds::zero() && event.every < std::chrono::seconds(1)) {
             element.Fail("An event repeats every second at most.");
         }
     }

@@ -45,7 +45,7 @@ void ReadLinearEncoder(BenchElement& element, ModuleDescription& module) {
     if (element.Text("hand") == "never") {
         encoder.hand.reset();
     } else if (element.Has("hand")) {
-        encoder.hand = element.Number("hand", 0.0, 0.0, LongestTime);
+        encoder.hand = element.Time("hand", Nanoseconds::zero(), 0.0, LongestTime);
     }
 }
 
@@ -89,10 +89,10 @@ void ReadConnections(BenchElement& element, const PinMasks& masks, PinsDescripti
         PulsesDescription pulses;
         child.Required("pin");
         pulses.pin = ReadPin(child, "pin", masks.inputs);
-        pulses.period = child.Number("period", pulses.period, ShortestTime, LongestTime);
-        pulses.high = child.Number("high", pulses.period / 2.0, 0.0, LongestTime);
-        pulses.start = child.Number("start", 0.0, 0.0, LongestTime);
-        if (pulses.high <= 0.0 || pulses.high >= pulses.period) {
+        pulses.period = child.Time("period", pulses.period, ShortestTime, LongestTime);
+        pulses.high = child.Time("high", pulses.period / 2, 0.0, LongestTime);
+        pulses.start = child.Time("start", Nanoseconds::zero(), 0.0, LongestTime);
+        if (pulses.high <= Nanoseconds::zero() || pulses.high >= pulses.period) {
             child.Fail("A pulse is shorter than its period, and longer than nothing.");
         }
         RequireFree(child, taken, pulses.pin);
@@ -156,7 +156,7 @@ void ReadLaser(BenchElement& element, ModuleDescription& module) {
 
 InformationChange ReadChange(BenchElement& element) {
     InformationChange change;
-    change.at = element.Number("at", 0.0, 0.0, LongestTime);
+    change.at = element.Time("at", Nanoseconds::zero(), 0.0, LongestTime);
     change.deviceType = element.Text("device-type");
     change.softwareVersion = element.Text("software-version");
     change.probeIdentity = element.Text("probe-identity");
@@ -173,7 +173,7 @@ void ReadReadMode(BenchElement& element, ReadModeDescription& readMode) {
                                                  {"switch", eHvxReadMode::ReadOnSwitch},
                                                  {"sample", eHvxReadMode::ReadOnSample}});
     if (element.Has("switch-every")) {
-        readMode.switchEvery = element.Number("switch-every", 0.0, ShortestTime, LongestTime);
+        readMode.switchEvery = element.Time("switch-every", Nanoseconds::zero(), ShortestTime, LongestTime);
     }
     std::vector<BenchElement> changes = element.Children("change");
     if (changes.size() > 1) {

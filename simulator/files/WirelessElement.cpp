@@ -65,11 +65,11 @@ void ReadChannels(BenchElement& element, ToolDescription& tool, std::uint64_t se
 
 LinkDescription ReadLink(BenchElement& element) {
     LinkDescription link;
-    link.delay = element.Number("delay", link.delay, 0.0, LongestTime);
-    link.jitter = element.Number("jitter", link.jitter, 0.0, LongestTime);
+    link.delay = element.Time("delay", link.delay, 0.0, LongestTime);
+    link.jitter = element.Time("jitter", link.jitter, 0.0, LongestTime);
     link.loss = element.Number("loss", link.loss, 0.0, 1.0);
     link.repeat = element.Number("repeat", link.repeat, 0.0, 1.0);
-    link.connectTime = element.Number("connect-time", link.connectTime, 0.0, LongestTime);
+    link.connectTime = element.Time("connect-time", link.connectTime, 0.0, LongestTime);
     return link;
 }
 
@@ -100,8 +100,8 @@ ToolDescription ReadTool(BenchElement& element, std::uint64_t seed) {
     tool.batteryHours = element.Number("battery-hours", tool.batteryHours, 0.001, 1e6);
     tool.distance = element.Number("distance", tool.distance, 0.0, 1e6);
     tool.autoPowerOff = ReadAutoPowerOff(element, tool);
-    tool.pressEvery = element.Number("press-every", 0.0, 0.0, LongestTime);
-    if (tool.pressEvery > 0.0 && tool.pressEvery < 1.0) {
+    tool.pressEvery = element.Time("press-every", Nanoseconds::zero(), 0.0, LongestTime);
+    if (tool.pressEvery > Nanoseconds::zero() && tool.pressEvery < std::chrono::seconds(1)) {
         element.Fail("press-every must be 0 or at least 1.");
     }
     tool.link = ReadLink(element);
@@ -134,7 +134,7 @@ void ReadSlots(BenchElement& element, WirelessDescription& wireless) {
 
 WirelessDescription ReadWireless(BenchElement& element, std::uint64_t seed) {
     WirelessDescription wireless;
-    wireless.restartTime = element.Number("restart-time", wireless.restartTime, 0.0, LongestTime);
+    wireless.restartTime = element.Time("restart-time", wireless.restartTime, 0.0, LongestTime);
     wireless.failedRestarts = static_cast<int>(element.Whole("failed-restarts", 0, 0, MostFailures));
     ReadSlots(element, wireless);
     for (BenchElement& child : element.Children("tool")) {

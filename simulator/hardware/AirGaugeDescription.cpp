@@ -13,7 +13,7 @@ bool IsDeviation(double millimetres) {
 }
 
 bool LastsAWhile(const NozzleStep& step) {
-    return step.seconds > 0.0 && step.seconds <= 1e6;
+    return step.duration > Nanoseconds::zero() && step.duration <= std::chrono::seconds(1000000);
 }
 
 } // namespace

@@ -14,7 +14,7 @@ namespace TavikSimulator {
 /// What the operator at the air gauge does for a while.
 struct NozzleStep {
     NozzlePart part = NozzlePart::WorkPiece;
-    double seconds = 10.0; ///< above 0
+    Nanoseconds duration = std::chrono::seconds(10); ///< above 0
 };
 
 /// An air gauge, the air that it is fed with, and what comes into its nozzle. Sizes are deviations from the

@@ -110,62 +110,62 @@ void AirGaugeHardware::MasterBeforehand() {
 
 // From what is in the nozzle to the pressure
 
-NozzlePart AirGaugeHardware::PartAt(double seconds) const {
+NozzlePart AirGaugeHardware::PartAt(Nanoseconds time) const {
     if (inNozzle) {
         return *inNozzle;
     }
     const std::vector<NozzleStep>& steps = Description().airGauge.steps;
-    double round = 0.0;
+    Nanoseconds round{};
     for (const NozzleStep& step : steps) {
-        round += step.seconds;
+        round += step.duration;
     }
-    double within = round > 0.0 ? std::fmod(std::max(0.0, seconds), round) : 0.0;
+    Nanoseconds within = round > Nanoseconds::zero() ? std::max(time, Nanoseconds::zero()) % round : Nanoseconds::zero();
     for (const NozzleStep& step : steps) {
-        if (within < step.seconds) {
+        if (within < step.duration) {
             return step.part;
         }
-        within -= step.seconds;
+        within -= step.duration;
     }
     return NozzlePart::WorkPiece;
 }
 
-double AirGaugeHardware::ClearanceAt(std::int64_t nanoseconds) const {
+double AirGaugeHardware::ClearanceAt(Nanoseconds time) const {
     const AirGaugeDescription& gauge = Description().airGauge;
     const auto around = [&](double size) { return std::max(0.0, gauge.clearance + size / 2.0); };
-    switch (PartAt(static_cast<double>(nanoseconds) / 1e9)) {
+    switch (PartAt(time)) {
     case NozzlePart::MasterA:
         return around(gauge.masterA);
     case NozzlePart::MasterB:
         return around(gauge.masterB);
     case NozzlePart::WorkPiece:
-        return around(Felt().AtNanoseconds(nanoseconds));
+        return around(Felt().At(time));
     case NozzlePart::Nothing:
         break;
     }
     return std::numeric_limits<double>::infinity();
 }
 
-double AirGaugeHardware::PressureAt(double seconds) const {
-    const SampleWindow window = Physics().WindowAt(seconds);
+double AirGaugeHardware::PressureAt(Nanoseconds time) const {
+    const SampleWindow window = Physics().WindowAt(time);
     double sum = 0.0;
     for (std::int64_t index = window.last - window.samples + 1; index <= window.last; ++index) {
-        const std::int64_t at = Physics().NanosecondsOfSample(index);
-        sum += BackPressure(supply.AtNanoseconds(at), ClearanceAt(at), Description().airGauge.circuit);
+        const Nanoseconds at = Physics().TimeOfSample(index);
+        sum += BackPressure(supply.At(at), ClearanceAt(at), Description().airGauge.circuit);
     }
     return Digitise(sum / window.samples, sensor).units;
 }
 
 // Readings
 
-Reading AirGaugeHardware::ReadAt(double seconds) const {
-    const double pressure = PressureAt(seconds);
+Reading AirGaugeHardware::ReadAt(Nanoseconds time) const {
+    const double pressure = PressureAt(time);
     if (settings.outputPressure) {
         return Digitise(pressure, sensor);
     }
     const MeasuringRange range{offset, stroke, 1 << Physics().ResolutionBits()};
     Reading reading = Digitise(line.SizeAt(pressure), range);
     if (reading.code == static_cast<int>(eTavikErrors::NoError)) {
-        if (!Physics().WindowAt(seconds).settled) {
+        if (!Physics().WindowAt(time).settled) {
             reading.code = static_cast<int>(eTavikErrors::ReadingUnsettled);
         } else if (!settings.mastered) {
             reading.code = static_cast<int>(eTavikErrors::NotMastered);
@@ -255,8 +255,8 @@ KeptSetting AirGaugeHardware::KeptMastering() {
 }
 
 // Not the pass code: whoever reads the file could read it.
-std::vector<KeptSetting> AirGaugeHardware::KeptSettings(double seconds) {
-    std::vector<KeptSetting> kept = ProbeHardware::KeptSettings(seconds);
+std::vector<KeptSetting> AirGaugeHardware::KeptSettings(Nanoseconds time) {
+    std::vector<KeptSetting> kept = ProbeHardware::KeptSettings(time);
     kept.push_back(KeptMastering());
     kept.push_back(KeptSwitch(
         "output-as-pressure", [this] { return settings.outputPressure; },

@@ -29,7 +29,7 @@ class AirGaugeHardware : public ProbeHardware {
 public:
     explicit AirGaugeHardware(const ModuleDescription& description);
 
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
     double CountsPerUnit() const override;
     double Offset() const override;
     double Stroke() const override;
@@ -41,7 +41,7 @@ public:
     void Release() override;
 
     /// The pressure in the chamber in psi, at a bench time in seconds: a whole number of the sensor's counts.
-    double PressureAt(double seconds) const;
+    double PressureAt(Nanoseconds time) const;
 
     bool HasDisplay() const { return Description().display; }
     const AirGaugeSettings& Known() const { return known; }
@@ -64,13 +64,13 @@ public:
     void ChangeUnitAtDisplay(TavikLibrary::ePNX_UOM unit, int passcode);
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
 
 private:
     KeptSetting KeptMastering();
     KeptSetting KeptLength(const char* name, double AirGaugeSettings::*length);
-    NozzlePart PartAt(double seconds) const;
-    double ClearanceAt(std::int64_t nanoseconds) const;
+    NozzlePart PartAt(Nanoseconds time) const;
+    double ClearanceAt(Nanoseconds time) const;
     MasterLine DesignLine() const;
     void UseFactorySettings();
     void UseDesignLine();

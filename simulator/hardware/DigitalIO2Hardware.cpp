@@ -28,19 +28,19 @@ DigitalIO2Hardware::DigitalIO2Hardware(const ModuleDescription& description)
       master(description.identity, false),
       outPolarity(description.pins.outputPolarity),
       inPolarity(description.pins.inputPolarity) {
-    DriveWires(0.0);
+    DriveWires(Nanoseconds::zero());
 }
 
-void DigitalIO2Hardware::SetInput(int pin, bool input, double) {
+void DigitalIO2Hardware::SetInput(int pin, bool input, Nanoseconds) {
     if (IsInput(pin) != input) {
         Refuse(eTavikErrors::NotSupported, "Pin " + std::to_string(pin) + " of module " + Identity() +
                                                (input ? " is always an output." : " is always an input."));
     }
 }
 
-void DigitalIO2Hardware::SetOutPolarityMask(unsigned short mask, double seconds) {
+void DigitalIO2Hardware::SetOutPolarityMask(unsigned short mask, Nanoseconds time) {
     outPolarity = mask;
-    DriveWires(seconds);
+    DriveWires(time);
 }
 
 void DigitalIO2Hardware::RequireOutputMode(eDIOOutputMode mode) const {
@@ -55,29 +55,29 @@ void DigitalIO2Hardware::RequireOutputMode(eDIOOutputMode mode) const {
     }
 }
 
-void DigitalIO2Hardware::SetOutputMode(eDIOOutputMode mode, double seconds) {
+void DigitalIO2Hardware::SetOutputMode(eDIOOutputMode mode, Nanoseconds time) {
     RequireOutputMode(mode);
     outputMode = mode;
-    DriveWires(seconds);
+    DriveWires(time);
 }
 
-std::vector<KeptSetting> DigitalIO2Hardware::KeptSettings(double seconds) {
+std::vector<KeptSetting> DigitalIO2Hardware::KeptSettings(Nanoseconds time) {
     const auto requireMask = [this](int mask) {
         if (mask < 0 || mask > std::numeric_limits<unsigned short>::max()) {
             Refuse(eTavikErrors::InvalidArgument,
                    "Module " + Identity() + " has no polarity mask " + std::to_string(mask) + ".");
         }
     };
-    std::vector<KeptSetting> kept = {KeptDebounceTime(seconds)};
+    std::vector<KeptSetting> kept = {KeptDebounceTime(time)};
     kept.push_back(KeptNumber<int>(
         "output-polarity", [this] { return outPolarity; }, requireMask,
-        [this, seconds](int mask) { SetOutPolarityMask(static_cast<unsigned short>(mask), seconds); }));
+        [this, time](int mask) { SetOutPolarityMask(static_cast<unsigned short>(mask), time); }));
     kept.push_back(KeptNumber<int>(
         "input-polarity", [this] { return inPolarity; }, requireMask,
         [this](int mask) { SetInPolarityMask(static_cast<unsigned short>(mask)); }));
     kept.push_back(KeptNumber<eDIOOutputMode>(
         "output-mode", [this] { return outputMode; }, [this](eDIOOutputMode mode) { RequireOutputMode(mode); },
-        [this, seconds](eDIOOutputMode mode) { SetOutputMode(mode, seconds); }));
+        [this, time](eDIOOutputMode mode) { SetOutputMode(mode, time); }));
     for (KeptSetting& setting : master.Kept()) {
         kept.push_back(std::move(setting));
     }
@@ -92,15 +92,15 @@ int DigitalIO2Hardware::DrivenLevel(int pin, int state, int pull) const {
     return letsGo ? pull : wanted;
 }
 
-std::int64_t DigitalIO2Hardware::TriggerCountAt(double seconds) const {
-    return RisesOfInput(FirstInput, seconds);
+std::int64_t DigitalIO2Hardware::TriggerCountAt(Nanoseconds time) const {
+    return RisesOfInput(FirstInput, time);
 }
 
-int DigitalIO2Hardware::ReadingBit(int pin, double seconds) const {
+int DigitalIO2Hardware::ReadingBit(int pin, Nanoseconds time) const {
     if (!IsInput(pin)) {
         return OutputState(pin);
     }
-    return InputState(pin, seconds) == BitOf(inPolarity, pin - FirstInput) ? 1 : 0;
+    return InputState(pin, time) == BitOf(inPolarity, pin - FirstInput) ? 1 : 0;
 }
 
 } // namespace TavikSimulator

@@ -43,40 +43,40 @@ const DigitalIOHardware::Pin& DigitalIOHardware::At(int pin) const {
     return pins[static_cast<std::size_t>(pin)];
 }
 
-Reading DigitalIOHardware::ReadAt(double seconds) const {
+Reading DigitalIOHardware::ReadAt(Nanoseconds time) const {
     int bits = 0;
     for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {
-        bits |= ReadingBit(pin, seconds) << pin;
+        bits |= ReadingBit(pin, time) << pin;
     }
     return {static_cast<int>(eTavikErrors::NoError), bits, static_cast<double>(bits)};
 }
 
-void DigitalIOHardware::PowerOn(double seconds) {
+void DigitalIOHardware::PowerOn(Nanoseconds time) {
     for (Pin& pin : pins) {
         pin.state = 0;
     }
-    DriveWires(seconds);
+    DriveWires(time);
 }
 
 bool DigitalIOHardware::IsInput(int pin) const {
     return At(pin).input;
 }
 
-void DigitalIOHardware::SetInput(int pin, bool input, double seconds) {
+void DigitalIOHardware::SetInput(int pin, bool input, Nanoseconds time) {
     At(pin).input = input;
-    DriveWires(seconds);
+    DriveWires(time);
 }
 
-int DigitalIOHardware::InputState(int pin, double seconds) const {
+int DigitalIOHardware::InputState(int pin, Nanoseconds time) const {
     const Pin& asked = At(pin);
-    return asked.input ? LevelOfInput(pin, seconds) : DrivenLevel(pin, asked.state, PullOf(pin));
+    return asked.input ? LevelOfInput(pin, time) : DrivenLevel(pin, asked.state, PullOf(pin));
 }
 
 int DigitalIOHardware::OutputState(int pin) const {
     return At(pin).state;
 }
 
-void DigitalIOHardware::SetOutputState(int pin, int state, double seconds) {
+void DigitalIOHardware::SetOutputState(int pin, int state, Nanoseconds time) {
     if (At(pin).input) {
         Refuse(eTavikErrors::NotSupported,
                "Pin " + std::to_string(pin) + " of module " + Identity() + " is an input and cannot be driven.");
@@ -85,7 +85,7 @@ void DigitalIOHardware::SetOutputState(int pin, int state, double seconds) {
         Refuse(eTavikErrors::InvalidArgument, "A pin can be driven to 0 or 1, not to " + std::to_string(state) + ".");
     }
     At(pin).state = state;
-    DriveWires(seconds);
+    DriveWires(time);
 }
 
 void DigitalIOHardware::RequireDebounceTime(int milliseconds) const {
@@ -96,34 +96,34 @@ void DigitalIOHardware::RequireDebounceTime(int milliseconds) const {
     }
 }
 
-void DigitalIOHardware::SetDebounceTime(int milliseconds, double seconds) {
+void DigitalIOHardware::SetDebounceTime(int milliseconds, Nanoseconds time) {
     RequireDebounceTime(milliseconds);
     std::vector<std::int64_t> before;
     for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {
-        before.push_back(RisesOfInput(pin, seconds));
+        before.push_back(RisesOfInput(pin, time));
     }
     for (Wire& wire : wires) {
-        wire.line.Settle(seconds, DebounceSeconds());
+        wire.line.Settle(time, DebounceSpan());
     }
     debounceTime = milliseconds;
     for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {
-        At(pin).risesMissed = before[static_cast<std::size_t>(pin)] - SeenRises(pin, seconds);
+        At(pin).risesMissed = before[static_cast<std::size_t>(pin)] - SeenRises(pin, time);
     }
 }
 
-KeptSetting DigitalIOHardware::KeptDebounceTime(double seconds) {
+KeptSetting DigitalIOHardware::KeptDebounceTime(Nanoseconds time) {
     return KeptNumber<int>(
         "debounce-time", [this] { return debounceTime; },
         [this](int milliseconds) { RequireDebounceTime(milliseconds); },
-        [this, seconds](int milliseconds) { SetDebounceTime(milliseconds, seconds); });
+        [this, time](int milliseconds) { SetDebounceTime(milliseconds, time); });
 }
 
-std::vector<KeptSetting> DigitalIOHardware::KeptSettings(double seconds) {
-    std::vector<KeptSetting> kept = {KeptDebounceTime(seconds)};
+std::vector<KeptSetting> DigitalIOHardware::KeptSettings(Nanoseconds time) {
+    std::vector<KeptSetting> kept = {KeptDebounceTime(time)};
     for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {
         kept.push_back(KeptSwitch(
             "input-" + std::to_string(pin), [this, pin] { return IsInput(pin); },
-            [this, pin, seconds](bool input) { SetInput(pin, input, seconds); }));
+            [this, pin, time](bool input) { SetInput(pin, input, time); }));
     }
     return kept;
 }
@@ -132,16 +132,15 @@ int DigitalIOHardware::DrivenLevel(int, int state, int) const {
     return state;
 }
 
-int DigitalIOHardware::ReadingBit(int pin, double seconds) const {
-    return InputState(pin, seconds);
+int DigitalIOHardware::ReadingBit(int pin, Nanoseconds time) const {
+    return InputState(pin, time);
 }
 
-void DigitalIOHardware::DriveWires(double seconds) {
+void DigitalIOHardware::DriveWires(Nanoseconds time) {
     for (Wire& wire : wires) {
         const Pin& driver = At(wire.ends.from);
         const int pull = PullOf(wire.ends.to);
-        wire.line.Take(driver.input ? pull : DrivenLevel(wire.ends.from, driver.state, pull), seconds,
-                       DebounceSeconds());
+        wire.line.Take(driver.input ? pull : DrivenLevel(wire.ends.from, driver.state, pull), time, DebounceSpan());
     }
 }
 
@@ -149,33 +148,33 @@ int DigitalIOHardware::PullOf(int pin) const {
     return (Description().pins.pullUps >> pin) & 1;
 }
 
-int DigitalIOHardware::LevelOfInput(int pin, double seconds) const {
+int DigitalIOHardware::LevelOfInput(int pin, Nanoseconds time) const {
     for (const Wire& wire : wires) {
         if (wire.ends.to == pin) {
-            return wire.line.LevelAt(seconds, DebounceSeconds());
+            return wire.line.LevelAt(time, DebounceSpan());
         }
     }
     for (const PulsesDescription& pulses : Description().pins.pulses) {
         if (pulses.pin == pin) {
-            return LevelOf(pulses, seconds, DebounceSeconds());
+            return LevelOf(pulses, time, DebounceSpan());
         }
     }
     return (Description().pins.inputs >> pin) & 1;
 }
 
-std::int64_t DigitalIOHardware::RisesOfInput(int pin, double seconds) const {
-    return SeenRises(pin, seconds) + At(pin).risesMissed;
+std::int64_t DigitalIOHardware::RisesOfInput(int pin, Nanoseconds time) const {
+    return SeenRises(pin, time) + At(pin).risesMissed;
 }
 
-std::int64_t DigitalIOHardware::SeenRises(int pin, double seconds) const {
+std::int64_t DigitalIOHardware::SeenRises(int pin, Nanoseconds time) const {
     for (const Wire& wire : wires) {
         if (wire.ends.to == pin) {
-            return wire.line.RisesUntil(seconds, DebounceSeconds());
+            return wire.line.RisesUntil(time, DebounceSpan());
         }
     }
     for (const PulsesDescription& pulses : Description().pins.pulses) {
         if (pulses.pin == pin) {
-            return RisesOf(pulses, seconds, DebounceSeconds());
+            return RisesOf(pulses, time, DebounceSpan());
         }
     }
     return 0;

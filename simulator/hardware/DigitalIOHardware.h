@@ -16,30 +16,30 @@ public:
     DigitalIOHardware(const ModuleDescription& description, int pinCount, int outputs);
 
     /// Counts: bit i tells of pin i.
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
     /// Outputs rest again.
-    void PowerOn(double seconds) override;
+    void PowerOn(Nanoseconds time) override;
 
     bool IsInput(int pin) const;
-    virtual void SetInput(int pin, bool input, double seconds);
+    virtual void SetInput(int pin, bool input, Nanoseconds time);
     /// The level of an input; an output shows the level that it drives.
-    int InputState(int pin, double seconds) const;
+    int InputState(int pin, Nanoseconds time) const;
     int OutputState(int pin) const;
-    void SetOutputState(int pin, int state, double seconds);
+    void SetOutputState(int pin, int state, Nanoseconds time);
     int DebounceTime() const { return debounceTime; }
-    void SetDebounceTime(int milliseconds, double seconds);
+    void SetDebounceTime(int milliseconds, Nanoseconds time);
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
-    KeptSetting KeptDebounceTime(double seconds);
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
+    KeptSetting KeptDebounceTime(Nanoseconds time);
     /// The level that an output in this state gives a line; the pull is what the line has when it is let go.
     virtual int DrivenLevel(int pin, int state, int pull) const;
     /// What the module's reading tells of a pin.
-    virtual int ReadingBit(int pin, double seconds) const;
+    virtual int ReadingBit(int pin, Nanoseconds time) const;
     /// How often the level of an input was seen going high until a bench time; never less than before.
-    std::int64_t RisesOfInput(int pin, double seconds) const;
+    std::int64_t RisesOfInput(int pin, Nanoseconds time) const;
     /// Brings the lines of all wires up to date after a change of the pins.
-    void DriveWires(double seconds);
+    void DriveWires(Nanoseconds time);
 
 private:
     /// Refuses a debounce time that there is not, in milliseconds.
@@ -57,9 +57,9 @@ private:
     Pin& At(int pin);
     const Pin& At(int pin) const;
     int PullOf(int pin) const;
-    int LevelOfInput(int pin, double seconds) const;
-    std::int64_t SeenRises(int pin, double seconds) const;
-    double DebounceSeconds() const { return debounceTime / 1000.0; }
+    int LevelOfInput(int pin, Nanoseconds time) const;
+    std::int64_t SeenRises(int pin, Nanoseconds time) const;
+    Nanoseconds DebounceSpan() const { return std::chrono::milliseconds(debounceTime); }
 
     std::vector<Pin> pins;
     std::vector<Wire> wires;

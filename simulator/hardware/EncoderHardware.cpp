@@ -41,18 +41,18 @@ bool HappensOnce(eRefAction action) {
 
 EncoderHardware::EncoderHardware(const ModuleDescription& description)
     : ModuleHardware(description), master(description.identity, true), step(StepFor(description.signal)) {
-    seen.position = Felt().WithoutNoise(0);
+    seen.position = Felt().WithoutNoise(Nanoseconds::zero());
     seen.straightFrom = seen.position;
     way.push_back(seen);
 }
 
-Reading EncoderHardware::ReadAt(double seconds) const {
+Reading EncoderHardware::ReadAt(Nanoseconds time) const {
     if (interfaceType != Description().encoder.wiring) {
         return {static_cast<int>(eTavikErrors::SignalFault), 0, 0.0};
     }
     const auto lowest = static_cast<std::int64_t>(std::ceil(Description().offset));
     const auto highest = static_cast<std::int64_t>(std::floor(Description().offset + Description().stroke));
-    const std::int64_t count = StateAt(seconds).count;
+    const std::int64_t count = StateAt(time).count;
     const std::int64_t limited = std::clamp(count, lowest, highest);
     eTavikErrors code = eTavikErrors::NoError;
     if (count != limited) {
@@ -62,26 +62,26 @@ Reading EncoderHardware::ReadAt(double seconds) const {
             static_cast<double>(limited) / Description().countsPerUnit};
 }
 
-void EncoderHardware::PowerOn(double seconds) {
-    Arrive(seconds);
+void EncoderHardware::PowerOn(Nanoseconds time) {
+    Arrive(time);
     way.back().count = 0;
     seen = way.back();
 }
 
-eRefAction EncoderHardware::RefAction(double seconds) const {
-    return StateAt(seconds).action;
+eRefAction EncoderHardware::RefAction(Nanoseconds time) const {
+    return StateAt(time).action;
 }
 
-void EncoderHardware::SetRefAction(eRefAction action, double seconds) {
+void EncoderHardware::SetRefAction(eRefAction action, Nanoseconds time) {
     RequireKnown(action, eRefAction::Preset, Identity(), "reference action");
-    Arrive(seconds);
+    Arrive(time);
     way.back().action = action;
     seen = way.back();
 }
 
-void EncoderHardware::SetQuadratureMode(eQuadratureMode newMode, double seconds) {
+void EncoderHardware::SetQuadratureMode(eQuadratureMode newMode, Nanoseconds time) {
     RequireKnown(newMode, eQuadratureMode::CountDIR, Identity(), "quadrature mode");
-    Arrive(seconds);
+    Arrive(time);
     mode = newMode;
 }
 
@@ -101,20 +101,20 @@ void EncoderHardware::RequirePreset(int counts) const {
     }
 }
 
-void EncoderHardware::SetPresetInCounts(int counts, double seconds) {
+void EncoderHardware::SetPresetInCounts(int counts, Nanoseconds time) {
     RequirePreset(counts);
-    Arrive(seconds);
+    Arrive(time);
     preset = counts;
 }
 
-std::vector<KeptSetting> EncoderHardware::KeptSettings(double seconds) {
+std::vector<KeptSetting> EncoderHardware::KeptSettings(Nanoseconds time) {
     std::vector<KeptSetting> kept = {
         KeptNumber<eQuadratureMode>(
             "quadrature-mode", [this] { return mode; },
             [this](eQuadratureMode wanted) {
                 RequireKnown(wanted, eQuadratureMode::CountDIR, Identity(), "quadrature mode");
             },
-            [this, seconds](eQuadratureMode wanted) { SetQuadratureMode(wanted, seconds); }),
+            [this, time](eQuadratureMode wanted) { SetQuadratureMode(wanted, time); }),
         KeptNumber<eEncoderInterfaceType>(
             "encoder-type", [this] { return interfaceType; },
             [this](eEncoderInterfaceType wanted) {
@@ -123,11 +123,11 @@ std::vector<KeptSetting> EncoderHardware::KeptSettings(double seconds) {
             [this](eEncoderInterfaceType wanted) { SetInterfaceType(wanted); }),
         KeptNumber<int>(
             "preset", [this] { return preset; }, [this](int counts) { RequirePreset(counts); },
-            [this, seconds](int counts) { SetPresetInCounts(counts, seconds); }),
+            [this, time](int counts) { SetPresetInCounts(counts, time); }),
         KeptNumber<eRefAction>(
-            "reference-action", [this, seconds] { return RefAction(seconds); },
+            "reference-action", [this, time] { return RefAction(time); },
             [this](eRefAction wanted) { RequireKnown(wanted, eRefAction::Preset, Identity(), "reference action"); },
-            [this, seconds](eRefAction wanted) { SetRefAction(wanted, seconds); }),
+            [this, time](eRefAction wanted) { SetRefAction(wanted, time); }),
     };
     for (KeptSetting& setting : master.Kept()) {
         kept.push_back(std::move(setting));
@@ -145,24 +145,23 @@ void EncoderHardware::UseSignal(const SignalDescription& signal) {
     from.straightFrom = position;
 }
 
-std::int64_t EncoderHardware::TriggerCountAt(double seconds) const {
-    const std::int64_t instant = NanosecondsOf(seconds);
-    return instant > seen.instant ? StateAt(seconds).gone : GoneAt(CheckpointBefore(instant), instant);
+std::int64_t EncoderHardware::TriggerCountAt(Nanoseconds time) const {
+    return time > seen.instant ? StateAt(time).gone : GoneAt(CheckpointBefore(time), time);
 }
 
 // Within a step the encoder goes straight on, so that the way that it has gone never gets shorter.
-std::int64_t EncoderHardware::GoneAt(const State& checkpoint, std::int64_t instant) const {
+std::int64_t EncoderHardware::GoneAt(const State& checkpoint, Nanoseconds instant) const {
     if (instant <= checkpoint.instant) {
         return checkpoint.gone;
     }
     const double from = checkpoint.straightFrom;
     const double to = Felt().WithoutNoise(checkpoint.instant + step);
-    const double part = static_cast<double>(instant - checkpoint.instant) / static_cast<double>(step);
+    const double part = static_cast<double>((instant - checkpoint.instant).count()) / static_cast<double>(step.count());
     const double reached = std::clamp(from + part * (to - from), std::min(from, to), std::max(from, to));
     return checkpoint.gone + CountsGone(from, reached, Description().encoder.output, mode);
 }
 
-const EncoderHardware::State& EncoderHardware::CheckpointBefore(std::int64_t instant) const {
+const EncoderHardware::State& EncoderHardware::CheckpointBefore(Nanoseconds instant) const {
     while (way.back().instant + step <= instant) {
         State next = way.back();
         StepTo(next, next.instant + step);
@@ -175,17 +174,17 @@ const EncoderHardware::State& EncoderHardware::CheckpointBefore(std::int64_t ins
     return way[static_cast<std::size_t>(index)];
 }
 
-EncoderHardware::State EncoderHardware::StateAt(double seconds) const {
-    State state = CheckpointBefore(NanosecondsOf(seconds));
+EncoderHardware::State EncoderHardware::StateAt(Nanoseconds time) const {
+    State state = CheckpointBefore(time);
     // Also at the same instant: somebody may have turned the encoder by hand.
-    StepTo(state, std::max(state.instant, NanosecondsOf(seconds)));
+    StepTo(state, std::max(state.instant, time));
     if (state.instant >= seen.instant) {
         seen = state;
     }
     return state;
 }
 
-void EncoderHardware::StepTo(State& state, std::int64_t instant) const {
+void EncoderHardware::StepTo(State& state, Nanoseconds instant) const {
     state.gone = GoneAt(state, instant);
     const double position = Felt().WithoutNoise(instant);
     const double before = state.position;
@@ -215,8 +214,8 @@ void EncoderHardware::PassMarks(State& state, double position) const {
     }
 }
 
-void EncoderHardware::Arrive(double seconds) {
-    way.assign(1, StateAt(seconds));
+void EncoderHardware::Arrive(Nanoseconds time) {
+    way.assign(1, StateAt(time));
 }
 
 } // namespace TavikSimulator

@@ -20,53 +20,53 @@ public:
     explicit EncoderHardware(const ModuleDescription& description);
 
     /// Without a reading (SignalFault) while the encoder is wired in another way than the interface is set to.
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
     /// The count begins at 0 again.
-    void PowerOn(double seconds) override;
+    void PowerOn(Nanoseconds time) override;
 
     /// An action that happens once is None again when it has happened.
-    TavikLibrary::eRefAction RefAction(double seconds) const;
-    void SetRefAction(TavikLibrary::eRefAction action, double seconds);
+    TavikLibrary::eRefAction RefAction(Nanoseconds time) const;
+    void SetRefAction(TavikLibrary::eRefAction action, Nanoseconds time);
     TavikLibrary::eQuadratureMode QuadratureMode() const { return mode; }
-    void SetQuadratureMode(TavikLibrary::eQuadratureMode mode, double seconds);
+    void SetQuadratureMode(TavikLibrary::eQuadratureMode mode, Nanoseconds time);
     TavikLibrary::eEncoderInterfaceType InterfaceType() const { return interfaceType; }
     void SetInterfaceType(TavikLibrary::eEncoderInterfaceType type);
     int PresetInCounts() const { return preset; }
-    void SetPresetInCounts(int counts, double seconds);
+    void SetPresetInCounts(int counts, Nanoseconds time);
 
     MasterSettings* Master() override { return &master; }
     /// Every count triggers, up or down; what presets and reference marks make of the count does not matter.
-    std::int64_t TriggerCountAt(double seconds) const override;
+    std::int64_t TriggerCountAt(Nanoseconds time) const override;
 
     MasterSettings master;
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
     void UseSignal(const SignalDescription& signal) override;
 
 private:
     /// The interface at one instant.
     struct State {
-        std::int64_t instant = 0; ///< in nanoseconds
-        double position = 0.0;    ///< in lines
+        Nanoseconds instant{};
+        double position = 0.0; ///< in lines
         std::int64_t count = 0;
         TavikLibrary::eRefAction action = TavikLibrary::eRefAction::None;
         std::int64_t gone = 0;     ///< counts, whatever their direction
         double straightFrom = 0.0; ///< from here it goes straight on to where it is a step later
     };
-    const State& CheckpointBefore(std::int64_t instant) const;
-    std::int64_t GoneAt(const State& checkpoint, std::int64_t instant) const;
-    State StateAt(double seconds) const;
-    void StepTo(State& state, std::int64_t instant) const;
+    const State& CheckpointBefore(Nanoseconds instant) const;
+    std::int64_t GoneAt(const State& checkpoint, Nanoseconds instant) const;
+    State StateAt(Nanoseconds time) const;
+    void StepTo(State& state, Nanoseconds instant) const;
     void PassMarks(State& state, double position) const;
     void RequirePreset(int counts) const;
     /// Makes the way until now, before a setting changes.
-    void Arrive(double seconds);
+    void Arrive(Nanoseconds time);
 
     TavikLibrary::eQuadratureMode mode = TavikLibrary::eQuadratureMode::quadX4;
     TavikLibrary::eEncoderInterfaceType interfaceType = TavikLibrary::eEncoderInterfaceType::Differential;
     int preset = 0;
-    std::int64_t step; ///< between two looks at the encoder, in nanoseconds
+    Nanoseconds step; ///< between two polls of the encoder
     /// The latest stretch of the way, at whole steps; never empty. It goes on when the interface is asked.
     mutable std::deque<State> way;
     /// When the interface was asked last; another signal begins from there.

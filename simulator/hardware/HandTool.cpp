@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace TavikSimulator {
 
@@ -17,10 +16,10 @@ using TavikLibrary::eTavikErrors;
 namespace {
 
 /// How often a tool looks for the least and the greatest reading.
-constexpr double SamplePeriod = 0.1;
+constexpr std::chrono::milliseconds SamplePeriod{100};
 
 /// More than a tool that never switches itself off is watched in hindsight.
-constexpr double LongestHindsight = 600.0;
+constexpr std::chrono::seconds LongestHindsight{600};
 
 /// How far a radio of a class reaches, in metres.
 double Reach(eKRV_BluetoothClass radioClass) {
@@ -51,7 +50,7 @@ HandTool::HandTool(const ToolDescription& toolDescription)
     }
     krv.autoPowerDownTime = description.autoPowerOff;
     krvx.offTime = description.autoPowerOff;
-    ResetMinMax(0.0);
+    ResetMinMax(Nanoseconds::zero());
 }
 
 const ToolChannelDescription& HandTool::Channel(int channel) const {
@@ -65,9 +64,9 @@ const ToolChannelDescription& HandTool::Channel(int channel) const {
 
 // What happens by itself
 
-void HandTool::CatchUp(double now) {
-    while (description.pressEvery > 0.0 && nextPress <= now) {
-        const double pressed = nextPress;
+void HandTool::CatchUp(Nanoseconds now) {
+    while (description.pressEvery > Nanoseconds::zero() && nextPress <= now) {
+        const Nanoseconds pressed = nextPress;
         nextPress += description.pressEvery;
         WatchUntil(pressed);
         Press(1, pressed);
@@ -75,17 +74,17 @@ void HandTool::CatchUp(double now) {
     WatchUntil(now);
 }
 
-void HandTool::WatchUntil(double time) {
+void HandTool::WatchUntil(Nanoseconds time) {
     if (time <= caughtUp) {
         return;
     }
     if (!asleep) {
-        const double end = std::min(time, SwitchesOffAt());
-        nextSample = std::max(nextSample, end - LongestHindsight);
+        const Nanoseconds end = std::min(time, SwitchesOffAt());
+        nextSample = std::max<Nanoseconds>(nextSample, end - LongestHindsight);
         for (; nextSample <= end; nextSample += SamplePeriod) {
             Watch(nextSample);
         }
-        usedSeconds += std::max(0.0, end - caughtUp);
+        used += std::max(Nanoseconds::zero(), end - caughtUp);
         if (end < time) {
             SwitchOff();
         }
@@ -93,7 +92,7 @@ void HandTool::WatchUntil(double time) {
     caughtUp = time;
 }
 
-void HandTool::Watch(double time) {
+void HandTool::Watch(Nanoseconds time) {
     for (ChannelState& channel : channels) {
         const double value = PositionOf(channel, time).value;
         channel.least = std::min(channel.least, value);
@@ -101,9 +100,9 @@ void HandTool::Watch(double time) {
     }
 }
 
-double HandTool::SwitchesOffAt() const {
-    const int seconds = IsSingleChannel() ? krv.autoPowerDownTime : krvx.offTime;
-    return seconds > 0 ? lastUse + seconds : std::numeric_limits<double>::infinity();
+Nanoseconds HandTool::SwitchesOffAt() const {
+    const std::chrono::seconds unused(IsSingleChannel() ? krv.autoPowerDownTime : krvx.offTime);
+    return unused.count() > 0 ? lastUse + unused : LatestTime;
 }
 
 void HandTool::SwitchOff() {
@@ -112,7 +111,7 @@ void HandTool::SwitchOff() {
     configTries = 0;
 }
 
-void HandTool::SwitchOn(double now) {
+void HandTool::SwitchOn(Nanoseconds now) {
     if (resetPending) {
         resetPending = false;
         krv = KRVSettings();
@@ -129,13 +128,13 @@ void HandTool::SwitchOn(double now) {
     ResetMinMax(now);
 }
 
-void HandTool::PowerCycle(double now) {
+void HandTool::PowerCycle(Nanoseconds now) {
     CatchUp(now);
     SwitchOff();
     SwitchOn(now);
 }
 
-void HandTool::Press(int button, double now) {
+void HandTool::Press(int button, Nanoseconds now) {
     if (button != 1 && button != 2) {
         Refuse(eTavikErrors::InvalidArgument,
                "A hand tool has the buttons 1 and 2, but no button " + std::to_string(button) + ".");
@@ -168,14 +167,14 @@ bool HandTool::IsInRange() const {
     return !carriedAway && description.distance <= Reach(radioClass);
 }
 
-bool HandTool::IsAsleep(double now) {
+bool HandTool::IsAsleep(Nanoseconds now) {
     CatchUp(now);
     return asleep;
 }
 
-int HandTool::Battery(double now) {
+int HandTool::Battery(Nanoseconds now) {
     CatchUp(now);
-    const double drained = 100.0 * usedSeconds / (description.batteryHours * 3600.0);
+    const double drained = 100.0 * ToSeconds(used) / (description.batteryHours * 3600.0);
     return static_cast<int>(std::ceil(std::clamp(description.battery - drained, 0.0, 100.0)));
 }
 
@@ -183,12 +182,12 @@ bool HandTool::Happens(double chance) {
     return std::ldexp(static_cast<double>(RandomBits(description.seed, ++draws)), -64) < chance;
 }
 
-double HandTool::NextDelay() {
+Nanoseconds HandTool::NextDelay() {
     const double late = std::ldexp(static_cast<double>(RandomBits(description.seed, ++draws)), -64);
-    return description.link.delay + late * description.link.jitter;
+    return description.link.delay + FromSeconds(late * ToSeconds(description.link.jitter));
 }
 
-void HandTool::RequireAnswer(double now) {
+void HandTool::RequireAnswer(Nanoseconds now) {
     if (!IsInRange()) {
         RefuseAnswer(Identity(), "it is out of range");
     }
@@ -206,7 +205,7 @@ void HandTool::RequireAnswer(double now) {
 
 // Configuration mode
 
-void HandTool::AskForConfigMode(double now) {
+void HandTool::AskForConfigMode(Nanoseconds now) {
     CatchUp(now);
     if (!IsInRange() || Battery(now) == 0 || configMode) {
         return;
@@ -225,18 +224,18 @@ void HandTool::AskForConfigMode(double now) {
     }
 }
 
-void HandTool::LeaveConfigMode(double now) {
+void HandTool::LeaveConfigMode(Nanoseconds now) {
     RequireAnswer(now);
     configMode = false;
     configTries = 0;
 }
 
-bool HandTool::InConfigMode(double now) {
+bool HandTool::InConfigMode(Nanoseconds now) {
     CatchUp(now);
     return configMode;
 }
 
-void HandTool::RequireConfigMode(double now) {
+void HandTool::RequireConfigMode(Nanoseconds now) {
     if (!InConfigMode(now)) {
         Refuse(eTavikErrors::NotSupported, "Hand tool " + Identity() + " is not in configuration mode.");
     }

@@ -22,7 +22,7 @@ struct ToolReading {
 
 /// A battery-driven hand tool in an operator's hand. What happens to it by itself (its battery drains, it
 /// switches itself off, its user presses a button) is worked out when it is asked for something: every
-/// operation takes the bench time in seconds, which never goes back. Guarded by the bench's lock.
+/// operation takes the bench time, which never goes back. Guarded by the bench's lock.
 class HandTool {
 public:
     /// Throws std::invalid_argument with a sentence for an impossible signal.
@@ -36,39 +36,39 @@ public:
 
     // The tool and its radio.
     bool IsInRange() const;
-    bool IsAsleep(double now);
+    bool IsAsleep(Nanoseconds now);
     /// Percent, 0 to 100; an empty tool does not answer.
-    int Battery(double now);
-    /// How late the tool's next answer comes, in seconds.
-    double NextDelay();
+    int Battery(Nanoseconds now);
+    /// From the next question to the tool's answer.
+    Nanoseconds NextDelay();
     void CarryAway(bool away) { carriedAway = away; }
 
     /// The user switches it off and on again.
-    void PowerCycle(double now);
+    void PowerCycle(Nanoseconds now);
     /// The user presses button 1 or 2; wakes a sleeping tool, which then does nothing else.
-    void Press(int button, double now);
+    void Press(int button, Nanoseconds now);
 
     /// Reads all channels, waking the tool. The code is that of the library; a tagged read gives the readings
     /// taken at the last press of a button that tags, none if there was none.
-    std::vector<ToolReading> Read(TavikLibrary::eRead3_ControlCode code, double now);
+    std::vector<ToolReading> Read(TavikLibrary::eRead3_ControlCode code, Nanoseconds now);
     /// Throws TavikException when the tool does not answer just now; counts as use of the tool.
-    void RequireAnswer(double now);
+    void RequireAnswer(Nanoseconds now);
 
     // Configuration mode.
-    void AskForConfigMode(double now);
-    void LeaveConfigMode(double now);
-    bool InConfigMode(double now);
+    void AskForConfigMode(Nanoseconds now);
+    void LeaveConfigMode(Nanoseconds now);
+    bool InConfigMode(Nanoseconds now);
     void DropConfigMode() { configMode = false; }
     /// Throws TavikException outside configuration mode.
-    void RequireConfigMode(double now);
+    void RequireConfigMode(Nanoseconds now);
     std::string Reply(const std::string& command) const;
 
     // The datum and the memory of a single-channel tool.
-    void Zero(double now);
-    void Preset(double now);
+    void Zero(Nanoseconds now);
+    void Preset(Nanoseconds now);
     void Absolute();
     void SaveDatum();
-    void ResetMinMax(double now);
+    void ResetMinMax(Nanoseconds now);
     /// Takes effect when the tool is switched on next.
     void ResetToFactory() { resetPending = true; }
 
@@ -89,19 +89,19 @@ private:
         TavikLibrary::eTavikErrors status;
     };
 
-    void CatchUp(double now);
-    void WatchUntil(double time);
-    void Watch(double time);
-    double SwitchesOffAt() const;
+    void CatchUp(Nanoseconds now);
+    void WatchUntil(Nanoseconds time);
+    void Watch(Nanoseconds time);
+    Nanoseconds SwitchesOffAt() const;
     void SwitchOff();
-    void SwitchOn(double now);
-    void Tag(double now);
+    void SwitchOn(Nanoseconds now);
+    void Tag(Nanoseconds now);
     bool Happens(double chance);
 
-    static Position PositionOf(const ChannelState& channel, double time);
-    ToolReading Measure(const ChannelState& channel, int index, double now) const;
+    static Position PositionOf(const ChannelState& channel, Nanoseconds time);
+    ToolReading Measure(const ChannelState& channel, int index, Nanoseconds now) const;
     double Computed(const ChannelState& channel, double position) const;
-    std::vector<ToolReading> Current(double now) const;
+    std::vector<ToolReading> Current(Nanoseconds now) const;
     bool HoldsTagged() const;
     TavikLibrary::eTavikErrors LimitStatus(double reading) const;
     int Decimals(int channel) const;
@@ -117,11 +117,11 @@ private:
     bool configMode = false;
     int configTries = 0;
     int configCalls = 0;
-    double caughtUp = 0.0;
-    double nextSample = 0.0;
-    double nextPress = 0.0;
-    double lastUse = 0.0;
-    double usedSeconds = 0.0;
+    Nanoseconds caughtUp{};
+    Nanoseconds nextSample{};
+    Nanoseconds nextPress{};
+    Nanoseconds lastUse{};
+    Nanoseconds used{};
     int tags = 0;
     std::vector<ToolReading> tagged;
     std::vector<ToolReading> delivered;

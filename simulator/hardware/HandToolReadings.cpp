@@ -23,7 +23,7 @@ double RoundTo(double value, int decimals) {
 
 } // namespace
 
-HandTool::Position HandTool::PositionOf(const ChannelState& channel, double time) {
+HandTool::Position HandTool::PositionOf(const ChannelState& channel, Nanoseconds time) {
     const double least = channel.description.offset;
     const double greatest = least + channel.description.stroke;
     const double value = channel.signal.At(time);
@@ -68,7 +68,7 @@ int HandTool::Decimals(int channel) const {
     return IsSingleChannel() ? krv.resolution : krvx.resolutions[static_cast<std::size_t>(channel)];
 }
 
-ToolReading HandTool::Measure(const ChannelState& channel, int index, double now) const {
+ToolReading HandTool::Measure(const ChannelState& channel, int index, Nanoseconds now) const {
     const Position position = PositionOf(channel, now);
     ToolReading reading;
     reading.id = channel.description.id;
@@ -78,7 +78,7 @@ ToolReading HandTool::Measure(const ChannelState& channel, int index, double now
     return reading;
 }
 
-std::vector<ToolReading> HandTool::Current(double now) const {
+std::vector<ToolReading> HandTool::Current(Nanoseconds now) const {
     std::vector<ToolReading> readings;
     for (int index = 0; index < ChannelCount(); ++index) {
         readings.push_back(Measure(channels[static_cast<std::size_t>(index)], index, now));
@@ -90,7 +90,7 @@ bool HandTool::HoldsTagged() const {
     return IsSingleChannel() && static_cast<int>(krv.mode) >= FirstTaggedMode;
 }
 
-void HandTool::Tag(double now) {
+void HandTool::Tag(Nanoseconds now) {
     Watch(now);
     ++tags;
     tagged = Current(now);
@@ -99,7 +99,7 @@ void HandTool::Tag(double now) {
     }
 }
 
-std::vector<ToolReading> HandTool::Read(eRead3_ControlCode code, double now) {
+std::vector<ToolReading> HandTool::Read(eRead3_ControlCode code, Nanoseconds now) {
     if (code != eRead3_ControlCode::Normal && code != eRead3_ControlCode::Tagged) {
         Refuse(eTavikErrors::InvalidArgument, "A hand tool is read with the code 1 (normal) or 3 (tagged), not " +
                                                   std::to_string(static_cast<int>(code)) + ".");
@@ -118,13 +118,13 @@ std::vector<ToolReading> HandTool::Read(eRead3_ControlCode code, double now) {
 
 // The datum
 
-void HandTool::Zero(double now) {
+void HandTool::Zero(Nanoseconds now) {
     for (ChannelState& channel : channels) {
         channel.datum = PositionOf(channel, now).value;
     }
 }
 
-void HandTool::Preset(double now) {
+void HandTool::Preset(Nanoseconds now) {
     for (ChannelState& channel : channels) {
         channel.datum = PositionOf(channel, now).value - krv.preset;
     }
@@ -140,7 +140,7 @@ void HandTool::SaveDatum() {
     savedDatum = channels.front().datum;
 }
 
-void HandTool::ResetMinMax(double now) {
+void HandTool::ResetMinMax(Nanoseconds now) {
     for (ChannelState& channel : channels) {
         channel.least = channel.greatest = PositionOf(channel, now).value;
     }

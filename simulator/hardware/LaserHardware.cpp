@@ -15,7 +15,7 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-constexpr std::int64_t LevelCutStep = 100000; // nanoseconds
+constexpr std::chrono::microseconds LevelCutStep{100};
 
 bool IsOutOfRange(const Reading& reading) {
     return reading.code == static_cast<int>(eTavikErrors::UnderRange) ||
@@ -27,11 +27,11 @@ bool IsOutOfRange(const Reading& reading) {
 LaserHardware::LaserHardware(const ModuleDescription& description)
     : ProbeHardware(description), beamOn(description.laser.beamOn) {}
 
-Reading LaserHardware::ReadAt(double seconds) const {
+Reading LaserHardware::ReadAt(Nanoseconds time) const {
     if (!beamOn) {
         return {static_cast<int>(eTavikErrors::BeamOff), 0, 0.0};
     }
-    return ProbeHardware::ReadAt(seconds);
+    return ProbeHardware::ReadAt(time);
 }
 
 FilteredLaserHardware::FilteredLaserHardware(const ModuleDescription& description)
@@ -39,17 +39,16 @@ FilteredLaserHardware::FilteredLaserHardware(const ModuleDescription& descriptio
     UseLowPass(*CutoffOf(filter));
 }
 
-Reading FilteredLaserHardware::ReadAt(double seconds) const {
-    const Reading now = LaserHardware::ReadAt(seconds);
+Reading FilteredLaserHardware::ReadAt(Nanoseconds time) const {
+    const Reading now = LaserHardware::ReadAt(time);
     if (!IsOutOfRange(now)) {
         return now;
     }
-    const std::int64_t instant = NanosecondsOf(seconds);
     for (int steps = 1; steps <= levelCutTime; ++steps) {
-        const std::int64_t earlier = instant - steps * LevelCutStep;
+        const Nanoseconds earlier = time - steps * LevelCutStep;
         const double position = Felt().WithoutNoise(earlier) - Description().offset;
         if (position >= 0.0 && position <= Description().stroke) {
-            return LaserHardware::ReadAt(static_cast<double>(earlier) / 1e9);
+            return LaserHardware::ReadAt(earlier);
         }
     }
     return now;
@@ -81,8 +80,8 @@ void FilteredLaserHardware::SetLevelCutTime(int steps) {
     levelCutTime = steps;
 }
 
-std::vector<KeptSetting> FilteredLaserHardware::KeptSettings(double seconds) {
-    std::vector<KeptSetting> kept = LaserHardware::KeptSettings(seconds);
+std::vector<KeptSetting> FilteredLaserHardware::KeptSettings(Nanoseconds time) {
+    std::vector<KeptSetting> kept = LaserHardware::KeptSettings(time);
     kept.push_back(KeptNumber<eFilter>(
         "filter", [this] { return filter; }, [this](eFilter wanted) { RequireFilter(wanted); },
         [this](eFilter wanted) { SetFilter(wanted); }));
@@ -95,14 +94,12 @@ std::vector<KeptSetting> FilteredLaserHardware::KeptSettings(double seconds) {
 RatedLaserHardware::RatedLaserHardware(const ModuleDescription& description)
     : LaserHardware(description), rate(description.laser.rate) {}
 
-Reading RatedLaserHardware::ReadAt(double seconds) const {
-    const auto period = static_cast<std::int64_t>(1e9 / *ValuesPerSecond(rate));
-    const std::int64_t instant = NanosecondsOf(seconds);
-    return LaserHardware::ReadAt(static_cast<double>(instant - instant % period) / 1e9);
+Reading RatedLaserHardware::ReadAt(Nanoseconds time) const {
+    return LaserHardware::ReadAt(time - WithinPeriod(time, ReadingPeriod()));
 }
 
-double RatedLaserHardware::ReadingPeriod() const {
-    return 1.0 / *ValuesPerSecond(rate);
+Nanoseconds RatedLaserHardware::ReadingPeriod() const {
+    return FromSeconds(1.0 / *ValuesPerSecond(rate));
 }
 
 void RatedLaserHardware::RequireOnOffer(eMeasuringRate newRate) const {
@@ -117,8 +114,8 @@ void RatedLaserHardware::SetMeasuringRate(eMeasuringRate newRate) {
     rate = newRate;
 }
 
-std::vector<KeptSetting> RatedLaserHardware::KeptSettings(double seconds) {
-    std::vector<KeptSetting> kept = LaserHardware::KeptSettings(seconds);
+std::vector<KeptSetting> RatedLaserHardware::KeptSettings(Nanoseconds time) {
+    std::vector<KeptSetting> kept = LaserHardware::KeptSettings(time);
     kept.push_back(KeptNumber<eMeasuringRate>(
         "measuring-rate", [this] { return rate; }, [this](eMeasuringRate wanted) { RequireOnOffer(wanted); },
         [this](eMeasuringRate wanted) { SetMeasuringRate(wanted); }));

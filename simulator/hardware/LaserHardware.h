@@ -10,7 +10,7 @@ class LaserHardware : public ProbeHardware {
 public:
     explicit LaserHardware(const ModuleDescription& description);
 
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
 
     bool BeamOn() const { return beamOn; }
     void SetBeamOn(bool on) { beamOn = on; }
@@ -25,7 +25,7 @@ class FilteredLaserHardware : public LaserHardware {
 public:
     explicit FilteredLaserHardware(const ModuleDescription& description);
 
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
 
     TavikLibrary::eFilter Filter() const { return filter; }
     int LevelCutTime() const { return levelCutTime; }
@@ -34,7 +34,7 @@ public:
     void SetLevelCutTime(int steps);
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
 
 private:
     void RequireFilter(TavikLibrary::eFilter filter) const;
@@ -49,15 +49,15 @@ class RatedLaserHardware : public LaserHardware {
 public:
     explicit RatedLaserHardware(const ModuleDescription& description);
 
-    Reading ReadAt(double seconds) const override;
-    double ReadingPeriod() const override;
+    Reading ReadAt(Nanoseconds time) const override;
+    Nanoseconds ReadingPeriod() const override;
 
     TavikLibrary::eMeasuringRate MeasuringRate() const { return rate; }
     /// Throws TavikException, and changes nothing, for a rate that is not on offer.
     void SetMeasuringRate(TavikLibrary::eMeasuringRate rate);
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
 
 private:
     void RequireOnOffer(TavikLibrary::eMeasuringRate rate) const;

@@ -19,8 +19,8 @@ namespace {
 /// What the encoder can be set to, up and down.
 constexpr int MostCounts = 1000000000;
 
-constexpr double HandTime = 1.0;         // seconds for the way over the mark and back
-constexpr double HandStep = 0.01;        // seconds between two looks at the hand
+constexpr std::chrono::seconds OperatorTime{1}; // for the travel over the mark and back
+constexpr std::chrono::milliseconds OperatorStep{10};
 constexpr double HandOvershoot = 0.05;   // of the stroke
 constexpr double MarkWithoutWord = 0.25; // of the stroke
 
@@ -35,13 +35,9 @@ Reading Registered(std::int64_t count, int code) {
 }
 
 /// How much of its way the hand has gone: it goes there and back again.
-double ShareOfWay(double seconds) {
-    const double share = seconds / HandTime;
+double ShareOfWay(Nanoseconds time) {
+    const double share = ToSeconds(time) / ToSeconds(OperatorTime);
     return share <= 0.0 || share >= 1.0 ? 0.0 : 1.0 - std::abs(2.0 * share - 1.0);
-}
-
-double SecondsOf(std::int64_t nanoseconds) {
-    return static_cast<double>(nanoseconds) * 1e-9;
 }
 
 } // namespace
@@ -50,19 +46,19 @@ LinearEncoderHardware::LinearEncoderHardware(const ModuleDescription& descriptio
     : ModuleHardware(description),
       mark(description.linearEncoder.mark.value_or(description.offset + MarkWithoutWord * description.stroke)) {}
 
-Reading LinearEncoderHardware::ReadAt(double seconds) const {
-    Follow(seconds);
-    const Reading position = PositionAt(seconds);
+Reading LinearEncoderHardware::ReadAt(Nanoseconds time) const {
+    Follow(time);
+    const Reading position = PositionAt(time);
     Reading reading = Registered(CountAt(position.counts), position.code);
     reading.units = UnitsOf(reading.counts, Range());
     return reading;
 }
 
-void LinearEncoderHardware::PowerOn(double seconds) {
+void LinearEncoderHardware::PowerOn(Nanoseconds time) {
     search.reset();
     foundCount.reset();
     hand.reset();
-    datum = {0, PositionAt(seconds).counts};
+    datum = {0, PositionAt(time).counts};
 }
 
 void LinearEncoderHardware::RequireDirection(eDirection newDirection) const {
@@ -72,82 +68,82 @@ void LinearEncoderHardware::RequireDirection(eDirection newDirection) const {
     }
 }
 
-void LinearEncoderHardware::SetDirection(eDirection newDirection, double seconds) {
+void LinearEncoderHardware::SetDirection(eDirection newDirection, Nanoseconds time) {
     RequireDirection(newDirection);
-    Follow(seconds);
-    const int position = PositionAt(seconds).counts;
+    Follow(time);
+    const int position = PositionAt(time).counts;
     datum = {CountAt(position), position};
     direction = newDirection;
 }
 
-std::vector<KeptSetting> LinearEncoderHardware::KeptSettings(double seconds) {
+std::vector<KeptSetting> LinearEncoderHardware::KeptSettings(Nanoseconds time) {
     return {KeptNumber<eDirection>(
         "direction", [this] { return direction; }, [this](eDirection wanted) { RequireDirection(wanted); },
-        [this, seconds](eDirection wanted) { SetDirection(wanted, seconds); })};
+        [this, time](eDirection wanted) { SetDirection(wanted, time); })};
 }
 
-void LinearEncoderHardware::PresetInCounts(int counts, double seconds) {
+void LinearEncoderHardware::PresetInCounts(int counts, Nanoseconds time) {
     RequireCount(counts);
-    Follow(seconds);
-    datum = {counts, PositionAt(seconds).counts};
+    Follow(time);
+    datum = {counts, PositionAt(time).counts};
 }
 
-void LinearEncoderHardware::PresetInUnits(double value, double seconds) {
-    PresetInCounts(CountsOf(value), seconds);
+void LinearEncoderHardware::PresetInUnits(double value, Nanoseconds time) {
+    PresetInCounts(CountsOf(value), time);
 }
 
-void LinearEncoderHardware::FindMarkInCounts(eReferenceMarkMode mode, int recallValue, double seconds) {
+void LinearEncoderHardware::FindMarkInCounts(eReferenceMarkMode mode, int recallValue, Nanoseconds time) {
     RequireKnown(mode);
     if (mode == eReferenceMarkMode::Learn) {
-        Find(std::nullopt, seconds);
+        Find(std::nullopt, time);
         return;
     }
     RequireCount(recallValue);
-    Find(recallValue, seconds);
+    Find(recallValue, time);
 }
 
-void LinearEncoderHardware::FindMarkInUnits(eReferenceMarkMode mode, double recallValue, double seconds) {
+void LinearEncoderHardware::FindMarkInUnits(eReferenceMarkMode mode, double recallValue, Nanoseconds time) {
     RequireKnown(mode);
-    Find(mode == eReferenceMarkMode::Recall ? std::optional(CountsOf(recallValue)) : std::nullopt, seconds);
+    Find(mode == eReferenceMarkMode::Recall ? std::optional(CountsOf(recallValue)) : std::nullopt, time);
 }
 
-bool LinearEncoderHardware::IsSearching(double seconds) const {
-    Follow(seconds);
+bool LinearEncoderHardware::IsSearching(Nanoseconds time) const {
+    Follow(time);
     return search.has_value();
 }
 
-bool LinearEncoderHardware::MarkFound(double seconds) const {
-    Follow(seconds);
+bool LinearEncoderHardware::MarkFound(Nanoseconds time) const {
+    Follow(time);
     return foundCount.has_value();
 }
 
-int LinearEncoderHardware::CountsAtMark(double seconds) const {
-    RequireFound(seconds);
+int LinearEncoderHardware::CountsAtMark(Nanoseconds time) const {
+    RequireFound(time);
     return *foundCount;
 }
 
-double LinearEncoderHardware::UnitsAtMark(double seconds) const {
-    return UnitsOf(CountsAtMark(seconds), Range());
+double LinearEncoderHardware::UnitsAtMark(Nanoseconds time) const {
+    return UnitsOf(CountsAtMark(time), Range());
 }
 
-void LinearEncoderHardware::StopSearch(double seconds) {
-    Follow(seconds);
+void LinearEncoderHardware::StopSearch(Nanoseconds time) {
+    Follow(time);
     search.reset();
-    if (hand && hand->comes > NanosecondsOf(seconds)) {
+    if (hand && hand->comes > time) {
         hand.reset();
     }
 }
 
-double LinearEncoderHardware::TipFor(double part, std::int64_t instant) const {
-    return hand ? part + (hand->beyond - part) * ShareOfWay(SecondsOf(instant - hand->comes)) : part;
+double LinearEncoderHardware::TipFor(double part, Nanoseconds instant) const {
+    return hand ? part + (hand->beyond - part) * ShareOfWay(instant - hand->comes) : part;
 }
 
-double LinearEncoderHardware::TipWithoutNoise(std::int64_t instant) const {
+double LinearEncoderHardware::TipWithoutNoise(Nanoseconds instant) const {
     return TipFor(Felt().WithoutNoise(instant), instant);
 }
 
-Reading LinearEncoderHardware::PositionAt(double seconds) const {
-    return Digitise(TipFor(Felt().At(seconds), NanosecondsOf(seconds)), Range());
+Reading LinearEncoderHardware::PositionAt(Nanoseconds time) const {
+    return Digitise(TipFor(Felt().At(time), time), Range());
 }
 
 std::int64_t LinearEncoderHardware::CountAt(std::int64_t position) const {
@@ -173,8 +169,8 @@ void LinearEncoderHardware::RequireCount(int counts) const {
     }
 }
 
-void LinearEncoderHardware::RequireFound(double seconds) const {
-    if (!MarkFound(seconds)) {
+void LinearEncoderHardware::RequireFound(Nanoseconds time) const {
+    if (!MarkFound(time)) {
         Refuse(eTavikErrors::MarkNotFound, "The reference mark of module " + Identity() + " has not been found.");
     }
 }
@@ -186,36 +182,34 @@ void LinearEncoderHardware::RequireKnown(eReferenceMarkMode mode) const {
     }
 }
 
-void LinearEncoderHardware::Find(std::optional<int> recall, double seconds) {
-    Follow(seconds);
-    const std::int64_t instant = NanosecondsOf(seconds);
+void LinearEncoderHardware::Find(std::optional<int> recall, Nanoseconds time) {
+    Follow(time);
     foundCount.reset();
     // A hand that has not finished yet lets go.
     hand.reset();
-    const double tip = TipWithoutNoise(instant);
-    search = {recall, instant, tip};
+    const double tip = TipWithoutNoise(time);
+    search = {recall, time, tip};
     if (const auto& comesAfter = Description().linearEncoder.hand) {
         const double overshoot = HandOvershoot * Range().stroke;
-        hand = Hand{instant + NanosecondsOf(*comesAfter), tip < mark ? mark + overshoot : mark - overshoot};
+        hand = Hand{time + *comesAfter, tip < mark ? mark + overshoot : mark - overshoot};
     }
 }
 
-void LinearEncoderHardware::Follow(double seconds) const {
-    const std::int64_t now = NanosecondsOf(seconds);
-    std::int64_t step = StepFor(Felt().Description());
+void LinearEncoderHardware::Follow(Nanoseconds time) const {
+    Nanoseconds step = StepFor(Felt().Description());
     if (hand) {
-        step = std::min(step, NanosecondsOf(HandStep));
+        step = std::min<Nanoseconds>(step, OperatorStep);
     }
-    while (search && search->instant + step <= now) {
+    while (search && search->instant + step <= time) {
         StepTo(search->instant + step);
     }
-    if (search && search->instant <= now) {
-        // Also at the same instant: somebody may have moved the tip.
-        StepTo(now);
+    if (search && search->instant <= time) {
+        // Also at the same instant: the tip may have been moved.
+        StepTo(time);
     }
 }
 
-void LinearEncoderHardware::StepTo(std::int64_t instant) const {
+void LinearEncoderHardware::StepTo(Nanoseconds instant) const {
     const double tip = TipWithoutNoise(instant);
     if ((search->tip < mark) != (tip < mark)) {
         EndAtMark();

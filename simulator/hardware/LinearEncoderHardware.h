@@ -18,31 +18,31 @@ class LinearEncoderHardware : public ModuleHardware {
 public:
     explicit LinearEncoderHardware(const ModuleDescription& description);
 
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
     /// The count begins at 0 where the tip is now; a search is over.
-    void PowerOn(double seconds) override;
+    void PowerOn(Nanoseconds time) override;
 
     TavikLibrary::eDirection Direction() const { return direction; }
     /// The count goes on from where it is, the same way or the other.
-    void SetDirection(TavikLibrary::eDirection direction, double seconds);
-    void PresetInCounts(int counts, double seconds);
-    void PresetInUnits(double value, double seconds);
+    void SetDirection(TavikLibrary::eDirection direction, Nanoseconds time);
+    void PresetInCounts(int counts, Nanoseconds time);
+    void PresetInUnits(double value, Nanoseconds time);
 
     /// Both begin a search, in place of one that is on; the recall value matters in recall mode only.
-    void FindMarkInCounts(TavikLibrary::eReferenceMarkMode mode, int recallValue, double seconds);
-    void FindMarkInUnits(TavikLibrary::eReferenceMarkMode mode, double recallValue, double seconds);
-    bool IsSearching(double seconds) const;
-    bool MarkFound(double seconds) const;
+    void FindMarkInCounts(TavikLibrary::eReferenceMarkMode mode, int recallValue, Nanoseconds time);
+    void FindMarkInUnits(TavikLibrary::eReferenceMarkMode mode, double recallValue, Nanoseconds time);
+    bool IsSearching(Nanoseconds time) const;
+    bool MarkFound(Nanoseconds time) const;
     /// The count that the encoder had at the mark, after a recall. Both throw TavikException if the last search did not
     /// find it.
-    int CountsAtMark(double seconds) const;
-    double UnitsAtMark(double seconds) const;
+    int CountsAtMark(Nanoseconds time) const;
+    double UnitsAtMark(Nanoseconds time) const;
     /// Nothing when no search is on.
-    void StopSearch(double seconds);
+    void StopSearch(Nanoseconds time);
 
 protected:
     /// The direction; the datum is lost without power, and a file does not bring it back.
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
 
 private:
     void RequireDirection(TavikLibrary::eDirection direction) const;
@@ -54,28 +54,28 @@ private:
     };
     struct Search {
         std::optional<int> recall; ///< in counts; none in learn mode
-        std::int64_t instant = 0;  ///< until which the tip has been followed, in nanoseconds
+        Nanoseconds instant{};       ///< until which the tip has been followed
         double tip = 0.0;          ///< where it was then
     };
     /// The way of the simulated hand.
     struct Hand {
-        std::int64_t comes = 0; ///< in nanoseconds
-        double beyond = 0.0;    ///< how far it moves the tip
+        Nanoseconds comes{};
+        double beyond = 0.0; ///< how far it moves the tip
     };
 
     /// Where the tip is when the part in front of it is at a position.
-    double TipFor(double part, std::int64_t instant) const;
-    double TipWithoutNoise(std::int64_t instant) const;
-    Reading PositionAt(double seconds) const;
+    double TipFor(double part, Nanoseconds instant) const;
+    double TipWithoutNoise(Nanoseconds instant) const;
+    Reading PositionAt(Nanoseconds time) const;
     std::int64_t CountAt(std::int64_t position) const;
     int CountsOf(double value) const;
     void RequireCount(int counts) const;
-    void RequireFound(double seconds) const;
+    void RequireFound(Nanoseconds time) const;
     void RequireKnown(TavikLibrary::eReferenceMarkMode mode) const;
-    void Find(std::optional<int> recall, double seconds);
+    void Find(std::optional<int> recall, Nanoseconds time);
     /// Follows the tip of a search until now, and ends the search where the tip passes the mark.
-    void Follow(double seconds) const;
-    void StepTo(std::int64_t instant) const;
+    void Follow(Nanoseconds time) const;
+    void StepTo(Nanoseconds instant) const;
     void EndAtMark() const;
 
     const double mark; ///< in the module's unit

@@ -62,8 +62,8 @@ struct ModuleDescription {
     WirelessDescription wireless; ///< of a wireless connection module
     SignalDescription signal;
     Place place = Place::Listed;
-    std::optional<double> announcesAfter; ///< seconds after the beginning of a notify run
-    bool remembered = true;               ///< its connector knows it
+    std::optional<Nanoseconds> announcesAfter; ///< from the start of a notify run
+    bool remembered = true;                  ///< its connector knows it
 };
 
 /// Whether a text is 10 characters, upper-case letters and digits.

@@ -22,12 +22,12 @@ bool ModuleHardware::CanWorkAt(TavikLibrary::eNetSpeed speed) const {
     return std::find(speeds.begin(), speeds.end(), speed) != speeds.end();
 }
 
-Reading ModuleHardware::ReadAt(double seconds) const {
-    return Digitise(signal.At(seconds), range);
+Reading ModuleHardware::ReadAt(Nanoseconds time) const {
+    return Digitise(signal.At(time), range);
 }
 
-double ModuleHardware::ReadingPeriod() const {
-    return 0.001;
+Nanoseconds ModuleHardware::ReadingPeriod() const {
+    return std::chrono::milliseconds(1);
 }
 
 double ModuleHardware::CountsPerUnit() const {
@@ -48,12 +48,12 @@ std::string ModuleHardware::Unit() const {
 
 void ModuleHardware::RequireReadable() const {}
 
-bool ModuleHardware::Answers(double) const {
+bool ModuleHardware::Answers(Nanoseconds) const {
     return present;
 }
 
-void ModuleHardware::RequireAnswer(double seconds, const std::string& networkName) const {
-    if (!Answers(seconds)) {
+void ModuleHardware::RequireAnswer(Nanoseconds time, const std::string& networkName) const {
+    if (!Answers(time)) {
         Refuse(TavikLibrary::eTavikErrors::ModuleNotResponding,
                "Module " + Identity() + " on network \"" + networkName + "\" does not answer.");
     }
@@ -63,11 +63,11 @@ MasterSettings* ModuleHardware::Master() {
     return nullptr;
 }
 
-std::int64_t ModuleHardware::TriggerCountAt(double) const {
+std::int64_t ModuleHardware::TriggerCountAt(Nanoseconds) const {
     return 0;
 }
 
-void ModuleHardware::PowerOn(double) {}
+void ModuleHardware::PowerOn(Nanoseconds) {}
 
 void ModuleHardware::Hold(double position) {
     SignalDescription still;
@@ -83,21 +83,21 @@ void ModuleHardware::Release() {
 
 void ModuleHardware::UseSignal(const SignalDescription&) {}
 
-std::vector<KeptSetting> ModuleHardware::KeptSettings(double) {
+std::vector<KeptSetting> ModuleHardware::KeptSettings(Nanoseconds) {
     return {};
 }
 
-StoredSettings ModuleHardware::Settings(double seconds) {
+StoredSettings ModuleHardware::Settings(Nanoseconds time) {
     StoredSettings settings;
-    for (const KeptSetting& kept : KeptSettings(seconds)) {
+    for (const KeptSetting& kept : KeptSettings(time)) {
         settings.emplace(kept.name, kept.text());
     }
     return settings;
 }
 
-void ModuleHardware::RequireSettings(const StoredSettings& settings, double seconds) {
+void ModuleHardware::RequireSettings(const StoredSettings& settings, Nanoseconds time) {
     StoredSettings others = settings;
-    for (const KeptSetting& kept : KeptSettings(seconds)) {
+    for (const KeptSetting& kept : KeptSettings(time)) {
         if (const auto stored = others.extract(kept.name)) {
             kept.require(stored.mapped());
         }
@@ -108,8 +108,8 @@ void ModuleHardware::RequireSettings(const StoredSettings& settings, double seco
     }
 }
 
-void ModuleHardware::UseSettings(const StoredSettings& settings, double seconds) {
-    for (const KeptSetting& kept : KeptSettings(seconds)) {
+void ModuleHardware::UseSettings(const StoredSettings& settings, Nanoseconds time) {
+    for (const KeptSetting& kept : KeptSettings(time)) {
         const auto stored = settings.find(kept.name);
         if (stored != settings.end() && stored->second != kept.text()) {
             kept.use(stored->second);

@@ -33,11 +33,11 @@ bool Offers(const std::vector<Value>& offered, Value value) {
 ProbeHardware::ProbeHardware(const ModuleDescription& description)
     : ModuleHardware(description), physics(ProbeOf(description, description.signal)) {}
 
-Reading ProbeHardware::ReadAt(double seconds) const {
-    return physics.ReadAt(seconds);
+Reading ProbeHardware::ReadAt(Nanoseconds time) const {
+    return physics.ReadAt(time);
 }
 
-double ProbeHardware::ReadingPeriod() const {
+Nanoseconds ProbeHardware::ReadingPeriod() const {
     constexpr int fewestSamples = 4;
     return std::max(fewestSamples, physics.AveragingSamples()) * physics.SamplePeriod();
 }
@@ -46,8 +46,8 @@ double ProbeHardware::CountsPerUnit() const {
     return physics.CountsPerUnit();
 }
 
-void ProbeHardware::PowerOn(double seconds) {
-    physics.Restart(seconds);
+void ProbeHardware::PowerOn(Nanoseconds time) {
+    physics.Restart(time);
 }
 
 eResolution ProbeHardware::Resolution() const {
@@ -72,26 +72,26 @@ void ProbeHardware::RequireOnOffer(eAveraging averaging) const {
     }
 }
 
-void ProbeHardware::SetResolution(eResolution resolution, double seconds) {
+void ProbeHardware::SetResolution(eResolution resolution, Nanoseconds time) {
     RequireOnOffer(resolution);
-    physics.SetResolutionBits(*BitsOf(resolution), seconds);
+    physics.SetResolutionBits(*BitsOf(resolution), time);
 }
 
-void ProbeHardware::SetAveraging(eAveraging averaging, double seconds) {
+void ProbeHardware::SetAveraging(eAveraging averaging, Nanoseconds time) {
     RequireOnOffer(averaging);
-    physics.SetAveragingSamples(*SamplesOf(averaging), seconds);
+    physics.SetAveragingSamples(*SamplesOf(averaging), time);
 }
 
-std::vector<KeptSetting> ProbeHardware::KeptSettings(double seconds) {
+std::vector<KeptSetting> ProbeHardware::KeptSettings(Nanoseconds time) {
     return {
         KeptNumber<int>(
             "resolution", [this] { return physics.ResolutionBits(); },
             [this](int bits) { RequireOnOffer(ResolutionOf(bits).value_or(eResolution(-1))); },
-            [this, seconds](int bits) { physics.SetResolutionBits(bits, seconds); }),
+            [this, time](int bits) { physics.SetResolutionBits(bits, time); }),
         KeptNumber<int>(
             "averaging", [this] { return physics.AveragingSamples(); },
             [this](int samples) { RequireOnOffer(AveragingOf(samples).value_or(eAveraging(-1))); },
-            [this, seconds](int samples) { physics.SetAveragingSamples(samples, seconds); }),
+            [this, time](int samples) { physics.SetAveragingSamples(samples, time); }),
     };
 }
 

@@ -12,20 +12,20 @@ class ProbeHardware : public ModuleHardware {
 public:
     explicit ProbeHardware(const ModuleDescription& description);
 
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
     /// The time in which all samples of a reading are collected anew, and never less than that of 4 samples.
-    double ReadingPeriod() const override;
+    Nanoseconds ReadingPeriod() const override;
     double CountsPerUnit() const override;
-    void PowerOn(double seconds) override;
+    void PowerOn(Nanoseconds time) override;
 
     TavikLibrary::eResolution Resolution() const;
     TavikLibrary::eAveraging Averaging() const;
     /// Both throw TavikException, and change nothing, for a value that is not on offer.
-    void SetResolution(TavikLibrary::eResolution resolution, double seconds);
-    void SetAveraging(TavikLibrary::eAveraging averaging, double seconds);
+    void SetResolution(TavikLibrary::eResolution resolution, Nanoseconds time);
+    void SetAveraging(TavikLibrary::eAveraging averaging, Nanoseconds time);
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
     /// Filters the samples from now on; in Hz.
     void UseLowPass(double cutoff) { physics.SetLowPassCutoff(cutoff); }
     void UseSignal(const SignalDescription& signal) override;

@@ -118,12 +118,12 @@ ProbePhysics::ProbePhysics(const ProbeDescription& description)
       range{description.offset, description.stroke, 1 << description.resolutionBits},
       resolutionBits(description.resolutionBits),
       averagingSamples(description.averagingSamples),
-      samplePeriod(NanosecondsOf(description.samplePeriod)) {
+      samplePeriod(FromSeconds(description.samplePeriod)) {
     SetLowPassCutoff(description.lowPassCutoff);
 }
 
-Reading ProbePhysics::ReadAt(double seconds) const {
-    const SampleWindow window = WindowAt(seconds);
+Reading ProbePhysics::ReadAt(Nanoseconds time) const {
+    const SampleWindow window = WindowAt(time);
     Reading reading = Digitise(MeanOfSamples(window), range);
     if (!window.settled && reading.code == static_cast<int>(eTavikErrors::NoError)) {
         reading.code = static_cast<int>(eTavikErrors::ReadingUnsettled);
@@ -131,8 +131,8 @@ Reading ProbePhysics::ReadAt(double seconds) const {
     return reading;
 }
 
-SampleWindow ProbePhysics::WindowAt(double seconds) const {
-    SampleWindow window{SampleIndexAt(seconds), averagingSamples, true};
+SampleWindow ProbePhysics::WindowAt(Nanoseconds time) const {
+    SampleWindow window{SampleIndexAt(time), averagingSamples, true};
     if (firstSample) {
         const std::int64_t collected = std::max<std::int64_t>(window.last - *firstSample + 1, 1);
         window.settled = collected >= averagingSamples;
@@ -141,21 +141,17 @@ SampleWindow ProbePhysics::WindowAt(double seconds) const {
     return window;
 }
 
-std::int64_t ProbePhysics::NanosecondsOfSample(std::int64_t index) const {
-    return index * samplePeriod;
-}
-
-void ProbePhysics::SetResolutionBits(int bits, double seconds) {
+void ProbePhysics::SetResolutionBits(int bits, Nanoseconds time) {
     ThrowIfAny(ResolutionComplaint(bits));
     resolutionBits = bits;
     range.fullScale = 1 << bits;
-    Restart(seconds);
+    Restart(time);
 }
 
-void ProbePhysics::SetAveragingSamples(int samples, double seconds) {
+void ProbePhysics::SetAveragingSamples(int samples, Nanoseconds time) {
     ThrowIfAny(AveragingComplaint(samples));
     averagingSamples = samples;
-    Restart(seconds);
+    Restart(time);
 }
 
 void ProbePhysics::SetLowPassCutoff(double hertz) {
@@ -166,24 +162,12 @@ void ProbePhysics::SetLowPassCutoff(double hertz) {
     }
 }
 
-void ProbePhysics::Restart(double seconds) {
-    firstSample = SampleIndexAt(seconds);
+void ProbePhysics::Restart(Nanoseconds time) {
+    firstSample = SampleIndexAt(time);
 }
 
 double ProbePhysics::CountsPerUnit() const {
     return TavikSimulator::CountsPerUnit(range);
-}
-
-double ProbePhysics::SettlingTime() const {
-    return static_cast<double>((averagingSamples - 1) * samplePeriod) / 1e9;
-}
-
-// Rounds down for times before bench time 0 as well, so that a window that reaches back there has
-// every sample once.
-std::int64_t ProbePhysics::SampleIndexAt(double seconds) const {
-    const std::int64_t nanoseconds = NanosecondsOf(seconds);
-    const std::int64_t index = nanoseconds / samplePeriod;
-    return nanoseconds % samplePeriod < 0 ? index - 1 : index;
 }
 
 double ProbePhysics::MeanOfSamples(const SampleWindow& window) const {
@@ -192,7 +176,7 @@ double ProbePhysics::MeanOfSamples(const SampleWindow& window) const {
     }
     double sum = 0.0;
     for (std::int64_t index = window.last - window.samples + 1; index <= window.last; ++index) {
-        sum += signal.AtNanoseconds(NanosecondsOfSample(index));
+        sum += signal.At(TimeOfSample(index));
     }
     return sum / window.samples;
 }

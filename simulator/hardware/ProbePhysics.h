@@ -58,41 +58,41 @@ public:
     explicit ProbePhysics(const ProbeDescription& description);
 
     /// The probe's reading at a bench time in seconds.
-    Reading ReadAt(double seconds) const;
+    Reading ReadAt(Nanoseconds time) const;
 
     /// The samples of the reading at a bench time in seconds, and when a sample was taken.
-    SampleWindow WindowAt(double seconds) const;
-    std::int64_t NanosecondsOfSample(std::int64_t index) const;
+    SampleWindow WindowAt(Nanoseconds time) const;
+    Nanoseconds TimeOfSample(std::int64_t index) const { return index * samplePeriod; }
 
     /// Both throw std::invalid_argument, and change nothing, for a value that no probe has. The time is
     /// that of the change, in seconds of bench time.
-    void SetResolutionBits(int bits, double seconds);
-    void SetAveragingSamples(int samples, double seconds);
+    void SetResolutionBits(int bits, Nanoseconds time);
+    void SetAveragingSamples(int samples, Nanoseconds time);
     /// 0 for none. What was felt before counts as if it had always been filtered like this.
     void SetLowPassCutoff(double hertz);
     /// Power is applied at this time, in seconds of bench time.
-    void Restart(double seconds);
+    void Restart(Nanoseconds time);
 
     int ResolutionBits() const { return resolutionBits; }
     int AveragingSamples() const { return averagingSamples; }
-    /// Between two samples, in seconds.
-    double SamplePeriod() const { return static_cast<double>(samplePeriod) / 1e9; }
+    /// Between two samples.
+    Nanoseconds SamplePeriod() const { return samplePeriod; }
     double LowPassCutoff() const { return lowPass ? lowPass->Cutoff() : 0.0; }
     double Offset() const { return range.offset; }
     double Stroke() const { return range.stroke; }
     double CountsPerUnit() const;
-    /// From this time after a change of a setting on the readings are settled, in seconds.
-    double SettlingTime() const;
+    /// From the change of a setting until readings are settled.
+    Nanoseconds SettlingTime() const { return (averagingSamples - 1) * samplePeriod; }
 
 private:
-    std::int64_t SampleIndexAt(double seconds) const;
+    std::int64_t SampleIndexAt(Nanoseconds time) const { return PeriodsUntil(time, samplePeriod); }
     double MeanOfSamples(const SampleWindow& window) const;
 
     Signal signal;
     MeasuringRange range;
     int resolutionBits;
     int averagingSamples;
-    std::int64_t samplePeriod; ///< in nanoseconds
+    Nanoseconds samplePeriod;
     std::optional<LowPass> lowPass;
     std::optional<std::int64_t> firstSample; ///< since the last restart; none if that was long ago
 };

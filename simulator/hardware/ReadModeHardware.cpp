@@ -2,7 +2,6 @@
 
 #include "simulator/hardware/ErrorTexts.h"
 
-#include <cmath>
 #include <string>
 
 namespace TavikSimulator {
@@ -12,16 +11,16 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-/// Readings per second of a module that reads continuously.
-constexpr double ReadingsPerSecond = 10.0;
+/// From one reading to the next of a module that reads continuously.
+constexpr std::chrono::milliseconds ContinuousPeriod{100};
 
 } // namespace
 
 ReadModeHardware::ReadModeHardware(const ModuleDescription& description)
     : ModuleHardware(description), mode(description.readMode.mode) {}
 
-Reading ReadModeHardware::ReadAt(double seconds) const {
-    const std::optional<double> taken = TakenAt(seconds);
+Reading ReadModeHardware::ReadAt(Nanoseconds time) const {
+    const std::optional<Nanoseconds> taken = TakenAt(time);
     if (!taken) {
         return {static_cast<int>(eTavikErrors::ReadingNotAvailable), 0, 0.0};
     }
@@ -40,38 +39,38 @@ void ReadModeHardware::RequireReadMode(eHvxReadMode newMode) const {
     }
 }
 
-void ReadModeHardware::SetReadMode(eHvxReadMode newMode, double seconds) {
+void ReadModeHardware::SetReadMode(eHvxReadMode newMode, Nanoseconds time) {
     RequireReadMode(newMode);
     mode = newMode;
-    modeSince = seconds;
+    modeSince = time;
     sampledAt.reset();
 }
 
-std::vector<KeptSetting> ReadModeHardware::KeptSettings(double seconds) {
+std::vector<KeptSetting> ReadModeHardware::KeptSettings(Nanoseconds time) {
     return {KeptNumber<eHvxReadMode>(
         "read-mode", [this] { return mode; }, [this](eHvxReadMode wanted) { RequireReadMode(wanted); },
-        [this, seconds](eHvxReadMode wanted) { SetReadMode(wanted, seconds); })};
+        [this, time](eHvxReadMode wanted) { SetReadMode(wanted, time); })};
 }
 
-void ReadModeHardware::Sample(double seconds) {
+void ReadModeHardware::Sample(Nanoseconds time) {
     if (mode != eHvxReadMode::ReadOnSample) {
         Refuse(eTavikErrors::NotSupported, "Module " + Identity() + " takes samples in the mode \"" +
                                                eHvxReadMode_ToString(eHvxReadMode::ReadOnSample) + "\" only.");
     }
-    sampledAt = seconds;
+    sampledAt = time;
     reported.reset();
 }
 
-bool ReadModeHardware::TakeNewReadingReady(double seconds) {
-    const std::optional<double> taken = TakenAt(seconds);
+bool ReadModeHardware::TakeNewReadingReady(Nanoseconds time) {
+    const std::optional<Nanoseconds> taken = TakenAt(time);
     const bool isNew = taken && taken != reported;
     reported = taken;
     return isNew;
 }
 
-void ReadModeHardware::UpdateInformation(double seconds) {
+void ReadModeHardware::UpdateInformation(Nanoseconds time) {
     const auto& change = Description().readMode.change;
-    if (!change || seconds < change->at) {
+    if (!change || time < change->at) {
         return;
     }
     ModuleDescription& information = Information();
@@ -82,23 +81,23 @@ void ReadModeHardware::UpdateInformation(double seconds) {
     }
 }
 
-std::optional<double> ReadModeHardware::TakenAt(double seconds) const {
+std::optional<Nanoseconds> ReadModeHardware::TakenAt(Nanoseconds time) const {
     switch (mode) {
     case eHvxReadMode::ReadOnSwitch:
-        return LastPress(seconds);
+        return LastPress(time);
     case eHvxReadMode::ReadOnSample:
         return sampledAt;
     default:
-        return std::floor(seconds * ReadingsPerSecond) / ReadingsPerSecond;
+        return time - WithinPeriod(time, ContinuousPeriod);
     }
 }
 
-std::optional<double> ReadModeHardware::LastPress(double seconds) const {
-    const double every = Description().readMode.switchEvery;
-    if (every == 0.0) {
+std::optional<Nanoseconds> ReadModeHardware::LastPress(Nanoseconds time) const {
+    const Nanoseconds every = Description().readMode.switchEvery;
+    if (every == Nanoseconds::zero()) {
         return std::nullopt;
     }
-    const double press = std::floor(seconds / every) * every;
+    const Nanoseconds press = time - WithinPeriod(time, every);
     return press > modeSince ? std::optional(press) : std::nullopt;
 }
 

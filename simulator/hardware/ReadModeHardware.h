@@ -14,29 +14,29 @@ public:
     explicit ReadModeHardware(const ModuleDescription& description);
 
     /// The reading taken last; none (ReadingNotAvailable) before the first in this mode.
-    Reading ReadAt(double seconds) const override;
+    Reading ReadAt(Nanoseconds time) const override;
 
     TavikLibrary::eHvxReadMode ReadMode() const { return mode; }
-    void SetReadMode(TavikLibrary::eHvxReadMode mode, double seconds);
-    void Sample(double seconds);
+    void SetReadMode(TavikLibrary::eHvxReadMode mode, Nanoseconds time);
+    void Sample(Nanoseconds time);
     /// True once for each reading.
-    bool TakeNewReadingReady(double seconds);
+    bool TakeNewReadingReady(Nanoseconds time);
     /// Takes over what the module says of itself by now.
-    void UpdateInformation(double seconds);
+    void UpdateInformation(Nanoseconds time);
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
 
 private:
     void RequireReadMode(TavikLibrary::eHvxReadMode mode) const;
     /// When the reading was taken that the module has at this time.
-    std::optional<double> TakenAt(double seconds) const;
-    std::optional<double> LastPress(double seconds) const;
+    std::optional<Nanoseconds> TakenAt(Nanoseconds time) const;
+    std::optional<Nanoseconds> LastPress(Nanoseconds time) const;
 
     TavikLibrary::eHvxReadMode mode;
-    double modeSince = 0.0;
-    std::optional<double> sampledAt;
-    std::optional<double> reported;
+    Nanoseconds modeSince{};
+    std::optional<Nanoseconds> sampledAt;
+    std::optional<Nanoseconds> reported;
 };
 
 } // namespace TavikSimulator

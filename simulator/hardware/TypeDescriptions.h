@@ -3,6 +3,7 @@
 #include "library/TavikModuleHVX.h"
 #include "library/TavikModuleLaser.h"
 #include "library/TavikModuleQTA.h"
+#include "simulator/signals/Nanoseconds.h"
 
 #include <optional>
 #include <string>
@@ -29,7 +30,8 @@ struct EncoderDescription {
 /// A linear encoder's reference mark, and the hand that moves its tip.
 struct LinearEncoderDescription {
     std::optional<double> mark; ///< in the module's unit; a quarter of the stroke from its beginning if none is given
-    std::optional<double> hand = 3.0; ///< seconds from the beginning of a search until the hand comes; none for never
+    std::optional<Nanoseconds> hand =
+        std::chrono::seconds(3); ///< from the start of a search until the operator moves the tip; none for never
 };
 
 /// An output that is wired to an input of the same module.
@@ -38,12 +40,12 @@ struct WireDescription {
     int to = 0;
 };
 
-/// An input that sees pulses: high for a time, once every period. Times in seconds.
+/// An input that sees pulses: high for a time, once every period.
 struct PulsesDescription {
     int pin = 0;
-    double period = 1.0;
-    double high = 0.5;
-    double start = 0.0;
+    Nanoseconds period = std::chrono::seconds(1);
+    Nanoseconds high = period / 2;
+    Nanoseconds start{};
 };
 
 /// The pins of a digital I/O module. Bit i stands for pin i.
@@ -72,7 +74,7 @@ struct LaserDescription {
 
 /// Something that a module says of itself from a bench time on.
 struct InformationChange {
-    double at = 0.0;
+    Nanoseconds at{};
     std::optional<std::string> deviceType;
     std::optional<std::string> softwareVersion;
     std::optional<std::string> probeIdentity;
@@ -80,7 +82,7 @@ struct InformationChange {
 
 struct ReadModeDescription {
     TavikLibrary::eHvxReadMode mode = TavikLibrary::eHvxReadMode::ReadContinuous;
-    double switchEvery = 0.0; ///< seconds from one press of the switch to the next; 0 if nobody presses it
+    Nanoseconds switchEvery{}; ///< from one press of the switch to the next; 0 for no press
     std::optional<InformationChange> change;
 };
 

@@ -27,13 +27,13 @@ struct ToolChannelDescription {
     SignalDescription signal;
 };
 
-/// How a tool's radio behaves. Times in seconds, chances from 0 to 1.
+/// How a tool's radio behaves. Chances are from 0 to 1.
 struct LinkDescription {
-    double delay = 0.03;      ///< from a question to its answer
-    double jitter = 0.0;      ///< the most that an answer is late
-    double loss = 0.0;        ///< that a question gets no answer
-    double repeat = 0.0;      ///< that a read gets the readings of the one before
-    double connectTime = 0.0; ///< from a restart of the module until the tool is connected
+    Nanoseconds delay = std::chrono::milliseconds(30); ///< from a question to its answer
+    Nanoseconds jitter{};                              ///< the most that an answer is late
+    double loss = 0.0;                               ///< that a question gets no answer
+    double repeat = 0.0;                             ///< that a read gets the readings of the one before
+    Nanoseconds connectTime{};                         ///< from a restart of the module until the tool is connected
 };
 
 struct ToolDescription {
@@ -47,7 +47,7 @@ struct ToolDescription {
     int autoPowerOff = 300;                   ///< in seconds; 0 for never
     int configTries = 1;                      ///< until the tool enters configuration mode; 0 for never
     int configCalls = 0;                      ///< after which it leaves that mode by itself; 0 for never
-    double pressEvery = 0.0;                  ///< its user presses button 1 so often, in seconds; 0 for never
+    Nanoseconds pressEvery{};                   ///< from one press of button 1 by its user to the next; 0 for never
     LinkDescription link;
     std::vector<ToolChannelDescription> channels;
     std::uint64_t seed = 1;
@@ -60,8 +60,8 @@ struct SlotDescription {
 };
 
 struct WirelessDescription {
-    double restartTime = 2.5; ///< in seconds
-    int failedRestarts = 0;   ///< that fail before one succeeds
+    Nanoseconds restartTime = std::chrono::milliseconds(2500);
+    int failedRestarts = 0; ///< that fail before one succeeds
     std::array<SlotDescription, WirelessSlots> slots;
     std::vector<ToolDescription> tools; ///< all that the module could connect to
 };

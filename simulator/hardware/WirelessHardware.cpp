@@ -3,7 +3,6 @@
 #include "simulator/hardware/ErrorTexts.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace TavikSimulator {
@@ -14,7 +13,7 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-constexpr double LongAgo = -std::numeric_limits<double>::infinity();
+constexpr Nanoseconds LongAgo = -LatestTime;
 
 } // namespace
 
@@ -39,12 +38,12 @@ WirelessHardware::WirelessHardware(const ModuleDescription& moduleDescription)
     Connect(LongAgo);
 }
 
-bool WirelessHardware::Answers(double seconds) const {
-    return ModuleHardware::Answers(seconds) && seconds >= downUntil;
+bool WirelessHardware::Answers(Nanoseconds time) const {
+    return ModuleHardware::Answers(time) && time >= downUntil;
 }
 
-void WirelessHardware::PowerOn(double seconds) {
-    Connect(seconds);
+void WirelessHardware::PowerOn(Nanoseconds time) {
+    Connect(time);
 }
 
 void WirelessHardware::RequireSlot(int slot) {
@@ -92,7 +91,7 @@ void WirelessHardware::SetNameOf(int slot, const std::string& name) {
 }
 
 // An identity that comes out of a file becomes effective at the next restart, like any that is written.
-std::vector<KeptSetting> WirelessHardware::KeptSettings(double) {
+std::vector<KeptSetting> WirelessHardware::KeptSettings(Nanoseconds) {
     std::vector<KeptSetting> kept;
     for (int slot = 0; slot < WirelessSlots; ++slot) {
         const std::string number = std::to_string(slot + 1);
@@ -109,7 +108,7 @@ void WirelessHardware::UpdateFields(int slot) {
     At(slot).knownType = tool ? tool->Description().type : eRLK_DeviceType::None;
 }
 
-eRLK_DeviceStatus WirelessHardware::StatusOf(int slot, double now) {
+eRLK_DeviceStatus WirelessHardware::StatusOf(int slot, Nanoseconds now) {
     if (At(slot).effective.empty()) {
         return eRLK_DeviceStatus::Empty;
     }
@@ -117,9 +116,9 @@ eRLK_DeviceStatus WirelessHardware::StatusOf(int slot, double now) {
     if (!tool) {
         return eRLK_DeviceStatus::Searching;
     }
-    const double connectTime = tool->Description().link.connectTime;
+    const Nanoseconds connectTime = tool->Description().link.connectTime;
     if (now - connectingSince < connectTime) {
-        return now - connectingSince < connectTime / 2.0 ? eRLK_DeviceStatus::Searching : eRLK_DeviceStatus::Connecting;
+        return now - connectingSince < connectTime / 2 ? eRLK_DeviceStatus::Searching : eRLK_DeviceStatus::Connecting;
     }
     if (!tool->IsInRange() || tool->Battery(now) == 0) {
         return eRLK_DeviceStatus::OutOfRange;
@@ -138,7 +137,7 @@ HandTool* WirelessHardware::ToolOf(int slot) {
     return ToolNamed(identity);
 }
 
-HandTool& WirelessHardware::ConnectedTool(int slot, double now) {
+HandTool& WirelessHardware::ConnectedTool(int slot, Nanoseconds now) {
     const std::string number = std::to_string(slot + 1);
     switch (StatusOf(slot, now)) {
     case eRLK_DeviceStatus::Empty:
@@ -156,7 +155,7 @@ void WirelessHardware::ComeUp() {
     downUntil = LongAgo;
 }
 
-void WirelessHardware::Reconnect(double now) {
+void WirelessHardware::Reconnect(Nanoseconds now) {
     if (failedRestartsLeft > 0) {
         --failedRestartsLeft;
         Refuse(eTavikErrors::ModuleNotResponding,
@@ -165,7 +164,7 @@ void WirelessHardware::Reconnect(double now) {
     Connect(now);
 }
 
-void WirelessHardware::Connect(double now) {
+void WirelessHardware::Connect(Nanoseconds now) {
     connectingSince = now;
     for (Slot& slot : slots) {
         slot.effective = slot.written;

@@ -18,8 +18,8 @@ class WirelessHardware : public ModuleHardware {
 public:
     explicit WirelessHardware(const ModuleDescription& description);
 
-    bool Answers(double seconds) const override;
-    void PowerOn(double seconds) override;
+    bool Answers(Nanoseconds time) const override;
+    void PowerOn(Nanoseconds time) override;
 
     static void RequireSlot(int slot);
     const std::string& IdentityIn(int slot) const { return At(slot).written; }
@@ -29,25 +29,24 @@ public:
     /// The type as the module knew it when its fields were updated last.
     TavikLibrary::eRLK_DeviceType KnownType(int slot) const { return At(slot).knownType; }
     void UpdateFields(int slot);
-    TavikLibrary::eRLK_DeviceStatus StatusOf(int slot, double now);
+    TavikLibrary::eRLK_DeviceStatus StatusOf(int slot, Nanoseconds now);
     /// The tool that the slot is for, in range or not; null when there is none.
     HandTool* ToolOf(int slot);
     /// The tool that the slot is connected to. Throws TavikException when there is none.
-    HandTool& ConnectedTool(int slot, double now);
+    HandTool& ConnectedTool(int slot, Nanoseconds now);
 
-    /// In seconds.
-    double RestartTime() const { return Description().wireless.restartTime; }
+    Nanoseconds RestartTime() const { return Description().wireless.restartTime; }
     /// The module stops answering for the time of its restart.
-    void GoDown(double now) { downUntil = now + RestartTime(); }
+    void GoDown(Nanoseconds now) { downUntil = now + RestartTime(); }
     void ComeUp();
     /// The module connects to its tools after a restart. Throws TavikException when the restart fails.
-    void Reconnect(double now);
+    void Reconnect(Nanoseconds now);
 
     /// Null when there is no such tool around the module.
     HandTool* ToolNamed(const std::string& identity);
 
 protected:
-    std::vector<KeptSetting> KeptSettings(double seconds) override;
+    std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
 
 private:
     struct Slot {
@@ -58,12 +57,12 @@ private:
     };
     const Slot& At(int slot) const;
     Slot& At(int slot);
-    void Connect(double now);
+    void Connect(Nanoseconds now);
 
     std::array<Slot, WirelessSlots> slots;
     std::vector<std::unique_ptr<HandTool>> tools;
-    double downUntil;
-    double connectingSince;
+    Nanoseconds downUntil;
+    Nanoseconds connectingSince;
     int failedRestartsLeft;
 };
 
