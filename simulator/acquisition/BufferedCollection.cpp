@@ -33,7 +33,7 @@ void Store(const BufferedCollection::Participant& module, Nanoseconds instant) {
     if (module.hardware->Answers(instant)) {
         module.buffer->Store(ReadingOf(*module.hardware, instant));
     } else {
-        module.buffer->DropOut();
+        module.buffer->StopResponding();
     }
 }
 

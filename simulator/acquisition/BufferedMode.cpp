@@ -11,7 +11,7 @@ using TavikLibrary::eTavikErrors;
 
 void BufferedMode::RequireNotRunning() const {
     if (Running()) {
-        Refuse(eTavikErrors::AcquisitionRunning,
+        Reject(eTavikErrors::AcquisitionRunning,
                "Network \"" + network.Name() + "\" is collecting readings in buffered mode; stop that first.");
     }
 }
@@ -45,13 +45,13 @@ void BufferedMode::SetMaster(int index) {
         return;
     }
     if (!network.Capabilities().bufferedExternal) {
-        Refuse(eTavikErrors::NotSupported,
+        Reject(eTavikErrors::NotSupported,
                "Network \"" + network.Name() + "\" cannot take the triggers of buffered mode from a module.");
     }
     network.RequireIndex(index);
     const ModuleHardware& module = *network.Listed()[static_cast<std::size_t>(index)];
     if (!module.Description().capabilities.bufferedMaster) {
-        Refuse(eTavikErrors::NotSupported, "Module " + module.Identity() + " cannot trigger the samples of others.");
+        Reject(eTavikErrors::NotSupported, "Module " + module.Identity() + " cannot trigger the samples of others.");
     }
     master = module.Identity();
 }
@@ -59,11 +59,11 @@ void BufferedMode::SetMaster(int index) {
 void BufferedMode::Start() {
     network.RequireConnected();
     if (!network.Capabilities().buffered) {
-        Refuse(eTavikErrors::NotSupported, "Network \"" + network.Name() + "\" has no buffered mode.");
+        Reject(eTavikErrors::NotSupported, "Network \"" + network.Name() + "\" has no buffered mode.");
     }
     network.RequireChangeable();
     if (EnabledCount() == 0) {
-        Refuse(eTavikErrors::NotAvailable,
+        Reject(eTavikErrors::NotAvailable,
                "No module of network \"" + network.Name() + "\" is enabled for buffered mode.");
     }
     const int masterIndex = MasterIndex();
@@ -83,11 +83,11 @@ void BufferedMode::Start() {
 void BufferedMode::Sample() {
     network.RequireConnected();
     if (!Running()) {
-        Refuse(eTavikErrors::NotRunning,
+        Reject(eTavikErrors::NotRunning,
                "Network \"" + network.Name() + "\" is not collecting readings in buffered mode.");
     }
     if (MasterIndex() >= 0) {
-        Refuse(eTavikErrors::NotSupported,
+        Reject(eTavikErrors::NotSupported,
                "Module " + master + " triggers the samples of network \"" + network.Name() + "\", not the controller.");
     }
     run->Sample(network.Now());

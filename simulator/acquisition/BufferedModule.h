@@ -37,7 +37,7 @@ public:
     /// more.
     void Store(const TavikLibrary::TavikReading& reading);
     /// The module is not there any more: a last entry without a value tells so.
-    void DropOut();
+    void StopResponding();
     int Length() const { return static_cast<int>(readings.size()); }
     /// Throws TavikException for an index without a reading.
     const TavikLibrary::TavikReading& At(int index) const;

@@ -78,7 +78,7 @@ void DifferenceMode::SetEnabled(const ModuleHardware& module, bool enabled) {
     network.RequireConnected();
     network.RequireNotCollecting();
     if (!module.Description().capabilities.difference) {
-        Refuse(eTavikErrors::NotSupported, "Module " + module.Identity() + " cannot take part in difference mode.");
+        Reject(eTavikErrors::NotSupported, "Module " + module.Identity() + " cannot take part in difference mode.");
     }
     Of(module)->enabled = enabled;
 }
@@ -96,14 +96,14 @@ int DifferenceMode::TakingPart() const {
 void DifferenceMode::RequireStartable() {
     const std::string name = "etwork \"" + network.Name() + "\"";
     if (network.Notifying()) {
-        Refuse(eTavikErrors::NotifyRunning, "A notify run is going on on n" + name + "; stop it first.");
+        Reject(eTavikErrors::NotifyRunning, "A notify run is going on on n" + name + "; stop it first.");
     }
     network.RequireNotCollecting();
     if (collection) {
-        Refuse(eTavikErrors::StopAwaited, "The last run of n" + name + " has ended by itself; stop it first.");
+        Reject(eTavikErrors::StopAwaited, "The last run of n" + name + " has ended by itself; stop it first.");
     }
     if (EnabledCount() == 0) {
-        Refuse(eTavikErrors::NoModuleEnabled, "N" + name + " has no module that is enabled for difference mode.");
+        Reject(eTavikErrors::NoModuleEnabled, "N" + name + " has no module that is enabled for difference mode.");
     }
 }
 

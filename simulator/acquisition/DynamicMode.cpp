@@ -18,7 +18,7 @@ std::string DynamicMode::Name() const {
 DynamicSettings& DynamicMode::ChangeableSettings() {
     network.RequireConnected();
     if (enabled) {
-        Refuse(eTavikErrors::DynamicEnabled,
+        Reject(eTavikErrors::DynamicEnabled,
                Name() + " is enabled for dynamic mode; disable that before changing its settings.");
     }
     return settings;
@@ -35,7 +35,7 @@ void DynamicMode::Enable() {
     }
     network.RequireNotCollecting();
     if (network.Notifying()) {
-        Refuse(eTavikErrors::NotifyRunning,
+        Reject(eTavikErrors::NotifyRunning,
                "A notify run is going on on network \"" + network.Name() + "\"; stop it before enabling dynamic mode.");
     }
     settings.RequirePossible();
@@ -45,7 +45,7 @@ void DynamicMode::Enable() {
 void DynamicMode::Disable() {
     network.RequireConnected();
     if (Running()) {
-        Refuse(eTavikErrors::AcquisitionRunning, Name() + " is collecting readings; stop that first.");
+        Reject(eTavikErrors::AcquisitionRunning, Name() + " is collecting readings; stop that first.");
     }
     enabled = false;
     if (state == eDynamicState::Prepared) {
@@ -56,13 +56,13 @@ void DynamicMode::Disable() {
 void DynamicMode::Prepare() {
     network.RequireConnected();
     if (!enabled) {
-        Refuse(eTavikErrors::DynamicNotReady, Name() + " cannot be prepared before dynamic mode is enabled.");
+        Reject(eTavikErrors::DynamicNotReady, Name() + " cannot be prepared before dynamic mode is enabled.");
     }
     network.RequireNotCollecting();
     modules = settings.Modules();
     master = settings.Master();
     if (!AllAnswer(network.Now())) {
-        Refuse(eTavikErrors::ModuleNotResponding, Name() + " cannot be prepared: one of its modules does not answer.");
+        Reject(eTavikErrors::ModuleNotResponding, Name() + " cannot be prepared: one of its modules does not answer.");
     }
     readings.Begin(static_cast<int>(modules.size()));
     missed = false;
@@ -150,17 +150,17 @@ eTavikErrors DynamicMode::Status() const {
     if (missed) {
         return eTavikErrors::SyncsMissed;
     }
-    return readings.Dropped() ? eTavikErrors::SyncsDropped : eTavikErrors::NoError;
+    return readings.Overwritten() ? eTavikErrors::SyncsDropped : eTavikErrors::NoError;
 }
 
 const TavikLibrary::TavikReading& DynamicMode::Item(int module, int reading) const {
     if (module < 0 || module >= readings.Modules()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange,
+        Reject(eTavikErrors::ModuleIndexOutOfRange,
                "There is no module " + std::to_string(module) + " in the dynamic collection of network \"" +
                    network.Name() + "\", which has " + std::to_string(readings.Modules()) + " modules.");
     }
     if (reading < 0 || reading >= readings.Syncs()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange,
+        Reject(eTavikErrors::ModuleIndexOutOfRange,
                "There is no reading " + std::to_string(reading) + " in the dynamic collection of network \"" +
                    network.Name() + "\", which has " + std::to_string(readings.Syncs()) + " readings of each module.");
     }

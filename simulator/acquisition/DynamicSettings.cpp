@@ -17,7 +17,7 @@ namespace {
 
 void RequireNotNegative(int value, const std::string& what) {
     if (value < 0) {
-        Refuse(eTavikErrors::InvalidArgument, what + " must be 0 or more, not " + std::to_string(value) + ".");
+        Reject(eTavikErrors::InvalidArgument, what + " must be 0 or more, not " + std::to_string(value) + ".");
     }
 }
 
@@ -51,7 +51,7 @@ ModuleHardware* DynamicSettings::Master() const {
 
 void DynamicSettings::SetMode(eDynamicMode newMode) {
     if (newMode != eDynamicMode::Normal && newMode != eDynamicMode::External) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                Name() + " has no dynamic mode " + std::to_string(static_cast<int>(newMode)) + ".");
     }
     mode = newMode;
@@ -59,7 +59,7 @@ void DynamicSettings::SetMode(eDynamicMode newMode) {
 
 void DynamicSettings::SetRate(eDynamicRate newRate) {
     if (newRate < eDynamicRate::Rate4K || newRate > eDynamicRate::Dynamic2Custom) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                Name() + " has no dynamic rate " + std::to_string(static_cast<int>(newRate)) + ".");
     }
     rate = newRate;
@@ -78,7 +78,7 @@ void DynamicSettings::SetCollectionSize(int syncs) {
 void DynamicSettings::SetNumberOfModules(int count) {
     RequireNotNegative(count, "The number of modules");
     if (count > ListedCount()) {
-        Refuse(eTavikErrors::InvalidArgument, Name() + " lists " + std::to_string(ListedCount()) + " modules; " +
+        Reject(eTavikErrors::InvalidArgument, Name() + " lists " + std::to_string(ListedCount()) + " modules; " +
                                                   std::to_string(count) + " cannot be collected.");
     }
     numberOfModules = count;
@@ -86,11 +86,11 @@ void DynamicSettings::SetNumberOfModules(int count) {
 
 void DynamicSettings::SetMasterIndex(int index) {
     if (index < -1 || index >= ListedCount()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange,
+        Reject(eTavikErrors::ModuleIndexOutOfRange,
                Name() + " has no module at position " + std::to_string(index) + " that could be its master.");
     }
     if (index >= 0 && !ModuleAt(index).Description().capabilities.dynamicMaster) {
-        Refuse(eTavikErrors::NotSupported, "Module " + ModuleAt(index).Identity() + " cannot be a master.");
+        Reject(eTavikErrors::NotSupported, "Module " + ModuleAt(index).Identity() + " cannot be a master.");
     }
     masterIndex = index;
 }
@@ -127,8 +127,8 @@ int DynamicSettings::SyncInterval() const {
     return interval > 0 ? interval : MinimumInterval();
 }
 
-void DynamicSettings::RefuseTogether(const std::string& sentence) const {
-    Refuse(eTavikErrors::DynamicNotPossible, Name() + " cannot be enabled for dynamic mode: " + sentence);
+void DynamicSettings::RejectTogether(const std::string& sentence) const {
+    Reject(eTavikErrors::DynamicNotPossible, Name() + " cannot be enabled for dynamic mode: " + sentence);
 }
 
 void DynamicSettings::RequirePossible() const {
@@ -145,44 +145,44 @@ void DynamicSettings::RequireAbleModules() const {
     const bool custom = rate == eDynamicRate::Dynamic2Custom;
     const std::string name = TavikLibrary::eDynamicRate_ToString(rate);
     if (custom ? !able.dynamic2 : !able.dynamic) {
-        RefuseTogether("its controller does not offer the rate " + name + ".");
+        RejectTogether("its controller does not offer the rate " + name + ".");
     }
     if (NumberOfModules() == 0) {
-        RefuseTogether("there are no modules to collect.");
+        RejectTogether("there are no modules to collect.");
     }
     for (int index = 0; index < NumberOfModules(); ++index) {
         const ModuleDescription& module = ModuleAt(index).Description();
         if (!CanBeCollected(module.capabilities, rate)) {
-            RefuseTogether("module " + module.identity + " cannot be collected at the rate " + name + ".");
+            RejectTogether("module " + module.identity + " cannot be collected at the rate " + name + ".");
         }
     }
 }
 
 void DynamicSettings::RequirePossibleInterval() const {
     if (SyncInterval() < MinimumInterval()) {
-        RefuseTogether(std::to_string(NumberOfModules()) + " modules need " + std::to_string(MinimumInterval()) +
+        RejectTogether(std::to_string(NumberOfModules()) + " modules need " + std::to_string(MinimumInterval()) +
                        " us between two syncs, but there are " + std::to_string(SyncInterval()) + " us.");
     }
 }
 
 void DynamicSettings::RequireAbleMaster() const {
     if (!network->Capabilities().dynamicExternal) {
-        RefuseTogether("its controller cannot let a module trigger the syncs.");
+        RejectTogether("its controller cannot let a module trigger the syncs.");
     }
     const int index = masterIndex;
     if (index < 0 || index >= ListedCount()) {
-        RefuseTogether("no module is chosen as the master.");
+        RejectTogether("no module is chosen as the master.");
     }
     ModuleHardware& module = ModuleAt(index);
     if (module.Master() == nullptr || !module.Description().capabilities.dynamicMaster) {
-        RefuseTogether("module " + module.Identity() + " cannot be a master.");
+        RejectTogether("module " + module.Identity() + " cannot be a master.");
     }
     if (index < NumberOfModules()) {
-        RefuseTogether("the master " + module.Identity() + " triggers only modules before it, which are " +
+        RejectTogether("the master " + module.Identity() + " triggers only modules before it, which are " +
                        std::to_string(index) + ", not " + std::to_string(NumberOfModules()) + ".");
     }
     if (module.Master()->Mode() == eDynamicMasterMode::NotMaster) {
-        RefuseTogether("module " + module.Identity() + " is not set to any master mode.");
+        RejectTogether("module " + module.Identity() + " is not set to any master mode.");
     }
 }
 

@@ -48,7 +48,7 @@ private:
     std::string Name() const;
     int ListedCount() const;
     ModuleHardware& ModuleAt(int index) const;
-    [[noreturn]] void RefuseTogether(const std::string& sentence) const;
+    [[noreturn]] void RejectTogether(const std::string& sentence) const;
     void RequireAbleModules() const;
     void RequirePossibleInterval() const;
     void RequireAbleMaster() const;

@@ -14,7 +14,8 @@ namespace {
 
 class FromController : public SyncSource {
 public:
-    FromController(Nanoseconds theBeginning, Nanoseconds theInterval) : beginning(theBeginning), interval(theInterval) {}
+    FromController(Nanoseconds theBeginning, Nanoseconds theInterval)
+        : beginning(theBeginning), interval(theInterval) {}
 
     std::optional<Nanoseconds> Next(Nanoseconds until) override {
         const Nanoseconds next = beginning + (given + 1) * interval;

@@ -22,14 +22,14 @@ public:
     std::vector<Nanoseconds> Until(Nanoseconds instant);
 
 private:
-    Nanoseconds InstantOf(std::int64_t look) const;
-    std::int64_t CountAt(std::int64_t look) const;
-    std::int64_t FirstLookWith(std::int64_t count, std::int64_t before, std::int64_t last) const;
+    Nanoseconds InstantOf(std::int64_t poll) const;
+    std::int64_t CountAt(std::int64_t poll) const;
+    std::int64_t FirstPollWith(std::int64_t count, std::int64_t before, std::int64_t last) const;
 
     const ModuleHardware& master;
     const std::int64_t step;
     const Nanoseconds begin;
-    std::int64_t looks = 0; ///< made so far
+    std::int64_t polls = 0; ///< made so far
     std::int64_t due;       ///< the count that triggers next
 };
 

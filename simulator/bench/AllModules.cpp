@@ -4,7 +4,7 @@
 #include "simulator/bench/SimulatedNetwork.h"
 #include "simulator/hardware/ErrorTexts.h"
 #include "simulator/hardware/ModuleHardware.h"
-#include "simulator/hardware/ModuleKinds.h"
+#include "simulator/hardware/ModuleTypes.h"
 
 #include <algorithm>
 
@@ -17,7 +17,7 @@ AllModules::AllModules(Bench& ownerBench, const SimulatedNetwork& ownerNetwork,
                        const std::vector<ModuleDescription>& descriptions)
     : bench(ownerBench), network(ownerNetwork) {
     for (const ModuleDescription& description : descriptions) {
-        modules.push_back(KindOf(description.type).makeHardware(description));
+        modules.push_back(TypeInfoOf(description.type).makeHardware(description));
     }
 }
 
@@ -30,7 +30,7 @@ std::shared_ptr<ModuleHardware> AllModules::Find(const std::string& identity) co
 ModuleHardware& AllModules::At(const std::string& identity) const {
     const auto hardware = Find(identity);
     if (!hardware) {
-        Refuse(eTavikErrors::IdentityUnknown,
+        Reject(eTavikErrors::IdentityUnknown,
                "Network \"" + network.Name() + "\" of the bench has no module " + identity + ".");
     }
     return *hardware;
@@ -60,19 +60,19 @@ void AllModules::SetPresent(const std::string& identity, bool present, Nanosecon
 void AllModules::Replace(const std::string& oldIdentity, const std::string& newIdentity, eModuleType type) {
     ModuleHardware& old = At(oldIdentity);
     if (!old.listed) {
-        Refuse(eTavikErrors::IdentityUnknown,
+        Reject(eTavikErrors::IdentityUnknown,
                "Module " + oldIdentity + " is not in the list of network \"" + network.Name() + "\".");
     }
     if (!IsIdentity(newIdentity)) {
-        Refuse(eTavikErrors::IdentityMalformed, "\"" + newIdentity + "\" is not a module identity.");
+        Reject(eTavikErrors::IdentityMalformed, "\"" + newIdentity + "\" is not a module identity.");
     }
     if (bench.HasModule(newIdentity)) {
-        Refuse(eTavikErrors::IdentityDuplicate, "The bench has a module " + newIdentity + " already.");
+        Reject(eTavikErrors::IdentityDuplicate, "The bench has a module " + newIdentity + " already.");
     }
     const bool sameKind = type == eModuleType::Unknown || type == old.Description().type;
-    ModuleDescription description = sameKind ? old.Description() : KindOf(type).defaults();
+    ModuleDescription description = sameKind ? old.Description() : TypeInfoOf(type).defaults();
     description.identity = newIdentity;
-    description.place = Place::Wire;
+    description.plugState = PlugState::OnBus;
     description.announcesAfter.reset();
     description.signal.seed = bench.SeedOf(newIdentity);
     for (const auto& other : modules) {
@@ -81,7 +81,7 @@ void AllModules::Replace(const std::string& oldIdentity, const std::string& newI
             other->replaces.clear();
         }
     }
-    modules.push_back(KindOf(description.type).makeHardware(description));
+    modules.push_back(TypeInfoOf(description.type).makeHardware(description));
     modules.back()->replaces = oldIdentity;
     old.present = false;
 }

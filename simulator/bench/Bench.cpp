@@ -16,7 +16,7 @@ Bench::Bench(const BenchDescription& description)
     : clock(description.clockSpeed, description.manualClock),
       gate(clock, *this),
       seed(description.seed),
-      thread(gate.mutex, [this] { return SeeToCollections(); }) {
+      thread(gate.mutex, [this] { return CollectPendingWork(); }) {
     gate.SetLatency(description.latency);
     for (const NetworkDescription& network : description.networks) {
         networks.push_back(std::make_unique<SimulatedNetwork>(*this, network));
@@ -37,7 +37,7 @@ SimulatedNetwork& Bench::NetworkNamed(const std::string& name) {
             return *network;
         }
     }
-    Refuse(eTavikErrors::InvalidArgument, "The bench has no network \"" + name + "\".");
+    Reject(eTavikErrors::InvalidArgument, "The bench has no network \"" + name + "\".");
 }
 
 bool Bench::HasModule(const std::string& identity) {
@@ -56,7 +56,7 @@ void Bench::Schedule(const Event& event) {
     events.insert(place, event);
 }
 
-void Bench::Settle() {
+void Bench::AdvanceToNow() {
     if (events.empty() && !Collecting()) {
         return;
     }
@@ -65,7 +65,7 @@ void Bench::Settle() {
         Event event = events.back();
         events.pop_back();
         CollectUntil(event.at);
-        Happen(event);
+        Apply(event);
         if (event.description.every > Nanoseconds::zero()) {
             event.at += event.description.every;
             Schedule(event);
@@ -85,7 +85,7 @@ void Bench::CollectUntil(Nanoseconds time) {
     }
 }
 
-void Bench::Happen(const Event& event) {
+void Bench::Apply(const Event& event) {
     const EventDescription& what = event.description;
     switch (what.kind) {
     case EventKind::ModuleLeaves:
@@ -127,7 +127,7 @@ void Bench::StartDynamic(void (*collectionFinished)()) {
         }
     }
     if (prepared.empty()) {
-        Refuse(eTavikErrors::DynamicNotReady, "No network is prepared for a dynamic collection.");
+        Reject(eTavikErrors::DynamicNotReady, "No network is prepared for a dynamic collection.");
     }
     for (SimulatedNetwork* network : prepared) {
         network->acquisition.dynamic.Start(collectionFinished);
@@ -147,9 +147,9 @@ void Bench::EndThreadIfUnused() {
     });
 }
 
-LibraryThread::Duty Bench::SeeToCollections() {
-    Settle();
-    LibraryThread::Duty duty;
+LibraryThread::PendingWork Bench::CollectPendingWork() {
+    AdvanceToNow();
+    LibraryThread::PendingWork duty;
     for (const auto& network : networks) {
         if (const auto call = network->acquisition.dynamic.Announce()) {
             duty.calls.push_back(call);

@@ -17,7 +17,7 @@ namespace TavikSimulator {
 class SimulatedNetwork;
 
 /// Everything that a TavikServer finds: networks, modules, time, and the gate before it all.
-class Bench final : private Gate::Settler {
+class Bench final : private Gate::Updater {
 public:
     explicit Bench(const BenchDescription& description);
     ~Bench();
@@ -43,7 +43,7 @@ public:
     /// Seed of the noise of the module with this identity.
     std::uint64_t SeedOf(const std::string& identity) const;
     /// Lets what is due by now happen.
-    void Settle() override;
+    void AdvanceToNow() override;
 
     /// A server begins or ends; with the last one all objects of the library end.
     void Attach() { ++servers; }
@@ -65,8 +65,8 @@ private:
     void Schedule(const Event& event);
     bool Collecting() const;
     void CollectUntil(Nanoseconds time);
-    void Happen(const Event& event);
-    LibraryThread::Duty SeeToCollections();
+    void Apply(const Event& event);
+    LibraryThread::PendingWork CollectPendingWork();
 
     std::uint64_t seed;
     std::vector<std::unique_ptr<SimulatedNetwork>> networks;

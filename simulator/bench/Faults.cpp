@@ -16,7 +16,7 @@ namespace {
 
 void Require(bool fulfilled, const char* sentence) {
     if (!fulfilled) {
-        Refuse(eTavikErrors::InvalidArgument, sentence);
+        Reject(eTavikErrors::InvalidArgument, sentence);
     }
 }
 
@@ -109,7 +109,7 @@ void Faults::Rearm() {
     armed = !active.empty() || countdown.has_value();
 }
 
-bool Faults::CountdownStrikes() {
+bool Faults::CountdownEnds() {
     if (!countdown) {
         return false;
     }
@@ -139,12 +139,12 @@ bool Faults::Triggers(Active& active, Nanoseconds now) {
     return false;
 }
 
-Strike Faults::Ask(const JournalEntry& call, bool canReturnResult) {
+FaultInjection Faults::Ask(const JournalEntry& call, bool canReturnResult) {
     const std::lock_guard lock(mutex);
-    Strike strike;
-    if (CountdownStrikes()) {
-        strike.struck = true;
-        strike.failure = countdown->fault;
+    FaultInjection injection;
+    if (CountdownEnds()) {
+        injection.injected = true;
+        injection.failure = countdown->fault;
         if (!countdown->everyCallAfter) {
             countdown.reset();
             Rearm();
@@ -153,26 +153,26 @@ Strike Faults::Ask(const JournalEntry& call, bool canReturnResult) {
     for (Active& candidate : active) {
         const Fault& fault = candidate.fault;
         const bool canApply = fault.effect != FaultEffect::Result || canReturnResult;
-        if (strike.failure || !canApply || !Matches(fault.object, call.object) ||
+        if (injection.failure || !canApply || !Matches(fault.object, call.object) ||
             !Matches(fault.operation, call.operation) || !Triggers(candidate, FromSeconds(call.time))) {
             continue;
         }
-        strike.struck = true;
+        injection.injected = true;
         ++triggeredBy[candidate.number];
         if (fault.effect == FaultEffect::Slow) {
-            strike.delay += FromSeconds(fault.delay);
+            injection.delay += FromSeconds(fault.delay);
         } else if (fault.effect == FaultEffect::Result) {
-            strike.result = fault.code;
+            injection.result = fault.code;
         } else {
-            strike.failure = fault;
+            injection.failure = fault;
         }
     }
-    if (strike.struck) {
+    if (injection.injected) {
         ++triggered;
-        lastStruck = call;
-        lastStruck.faulted = true;
+        lastFaulted = call;
+        lastFaulted.faulted = true;
     }
-    return strike;
+    return injection;
 }
 
 std::uint64_t Faults::Triggered() const {
@@ -186,9 +186,9 @@ std::uint64_t Faults::Triggered(int number) const {
     return found == triggeredBy.end() ? 0 : found->second;
 }
 
-JournalEntry Faults::LastStruck() const {
+JournalEntry Faults::LastFaulted() const {
     const std::lock_guard lock(mutex);
-    return lastStruck;
+    return lastFaulted;
 }
 
 void ThrowFault(const Fault& fault) {

@@ -21,8 +21,8 @@ bool Matches(const std::string& pattern, const std::string& text);
 void RequirePossible(const Fault& fault);
 
 /// What the faults that struck a call make of it.
-struct Strike {
-    bool struck = false;
+struct FaultInjection {
+    bool injected = false;
     Nanoseconds delay{};
     std::optional<int> result;
     std::optional<Fault> failure; ///< the fault by which the call is to throw
@@ -41,11 +41,11 @@ public:
     void FailCall(std::uint64_t k, bool everyCallAfter, const Fault& fault);
 
     /// Asks every fault about a call that is about to begin. One that throws ends the asking.
-    Strike Ask(const JournalEntry& call, bool canReturnResult);
+    FaultInjection Ask(const JournalEntry& call, bool canReturnResult);
 
     std::uint64_t Triggered() const;
     std::uint64_t Triggered(int number) const;
-    JournalEntry LastStruck() const;
+    JournalEntry LastFaulted() const;
 
 private:
     struct Active {
@@ -61,7 +61,7 @@ private:
         Fault fault;
     };
     static bool Triggers(Active& active, Nanoseconds now);
-    bool CountdownStrikes();
+    bool CountdownEnds();
     void Rearm();
 
     mutable std::mutex mutex;
@@ -71,7 +71,7 @@ private:
     std::optional<Countdown> countdown;
     std::uint64_t triggered = 0;
     std::map<int, std::uint64_t> triggeredBy;
-    JournalEntry lastStruck;
+    JournalEntry lastFaulted;
 };
 
 /// Throws what the fault says.

@@ -17,7 +17,7 @@ ModuleList::ModuleList(Bench& ownerBench, SimulatedNetwork& ownerNetwork,
     : bench(ownerBench), network(ownerNetwork), all(ownerBench, ownerNetwork, descriptions) {
     for (const auto& hardware : all) {
         const ModuleDescription& description = hardware->Description();
-        if (description.place == Place::Listed) {
+        if (description.plugState == PlugState::Listed) {
             Append(hardware);
             list.back()->connector = description.remembered ? description.identity : std::string();
         }
@@ -28,7 +28,7 @@ ModuleList::~ModuleList() = default;
 
 ListedModule& ModuleList::At(unsigned int index) const {
     if (index >= list.size()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
+        Reject(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
                                                         " of network \"" + network.Name() + "\", which has " +
                                                         std::to_string(list.size()) + " modules.");
     }
@@ -66,19 +66,19 @@ std::vector<ModuleHardware*> ModuleList::Listed() const {
 
 void ModuleList::RequireChangeable() const {
     if (notify) {
-        Refuse(eTavikErrors::NotifyRunning,
+        Reject(eTavikErrors::NotifyRunning,
                "A notify run is going on on network \"" + network.Name() + "\"; stop it first.");
     }
     network.RequireNotCollecting();
     if (network.acquisition.dynamic.Enabled()) {
-        Refuse(eTavikErrors::DynamicEnabled,
+        Reject(eTavikErrors::DynamicEnabled,
                "Network \"" + network.Name() + "\" is enabled for dynamic mode; disable that first.");
     }
 }
 
 void ModuleList::RequireIndex(int index) const {
     if (index < 0 || index >= Count()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
+        Reject(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
                                                         " of network \"" + network.Name() + "\", which has " +
                                                         std::to_string(Count()) + " modules.");
     }
@@ -100,7 +100,7 @@ void ModuleList::Retire(std::unique_ptr<ListedModule> module) {
     }
 }
 
-void ModuleList::PutBackOnWire(std::unique_ptr<ListedModule> module) {
+void ModuleList::PutBackOnBus(std::unique_ptr<ListedModule> module) {
     module->hardware->announcesWhenAsked = true;
     Retire(std::move(module));
 }
@@ -114,24 +114,24 @@ void ModuleList::WriteConnectors() {
     }
 }
 
-std::shared_ptr<ModuleHardware> ModuleList::AddableOnWire(const std::string& identity,
-                                                          const std::string& probeIdentity) const {
+std::shared_ptr<ModuleHardware> ModuleList::AddableOnBus(const std::string& identity,
+                                                         const std::string& probeIdentity) const {
     if (!IsIdentity(identity)) {
-        Refuse(eTavikErrors::IdentityMalformed,
+        Reject(eTavikErrors::IdentityMalformed,
                "\"" + identity + "\" is not a module identity: that has 10 characters, upper-case letters and digits.");
     }
     if (IndexOf(identity) >= 0) {
-        Refuse(eTavikErrors::IdentityDuplicate,
+        Reject(eTavikErrors::IdentityDuplicate,
                "Module " + identity + " is in the list of network \"" + network.Name() + "\" already.");
     }
     auto hardware = all.Find(identity);
     if (!hardware || !hardware->present) {
-        Refuse(eTavikErrors::IdentityUnknown,
+        Reject(eTavikErrors::IdentityUnknown,
                "No module " + identity + " answers on network \"" + network.Name() + "\".");
     }
     const auto& probe = hardware->Description().probeIdentity;
     if (!probeIdentity.empty() && probe != probeIdentity) {
-        Refuse(eTavikErrors::IdentityUnknown, "Module " + identity + " has the probe " + probe.value_or("(none)") +
+        Reject(eTavikErrors::IdentityUnknown, "Module " + identity + " has the probe " + probe.value_or("(none)") +
                                                   " behind it, not " + probeIdentity + ".");
     }
     return hardware;
@@ -139,13 +139,13 @@ std::shared_ptr<ModuleHardware> ModuleList::AddableOnWire(const std::string& ide
 
 void ModuleList::Add(const std::string& identity, const std::string& probeIdentity) {
     RequireChangeable();
-    const auto hardware = AddableOnWire(identity, probeIdentity);
+    const auto hardware = AddableOnBus(identity, probeIdentity);
     if (Count() >= MostModules) {
-        Refuse(eTavikErrors::NetworkFull, "Module " + identity + " was not added: network \"" + network.Name() +
+        Reject(eTavikErrors::NetworkFull, "Module " + identity + " was not added: network \"" + network.Name() +
                                               "\" holds " + std::to_string(MostModules) + " modules and is full.");
     }
     if (!hardware->CanWorkAt(network.Speed())) {
-        Refuse(eTavikErrors::SpeedNotAvailable, "Module " + identity + " cannot work at the speed " +
+        Reject(eTavikErrors::SpeedNotAvailable, "Module " + identity + " cannot work at the speed " +
                                                     TavikLibrary::eNetSpeed_ToString(network.Speed()) +
                                                     " of network \"" + network.Name() + "\".");
     }
@@ -156,14 +156,14 @@ void ModuleList::Add(const std::string& identity, const std::string& probeIdenti
 void ModuleList::Delete(int index) {
     RequireChangeable();
     RequireIndex(index);
-    PutBackOnWire(std::move(list[static_cast<std::size_t>(index)]));
+    PutBackOnBus(std::move(list[static_cast<std::size_t>(index)]));
     list.erase(list.begin() + index);
 }
 
 void ModuleList::Clear() {
     RequireChangeable();
     for (auto& entry : list) {
-        PutBackOnWire(std::move(entry));
+        PutBackOnBus(std::move(entry));
     }
     list.clear();
 }
@@ -177,7 +177,7 @@ void ModuleList::ClearConnectors() {
 
 void ModuleList::RequirePosition(int position) const {
     if (position < 0 || position >= Count()) {
-        Refuse(eTavikErrors::PositionInvalid, "There is no position " + std::to_string(position) + " on network \"" +
+        Reject(eTavikErrors::PositionInvalid, "There is no position " + std::to_string(position) + " on network \"" +
                                                   network.Name() + "\", which has " + std::to_string(Count()) +
                                                   " modules.");
     }
@@ -200,7 +200,7 @@ void ModuleList::ApplyPositions() {
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         const auto position = static_cast<std::size_t>(wanted[i]);
         if (position >= from.size() || from[position] >= 0) {
-            Refuse(eTavikErrors::PositionInvalid, "The modules of network \"" + network.Name() +
+            Reject(eTavikErrors::PositionInvalid, "The modules of network \"" + network.Name() +
                                                       "\" stay where they are: " + list[i]->hardware->Identity() +
                                                       " was to go to position " + std::to_string(position) +
                                                       ", which is not free.");
@@ -223,12 +223,12 @@ std::shared_ptr<ModuleHardware> ModuleList::ReplacementFor(const ListedModule& m
 
 void ModuleList::RequireFits(const ModuleDescription& old, const ModuleDescription& now) {
     if (old.type != now.type) {
-        Refuse(eTavikErrors::HotSwapMismatch,
+        Reject(eTavikErrors::HotSwapMismatch,
                "Module " + old.identity + " (" + TavikLibrary::eModuleType_ToString(old.type) + ") was replaced by " +
                    now.identity + " (" + TavikLibrary::eModuleType_ToString(now.type) + "), which is of another kind.");
     }
     if (!old.hotSwappable || !now.hotSwappable) {
-        Refuse(eTavikErrors::HotSwapMismatch, "Module " + old.identity + " was replaced by " + now.identity +
+        Reject(eTavikErrors::HotSwapMismatch, "Module " + old.identity + " was replaced by " + now.identity +
                                                   ", but modules of this kind cannot be swapped.");
     }
 }
@@ -297,15 +297,15 @@ std::vector<StoredModule> ModuleList::Stored(Nanoseconds now) const {
 void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, Nanoseconds now) const {
     const auto hardware = all.Find(stored.identity);
     if (!hardware || !hardware->present) {
-        Refuse(eTavikErrors::IdentityUnknown,
+        Reject(eTavikErrors::IdentityUnknown,
                "No module " + stored.identity + " answers on network \"" + network.Name() + "\".");
     }
     if (hardware->Description().type != stored.type) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + stored.identity + " is not of the kind " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + stored.identity + " is not of the kind " +
                                                   TavikLibrary::eModuleType_ToString(stored.type) + ".");
     }
     if (!hardware->CanWorkAt(speed)) {
-        Refuse(eTavikErrors::SpeedNotAvailable, "Module " + stored.identity + " cannot work at the speed " +
+        Reject(eTavikErrors::SpeedNotAvailable, "Module " + stored.identity + " cannot work at the speed " +
                                                     TavikLibrary::eNetSpeed_ToString(speed) + ".");
     }
     hardware->RequireSettings(stored.settings, now);
@@ -314,7 +314,7 @@ void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNe
 void ModuleList::RequireRestorable(const std::vector<StoredModule>& stored) const {
     RequireChangeable();
     if (stored.size() > static_cast<std::size_t>(MostModules)) {
-        Refuse(eTavikErrors::NetworkFull, "A network holds " + std::to_string(MostModules) + " modules at most.");
+        Reject(eTavikErrors::NetworkFull, "A network holds " + std::to_string(MostModules) + " modules at most.");
     }
 }
 
@@ -334,7 +334,7 @@ void ModuleList::Restore(const std::vector<StoredModule>& stored, Nanoseconds no
         hardware->UseSettings(module.settings, now);
     }
     for (auto& entry : before) {
-        PutBackOnWire(std::move(entry));
+        PutBackOnBus(std::move(entry));
     }
     WriteConnectors();
 }

@@ -72,9 +72,9 @@ public:
 private:
     void Append(const std::shared_ptr<ModuleHardware>& hardware);
     void Retire(std::unique_ptr<ListedModule> module);
-    void PutBackOnWire(std::unique_ptr<ListedModule> module);
+    void PutBackOnBus(std::unique_ptr<ListedModule> module);
     void WriteConnectors();
-    std::shared_ptr<ModuleHardware> AddableOnWire(const std::string& identity, const std::string& probeIdentity) const;
+    std::shared_ptr<ModuleHardware> AddableOnBus(const std::string& identity, const std::string& probeIdentity) const;
     std::shared_ptr<ModuleHardware> ReplacementFor(const ListedModule& module) const;
     static void RequireFits(const ModuleDescription& old, const ModuleDescription& now);
     std::vector<int> TakeWantedPositions();

@@ -46,13 +46,13 @@ SimulatedNetwork::~SimulatedNetwork() = default;
 
 void SimulatedNetwork::RequireConnected() const {
     if (!connected) {
-        Refuse(eTavikErrors::NetworkNotConnected, "Network \"" + Name() + "\" is not connected.");
+        Reject(eTavikErrors::NetworkNotConnected, "Network \"" + Name() + "\" is not connected.");
     }
 }
 
 void SimulatedNetwork::RequireNotCollecting() const {
     if (acquisition.Running()) {
-        Refuse(eTavikErrors::AcquisitionRunning, "Network \"" + Name() + "\" is collecting readings; stop that first.");
+        Reject(eTavikErrors::AcquisitionRunning, "Network \"" + Name() + "\" is collecting readings; stop that first.");
     }
 }
 
@@ -90,17 +90,17 @@ bool SimulatedNetwork::ControllerCanWorkAt(eNetSpeed wanted) const {
 void SimulatedNetwork::SetSpeed(eNetSpeed wanted) {
     const std::string name = TavikLibrary::eNetSpeed_ToString(wanted);
     if (Modules().Notifying()) {
-        Refuse(eTavikErrors::NotifyRunning,
+        Reject(eTavikErrors::NotifyRunning,
                "A notify run is going on on network \"" + Name() + "\"; stop it before setting the speed.");
     }
     RequireNotCollecting();
     if (!ControllerCanWorkAt(wanted)) {
-        Refuse(eTavikErrors::SpeedNotAvailable,
+        Reject(eTavikErrors::SpeedNotAvailable,
                "The controller of network \"" + Name() + "\" cannot work at the speed " + name + ".");
     }
     for (int i = 0; i < modules.Count(); ++i) {
         if (!modules.HardwareAt(i).CanWorkAt(wanted)) {
-            Refuse(eTavikErrors::SpeedNotAvailable, "Module " + modules.HardwareAt(i).Identity() + " on network \"" +
+            Reject(eTavikErrors::SpeedNotAvailable, "Module " + modules.HardwareAt(i).Identity() + " on network \"" +
                                                         Name() + "\" cannot work at the speed " + name + ".");
         }
     }
@@ -112,20 +112,20 @@ StoredNetwork SimulatedNetwork::Stored() {
 }
 
 void SimulatedNetwork::Restore(const StoredNetwork& stored, const std::string& file) {
-    NamingPlace(file, stored.line, [&] {
+    WithFileAndLine(file, stored.line, [&] {
         if (stored.name != Name()) {
-            Refuse(eTavikErrors::InvalidArgument,
+            Reject(eTavikErrors::InvalidArgument,
                    "It describes the network \"" + stored.name + "\", not \"" + Name() + "\".");
         }
         if (!ControllerCanWorkAt(stored.speed)) {
-            Refuse(eTavikErrors::SpeedNotAvailable,
+            Reject(eTavikErrors::SpeedNotAvailable,
                    "The controller cannot work at the speed " + TavikLibrary::eNetSpeed_ToString(stored.speed) + ".");
         }
         Modules().RequireRestorable(stored.modules);
     });
     const Nanoseconds now = bench.clock.Now();
     for (const StoredModule& module : stored.modules) {
-        NamingPlace(file, module.line, [&] { Modules().RequireRestorable(module, stored.speed, now); });
+        WithFileAndLine(file, module.line, [&] { Modules().RequireRestorable(module, stored.speed, now); });
     }
     Modules().Restore(stored.modules, now);
     speed = stored.speed;

@@ -27,7 +27,7 @@ struct StoredNetwork {
 
 /// Runs checks of what a line of a file says; the message of a TavikException gets file and line put before it.
 template <class Checks>
-void NamingPlace(const std::string& file, int line, Checks checks) {
+void WithFileAndLine(const std::string& file, int line, Checks checks) {
     try {
         checks();
     } catch (const TavikLibrary::TavikException& refusal) {

@@ -43,7 +43,7 @@ int TavikChannelReadings::ReadingCount() const {
 const TavikChannelReading& TavikChannelReadings::operator[](int channel) const {
     const auto find = [this, channel] {
         if (channel < 0 || channel >= static_cast<int>(implementation->readings.size())) {
-            TavikSimulator::Refuse(eTavikErrors::InvalidArgument,
+            TavikSimulator::Reject(eTavikErrors::InvalidArgument,
                                    "There is no reading of a channel " + std::to_string(channel) + ".");
         }
         return &implementation->readings[static_cast<std::size_t>(channel)];

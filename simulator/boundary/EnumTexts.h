@@ -33,7 +33,7 @@ Enum ValueOf(const std::string& text, const EnumText<Enum> (&texts)[Count], cons
             return candidate.value;
         }
     }
-    Refuse(TavikLibrary::eTavikErrors::InvalidArgument, "\"" + text + "\" is not the name of a " + what + ".");
+    Reject(TavikLibrary::eTavikErrors::InvalidArgument, "\"" + text + "\" is not the name of a " + what + ".");
 }
 
 } // namespace TavikSimulator

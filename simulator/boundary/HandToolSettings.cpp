@@ -17,18 +17,18 @@ RLK_DeviceSettingsBase::Implementation::Implementation(const TavikSimulator::Slo
 
 void RLK_DeviceSettingsBase::Implementation::RequireType(const HandTool& tool) const {
     if (tool.Description().type != type) {
-        TavikSimulator::Refuse(eTavikErrors::NotSupported, "Hand tool " + tool.Identity() + " is a " +
+        TavikSimulator::Reject(eTavikErrors::NotSupported, "Hand tool " + tool.Identity() + " is a " +
                                                                eRLK_DeviceType_ToString(tool.Description().type) +
                                                                ", not a " + eRLK_DeviceType_ToString(type) + ".");
     }
 }
 
-void RLK_DeviceSettingsBase::Implementation::RefuseValue(const char* what, double value, double least,
+void RLK_DeviceSettingsBase::Implementation::RejectValue(const char* what, double value, double least,
                                                          double most) const {
     std::ostringstream sentence;
     sentence.imbue(std::locale::classic());
     sentence << what << " must lie within " << least << " to " << most << ", not at " << value << ".";
-    TavikSimulator::Refuse(eTavikErrors::InvalidArgument, sentence.str());
+    TavikSimulator::Reject(eTavikErrors::InvalidArgument, sentence.str());
 }
 
 RLK_DeviceSettingsBase::RLK_DeviceSettingsBase(Implementation* settings) : implementation(settings) {}
@@ -50,7 +50,7 @@ void RLK_DeviceSettingsBase::setConfigMode(bool on) {
 }
 
 bool RLK_DeviceSettingsBase::EnteredConfigMode() {
-    return implementation->access.module.OnWireOf(implementation->name, "EnteredConfigMode", [this] {
+    return implementation->access.module.OnBusOf(implementation->name, "EnteredConfigMode", [this] {
         const TavikSimulator::SlotAccess& access = implementation->access;
         HandTool* tool = access.Hardware().ToolOf(access.slot);
         return tool && tool->InConfigMode(access.Now());

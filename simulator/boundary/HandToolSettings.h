@@ -52,7 +52,7 @@ public:
     void RequireWithin(const char* what, Value value, double least, double most) const {
         const double number = static_cast<double>(value);
         if (!(number >= least && number <= most)) {
-            RefuseValue(what, number, least, most);
+            RejectValue(what, number, least, most);
         }
     }
 
@@ -65,5 +65,5 @@ public:
     KRV_Limits limits;
 
 private:
-    [[noreturn]] void RefuseValue(const char* what, double value, double least, double most) const;
+    [[noreturn]] void RejectValue(const char* what, double value, double least, double most) const;
 };

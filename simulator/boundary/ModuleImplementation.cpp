@@ -30,7 +30,7 @@ const TavikSimulator::Reading& TavikModule::Implementation::Read(std::optional<i
     TavikSimulator::Reading& last = listed.last;
     last = hardware->ReadAt(bench.clock.Now());
     if (!code && TavikSimulator::ComesWithoutReading(last.code)) {
-        TavikSimulator::Refuse(static_cast<eTavikErrors>(last.code), "Module " + hardware->Identity() +
+        TavikSimulator::Reject(static_cast<eTavikErrors>(last.code), "Module " + hardware->Identity() +
                                                                          " gives no reading. " +
                                                                          TavikSimulator::ErrorDescription(last.code));
     }
@@ -41,7 +41,7 @@ const TavikSimulator::Reading& TavikModule::Implementation::Read(std::optional<i
 void TavikModule::Implementation::RequireListed() {
     if (listed.removed) {
         bench.callsOnRemovedModules.fetch_add(1);
-        TavikSimulator::Refuse(eTavikErrors::ModuleRemoved, "Module " + hardware->Identity() +
+        TavikSimulator::Reject(eTavikErrors::ModuleRemoved, "Module " + hardware->Identity() +
                                                                 " has been removed from the list of network \"" +
                                                                 network.Name() + "\".");
     }

@@ -59,12 +59,12 @@ public:
 
     /// A call that asks the module over the network's wires.
     template <class Body, class... Args>
-    auto OnWire(const char* operation, Body body, const Args&... args) {
-        return OnWireOf(name, operation, body, args...);
+    auto OnBus(const char* operation, Body body, const Args&... args) {
+        return OnBusOf(name, operation, body, args...);
     }
 
     template <class Body, class... Args>
-    auto OnWireOf(const std::string& object, const char* operation, Body body, const Args&... args) {
+    auto OnBusOf(const std::string& object, const char* operation, Body body, const Args&... args) {
         return Asking(
             object, operation, [this] { network.SpendTransactions(1); }, body, args...);
     }

@@ -98,7 +98,7 @@ std::string RLK_Device::TavikIdentity() {
 
 void RLK_Device::setTavikIdentity(const std::string& identity) {
     const SlotAccess& access = implementation->access;
-    access.module.OnWireOf(
+    access.module.OnBusOf(
         implementation->name, "setTavikIdentity", [&] { access.Hardware().SetIdentityIn(access.slot, identity); },
         identity);
 }
@@ -111,7 +111,7 @@ std::string RLK_Device::DeviceName() {
 
 void RLK_Device::setDeviceName(const std::string& name) {
     const SlotAccess& access = implementation->access;
-    access.module.OnWireOf(
+    access.module.OnBusOf(
         implementation->name, "setDeviceName", [&] { access.Hardware().SetNameOf(access.slot, name); }, name);
 }
 
@@ -124,14 +124,14 @@ eRLK_DeviceType RLK_Device::DeviceType() {
 
 eRLK_DeviceStatus RLK_Device::ConnectionStatus() {
     const SlotAccess& access = implementation->access;
-    return static_cast<eRLK_DeviceStatus>(access.module.OnWireOf(implementation->name, "ConnectionStatus", [&] {
+    return static_cast<eRLK_DeviceStatus>(access.module.OnBusOf(implementation->name, "ConnectionStatus", [&] {
         return static_cast<int>(access.Hardware().StatusOf(access.slot, access.Now()));
     }));
 }
 
 int RLK_Device::NumChannels() {
     const SlotAccess& access = implementation->access;
-    return access.module.OnWireOf(implementation->name, "NumChannels", [&] {
+    return access.module.OnBusOf(implementation->name, "NumChannels", [&] {
         const HandTool* tool = access.Hardware().ToolOf(access.slot);
         return tool ? tool->ChannelCount() : 0;
     });
@@ -139,7 +139,7 @@ int RLK_Device::NumChannels() {
 
 int RLK_Device::BatteryStatus() {
     const SlotAccess& access = implementation->access;
-    return access.module.OnWireOf(implementation->name, "BatteryStatus", [&] {
+    return access.module.OnBusOf(implementation->name, "BatteryStatus", [&] {
         HandTool* tool = access.Hardware().ToolOf(access.slot);
         return tool ? tool->Battery(access.Now()) : 0;
     });
@@ -154,15 +154,15 @@ TavikChannelReadings RLK_Device::ReadAllChannels(eRead3_ControlCode code) {
 
 std::string RLK_Device::GetChannelData(int channel) {
     const SlotAccess& access = implementation->access;
-    return access.module.OnWireOf(
+    return access.module.OnBusOf(
         implementation->name, "GetChannelData",
         [&] { return access.Hardware().ConnectedTool(access.slot, access.Now()).Channel(channel).id; }, channel);
 }
 
 void RLK_Device::UpdateDeviceFieldData() {
     const SlotAccess& access = implementation->access;
-    access.module.OnWireOf(implementation->name, "UpdateDeviceFieldData",
-                           [&] { access.Hardware().UpdateFields(access.slot); });
+    access.module.OnBusOf(implementation->name, "UpdateDeviceFieldData",
+                          [&] { access.Hardware().UpdateFields(access.slot); });
 }
 
 RLK_DeviceSettingsBase* RLK_Device::Settings() {
@@ -170,7 +170,7 @@ RLK_DeviceSettingsBase* RLK_Device::Settings() {
     return access.module.LocalOf(implementation->name, "Settings", [&]() -> RLK_DeviceSettingsBase* {
         const HandTool* tool = access.Hardware().ToolOf(access.slot);
         if (!tool) {
-            TavikSimulator::Refuse(eTavikErrors::NotAvailable, "There is no hand tool in slot " +
+            TavikSimulator::Reject(eTavikErrors::NotAvailable, "There is no hand tool in slot " +
                                                                    std::to_string(access.slot + 1) + " of module " +
                                                                    access.module.hardware->Identity() + ".");
         }

@@ -60,7 +60,7 @@ std::string TavikModule::ProbeIdentity() {
     return implementation->Known("ProbeIdentity", [this] {
         const auto& probe = implementation->hardware->Description().probeIdentity;
         if (!probe) {
-            TavikSimulator::Refuse(eTavikErrors::NotAvailable,
+            TavikSimulator::Reject(eTavikErrors::NotAvailable,
                                    "Module " + implementation->hardware->Identity() + " has no probe identity.");
         }
         return *probe;
@@ -89,13 +89,13 @@ bool TavikModule::ReadBurstCapable() {
 }
 
 int TavikModule::ReadInCounts() {
-    return implementation->OnWire("ReadInCounts",
-                                  [this](std::optional<int> code) { return implementation->Read(code).counts; });
+    return implementation->OnBus("ReadInCounts",
+                                 [this](std::optional<int> code) { return implementation->Read(code).counts; });
 }
 
 double TavikModule::ReadInUnits() {
-    return implementation->OnWire("ReadInUnits",
-                                  [this](std::optional<int> code) { return implementation->Read(code).units; });
+    return implementation->OnBus("ReadInUnits",
+                                 [this](std::optional<int> code) { return implementation->Read(code).units; });
 }
 
 void TavikModule::SetPosition(int position) {

@@ -15,7 +15,7 @@ bool TavikModuleBW::BeamOn() {
 }
 
 void TavikModuleBW::setBeamOn(bool on) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setBeamOn", [&] { implementation->As<LaserHardware>().SetBeamOn(on); }, on);
 }
 

@@ -39,7 +39,7 @@ eMeasuringRate TavikModuleBWK::MeasuringRate() {
 }
 
 void TavikModuleBWK::setMeasuringRate(eMeasuringRate rate) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setMeasuringRate", [&] { implementation->As<RatedLaserHardware>().SetMeasuringRate(rate); }, rate);
 }
 

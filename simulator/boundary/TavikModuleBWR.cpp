@@ -44,7 +44,7 @@ eFilter TavikModuleBWR::Filter() {
 }
 
 void TavikModuleBWR::setFilter(eFilter filter) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setFilter", [&] { implementation->As<FilteredLaserHardware>().SetFilter(filter); }, filter);
 }
 
@@ -55,7 +55,7 @@ short TavikModuleBWR::LevelCutTime() {
 }
 
 void TavikModuleBWR::setLevelCutTime(unsigned short time) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setLevelCutTime", [&] { implementation->As<FilteredLaserHardware>().SetLevelCutTime(time); }, time);
 }
 

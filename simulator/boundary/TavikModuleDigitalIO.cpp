@@ -27,7 +27,7 @@ int TavikModuleDigitalIO::PinConfiguration(int pin) {
 }
 
 int TavikModuleDigitalIO::InputState(int pin) {
-    return implementation->OnWire(
+    return implementation->OnBus(
         "InputState",
         [&] { return implementation->As<DigitalIOHardware>().InputState(pin, implementation->bench.clock.Now()); },
         pin);
@@ -39,7 +39,7 @@ int TavikModuleDigitalIO::OutputState(int pin) {
 }
 
 void TavikModuleDigitalIO::setOutputState(int pin, int state) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setOutputState",
         [&] { implementation->As<DigitalIOHardware>().SetOutputState(pin, state, implementation->bench.clock.Now()); },
         pin, state);
@@ -55,7 +55,7 @@ int TavikModuleDigitalIO::DebounceTime() {
 }
 
 void TavikModuleDigitalIO::setDebounceTime(int milliseconds) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setDebounceTime",
         [&] {
             implementation->As<DigitalIOHardware>().SetDebounceTime(milliseconds, implementation->bench.clock.Now());
@@ -68,11 +68,11 @@ void TavikModuleDigitalIO::ReservedInputOutput2() {
 }
 
 void TavikModuleDigitalIO::setPinConfiguration(int pin, int configuration) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setPinConfiguration",
         [&] {
             if (configuration != Input && configuration != Output) {
-                TavikSimulator::Refuse(eTavikErrors::InvalidArgument,
+                TavikSimulator::Reject(eTavikErrors::InvalidArgument,
                                        "A pin is configured as 1 (input) or 0 (output), not as " +
                                            std::to_string(configuration) + ".");
             }

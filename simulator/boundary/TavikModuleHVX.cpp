@@ -31,24 +31,24 @@ eHvxReadMode TavikModuleHVX::ReadMode() {
 }
 
 void TavikModuleHVX::setReadMode(eHvxReadMode mode) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setReadMode",
         [&] { implementation->As<ReadModeHardware>().SetReadMode(mode, implementation->bench.clock.Now()); }, mode);
 }
 
 void TavikModuleHVX::UpdateInfo() {
-    implementation->OnWire("UpdateInfo", [this] {
+    implementation->OnBus("UpdateInfo", [this] {
         implementation->As<ReadModeHardware>().UpdateInformation(implementation->bench.clock.Now());
     });
 }
 
 void TavikModuleHVX::SampleReading() {
-    implementation->OnWire(
-        "SampleReading", [this] { implementation->As<ReadModeHardware>().Sample(implementation->bench.clock.Now()); });
+    implementation->OnBus("SampleReading",
+                          [this] { implementation->As<ReadModeHardware>().Sample(implementation->bench.clock.Now()); });
 }
 
 bool TavikModuleHVX::NewReadingReady() {
-    return implementation->OnWire("NewReadingReady", [this] {
+    return implementation->OnBus("NewReadingReady", [this] {
         return implementation->As<ReadModeHardware>().TakeNewReadingReady(implementation->bench.clock.Now());
     });
 }

@@ -64,7 +64,7 @@ eResolution TavikModuleKX::Resolution() {
 }
 
 void TavikModuleKX::setResolution(eResolution resolution) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setResolution",
         [&] { implementation->As<ProbeHardware>().SetResolution(resolution, implementation->bench.clock.Now()); },
         resolution);
@@ -75,7 +75,7 @@ eAveraging TavikModuleKX::Averaging() {
 }
 
 void TavikModuleKX::setAveraging(eAveraging averaging) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setAveraging",
         [&] { implementation->As<ProbeHardware>().SetAveraging(averaging, implementation->bench.clock.Now()); },
         averaging);

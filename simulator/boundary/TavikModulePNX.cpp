@@ -11,7 +11,7 @@ namespace TavikLibrary {
 
 using TavikSimulator::AirGaugeHardware;
 using TavikSimulator::AirGaugeSettings;
-using TavikSimulator::Refuse;
+using TavikSimulator::Reject;
 using TavikSimulator::RequireLength;
 using TavikSimulator::RequirePasscode;
 using TavikSimulator::RequirePressure;
@@ -28,7 +28,7 @@ const TavikSimulator::EnumText<ePNX_UOM> Units[] = {
 
 void RequireDisplay(const AirGaugeHardware& gauge) {
     if (!gauge.HasDisplay()) {
-        Refuse(eTavikErrors::NotSupported, "Module " + gauge.Identity() + " has no display.");
+        Reject(eTavikErrors::NotSupported, "Module " + gauge.Identity() + " has no display.");
     }
 }
 
@@ -50,7 +50,7 @@ Value AskDisplay(Module& module, const char* operation, Value AirGaugeSettings::
 /// Changes a setting that every gauge has.
 template <class Module, class Value, class Check>
 void Change(Module& module, const char* operation, Value AirGaugeSettings::*setting, Value value, Check check) {
-    module.OnWire(
+    module.OnBus(
         operation,
         [&] {
             check(value);
@@ -62,7 +62,7 @@ void Change(Module& module, const char* operation, Value AirGaugeSettings::*sett
 /// Changes a setting that only a gauge with a display has.
 template <class Module, class Value, class Check>
 void ChangeDisplay(Module& module, const char* operation, Value AirGaugeSettings::*setting, Value value, Check check) {
-    module.OnWire(
+    module.OnBus(
         operation,
         [&] {
             RequireDisplay(module.template As<AirGaugeHardware>());
@@ -85,7 +85,7 @@ TavikModulePNX::TavikModulePNX(Implementation* module) : TavikModuleKX(module) {
 TavikModulePNX::~TavikModulePNX() = default;
 
 void TavikModulePNX::UpdateInfo() {
-    implementation->OnWire("UpdateInfo", [this] { implementation->As<AirGaugeHardware>().ReadSettings(); });
+    implementation->OnBus("UpdateInfo", [this] { implementation->As<AirGaugeHardware>().ReadSettings(); });
 }
 
 bool TavikModulePNX::IsMastered() {
@@ -132,7 +132,7 @@ void TavikModulePNX::setMasterMaxPressure(double psi) {
 }
 
 void TavikModulePNX::ApplyMastering() {
-    implementation->OnWire("ApplyMastering", [this] { implementation->As<AirGaugeHardware>().ApplyMastering(); });
+    implementation->OnBus("ApplyMastering", [this] { implementation->As<AirGaugeHardware>().ApplyMastering(); });
 }
 
 double TavikModulePNX::LimitHigh() {
@@ -152,7 +152,7 @@ void TavikModulePNX::setLimitLow(double millimetres) {
 }
 
 double TavikModulePNX::PressureReading() {
-    return implementation->OnWire("PressureReading", [this] {
+    return implementation->OnBus("PressureReading", [this] {
         return implementation->As<AirGaugeHardware>().PressureAt(implementation->bench.clock.Now());
     });
 }
@@ -198,7 +198,7 @@ void TavikModulePNX::setPasscode(int passcode) {
 }
 
 void TavikModulePNX::ResetFactorySettings() {
-    implementation->OnWire("ResetFactorySettings", [this] { implementation->As<AirGaugeHardware>().ResetToFactory(); });
+    implementation->OnBus("ResetFactorySettings", [this] { implementation->As<AirGaugeHardware>().ResetToFactory(); });
 }
 
 } // namespace TavikLibrary

@@ -48,13 +48,13 @@ TavikModuleQTA::TavikModuleQTA(Implementation* module) : TavikModule(module) {}
 TavikModuleQTA::~TavikModuleQTA() = default;
 
 eRefAction TavikModuleQTA::RefAction() {
-    return implementation->OnWire("RefAction", [this] {
+    return implementation->OnBus("RefAction", [this] {
         return implementation->As<EncoderHardware>().RefAction(implementation->bench.clock.Now());
     });
 }
 
 void TavikModuleQTA::setRefAction(eRefAction action) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setRefAction",
         [&] { implementation->As<EncoderHardware>().SetRefAction(action, implementation->bench.clock.Now()); }, action);
 }
@@ -65,7 +65,7 @@ eQuadratureMode TavikModuleQTA::QuadratureMode() {
 }
 
 void TavikModuleQTA::setQuadratureMode(eQuadratureMode mode) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setQuadratureMode",
         [&] { implementation->As<EncoderHardware>().SetQuadratureMode(mode, implementation->bench.clock.Now()); },
         mode);
@@ -77,7 +77,7 @@ eEncoderInterfaceType TavikModuleQTA::QtaInterfaceType() {
 }
 
 void TavikModuleQTA::setQtaInterfaceType(eEncoderInterfaceType type) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setQtaInterfaceType", [&] { implementation->As<EncoderHardware>().SetInterfaceType(type); }, type);
 }
 
@@ -87,7 +87,7 @@ int TavikModuleQTA::PresetInCounts() {
 }
 
 void TavikModuleQTA::setPresetInCounts(int counts) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setPresetInCounts",
         [&] { implementation->As<EncoderHardware>().SetPresetInCounts(counts, implementation->bench.clock.Now()); },
         counts);
@@ -99,7 +99,7 @@ short TavikModuleQTA::TxSample() {
 }
 
 void TavikModuleQTA::setTxSample(short counts) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setTxSample", [&] { implementation->As<EncoderHardware>().master.SetTxSample(counts); }, counts);
 }
 
@@ -109,7 +109,7 @@ eDynamicMasterMode TavikModuleQTA::DynamicMasterMode() {
 }
 
 void TavikModuleQTA::setDynamicMasterMode(eDynamicMasterMode mode) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setDynamicMasterMode", [&] { implementation->As<EncoderHardware>().master.SetMode(mode); }, mode);
 }
 
@@ -119,7 +119,7 @@ short TavikModuleQTA::TxSync() {
 }
 
 void TavikModuleQTA::setTxSync(short counts) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setTxSync", [&] { implementation->As<EncoderHardware>().master.SetTxSync(counts); }, counts);
 }
 
@@ -128,7 +128,7 @@ int TavikModuleQTA::HoldOff() {
 }
 
 void TavikModuleQTA::setHoldOff(int counts) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setHoldOff", [&] { implementation->As<EncoderHardware>().master.SetHoldOff(counts); }, counts);
 }
 

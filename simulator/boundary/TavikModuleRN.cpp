@@ -17,28 +17,28 @@ eDirection TavikModuleRN::Direction() {
 }
 
 void TavikModuleRN::setDirection(eDirection direction) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setDirection",
         [&] { implementation->As<LinearEncoderHardware>().SetDirection(direction, implementation->bench.clock.Now()); },
         direction);
 }
 
 void TavikModuleRN::setPresetInCounts(int counts) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setPresetInCounts",
         [&] { implementation->As<LinearEncoderHardware>().PresetInCounts(counts, implementation->bench.clock.Now()); },
         counts);
 }
 
 void TavikModuleRN::setPresetInUnits(double value) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setPresetInUnits",
         [&] { implementation->As<LinearEncoderHardware>().PresetInUnits(value, implementation->bench.clock.Now()); },
         value);
 }
 
 void TavikModuleRN::FindRefMark_Units(eReferenceMarkMode mode, double recallValue) {
-    implementation->OnWire(
+    implementation->OnBus(
         "FindRefMark_Units",
         [&] {
             implementation->As<LinearEncoderHardware>().FindMarkInUnits(mode, recallValue,
@@ -48,7 +48,7 @@ void TavikModuleRN::FindRefMark_Units(eReferenceMarkMode mode, double recallValu
 }
 
 void TavikModuleRN::FindRefMark_Counts(eReferenceMarkMode mode, int recallValue) {
-    implementation->OnWire(
+    implementation->OnBus(
         "FindRefMark_Counts",
         [&] {
             implementation->As<LinearEncoderHardware>().FindMarkInCounts(mode, recallValue,
@@ -58,31 +58,31 @@ void TavikModuleRN::FindRefMark_Counts(eReferenceMarkMode mode, int recallValue)
 }
 
 bool TavikModuleRN::RefmarkInProgress() {
-    return implementation->OnWire("RefmarkInProgress", [this] {
+    return implementation->OnBus("RefmarkInProgress", [this] {
         return implementation->As<LinearEncoderHardware>().IsSearching(implementation->bench.clock.Now());
     });
 }
 
 bool TavikModuleRN::RefmarkFound() {
-    return implementation->OnWire("RefmarkFound", [this] {
+    return implementation->OnBus("RefmarkFound", [this] {
         return implementation->As<LinearEncoderHardware>().MarkFound(implementation->bench.clock.Now());
     });
 }
 
 double TavikModuleRN::ReadInUnitsAtRefmark() {
-    return implementation->OnWire("ReadInUnitsAtRefmark", [this] {
+    return implementation->OnBus("ReadInUnitsAtRefmark", [this] {
         return implementation->As<LinearEncoderHardware>().UnitsAtMark(implementation->bench.clock.Now());
     });
 }
 
 int TavikModuleRN::ReadInCountsAtRefmark() {
-    return implementation->OnWire("ReadInCountsAtRefmark", [this] {
+    return implementation->OnBus("ReadInCountsAtRefmark", [this] {
         return implementation->As<LinearEncoderHardware>().CountsAtMark(implementation->bench.clock.Now());
     });
 }
 
 void TavikModuleRN::StopRefMark() {
-    implementation->OnWire("StopRefMark", [this] {
+    implementation->OnBus("StopRefMark", [this] {
         implementation->As<LinearEncoderHardware>().StopSearch(implementation->bench.clock.Now());
     });
 }

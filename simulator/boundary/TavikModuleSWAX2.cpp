@@ -16,7 +16,7 @@ unsigned short TavikModuleSWAX2::OutPolarityMask() {
 }
 
 void TavikModuleSWAX2::setOutPolarityMask(unsigned short mask) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setOutPolarityMask",
         [&] { implementation->As<DigitalIO2Hardware>().SetOutPolarityMask(mask, implementation->bench.clock.Now()); },
         mask);
@@ -28,7 +28,7 @@ unsigned short TavikModuleSWAX2::InPolarityMask() {
 }
 
 void TavikModuleSWAX2::setInPolarityMask(unsigned short mask) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setInPolarityMask", [&] { implementation->As<DigitalIO2Hardware>().SetInPolarityMask(mask); }, mask);
 }
 
@@ -38,7 +38,7 @@ eDIOOutputMode TavikModuleSWAX2::OutputMode() {
 }
 
 void TavikModuleSWAX2::setOutputMode(eDIOOutputMode mode) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setOutputMode",
         [&] { implementation->As<DigitalIO2Hardware>().SetOutputMode(mode, implementation->bench.clock.Now()); }, mode);
 }
@@ -49,7 +49,7 @@ short TavikModuleSWAX2::TxSample() {
 }
 
 void TavikModuleSWAX2::setTxSample(short counts) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setTxSample", [&] { implementation->As<DigitalIO2Hardware>().master.SetTxSample(counts); }, counts);
 }
 
@@ -59,7 +59,7 @@ eDynamicMasterMode TavikModuleSWAX2::DynamicMasterMode() {
 }
 
 void TavikModuleSWAX2::setDynamicMasterMode(eDynamicMasterMode mode) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setDynamicMasterMode", [&] { implementation->As<DigitalIO2Hardware>().master.SetMode(mode); }, mode);
 }
 
@@ -69,7 +69,7 @@ short TavikModuleSWAX2::TxSync() {
 }
 
 void TavikModuleSWAX2::setTxSync(short counts) {
-    implementation->OnWire(
+    implementation->OnBus(
         "setTxSync", [&] { implementation->As<DigitalIO2Hardware>().master.SetTxSync(counts); }, counts);
 }
 

@@ -27,7 +27,7 @@ TavikModuleStatus::~TavikModuleStatus() {
 
 void TavikModuleStatus::UpdateStatus() {
     Implementation& self = *implementation;
-    self.module.OnWireOf(self.name, "UpdateStatus", [&self] {
+    self.module.OnBusOf(self.name, "UpdateStatus", [&self] {
         self.errorCode = self.module.listed.last.code;
         self.status = StatusFor(self.errorCode);
     });

@@ -45,7 +45,7 @@ TavikNetwork* TavikNetworks::Network(unsigned int index) {
         [&] {
             const auto& found = implementation->found;
             if (index >= found.size()) {
-                TavikSimulator::Refuse(eTavikErrors::ControllerNotFound,
+                TavikSimulator::Reject(eTavikErrors::ControllerNotFound,
                                        "There is no network at position " + std::to_string(index) + "; " +
                                            std::to_string(found.size()) + " are known.");
             }

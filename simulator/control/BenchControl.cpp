@@ -6,7 +6,7 @@
 #include "simulator/hardware/AirGaugeHardware.h"
 #include "simulator/hardware/ErrorTexts.h"
 #include "simulator/hardware/ModuleHardware.h"
-#include "simulator/hardware/ModuleKinds.h"
+#include "simulator/hardware/ModuleTypes.h"
 
 #include <cmath>
 #include <mutex>
@@ -20,31 +20,31 @@ namespace {
 
 void Require(bool fulfilled, const char* sentence) {
     if (!fulfilled) {
-        Refuse(eTavikErrors::InvalidArgument, sentence);
+        Reject(eTavikErrors::InvalidArgument, sentence);
     }
 }
 
 // Does something to the bench under its lock, when what is due by now has happened.
-template <class Deed>
-auto OnBench(Deed deed) {
+template <class Action>
+auto OnBench(Action action) {
     const std::shared_ptr<Bench> bench = CurrentBench();
     const std::lock_guard lock(bench->gate.mutex);
-    bench->Settle();
-    return deed(*bench);
+    bench->AdvanceToNow();
+    return action(*bench);
 }
 
-template <class Deed>
-auto OnNetwork(const std::string& name, Deed deed) {
-    return OnBench([&](Bench& bench) { return deed(bench.NetworkNamed(name), bench); });
+template <class Action>
+auto OnNetwork(const std::string& name, Action action) {
+    return OnBench([&](Bench& bench) { return action(bench.NetworkNamed(name), bench); });
 }
 
 eModuleType TypeNamed(const std::string& name) {
-    for (const ModuleKind& kind : ModuleKinds()) {
+    for (const ModuleTypeInfo& kind : ModuleTypes()) {
         if (name == kind.name) {
             return kind.type;
         }
     }
-    Refuse(eTavikErrors::InvalidArgument, "There is no kind of module \"" + name + "\".");
+    Reject(eTavikErrors::InvalidArgument, "There is no kind of module \"" + name + "\".");
 }
 
 void Replace(const std::string& networkName, const std::string& oldIdentity, const std::string& newIdentity,
@@ -54,12 +54,12 @@ void Replace(const std::string& networkName, const std::string& oldIdentity, con
     });
 }
 
-template <class Deed>
-void OnAirGauge(const std::string& networkName, const std::string& identity, Deed deed) {
+template <class Action>
+void OnAirGauge(const std::string& networkName, const std::string& identity, Action action) {
     OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) {
         auto* gauge = dynamic_cast<AirGaugeHardware*>(&network.Modules().All().At(identity));
         Require(gauge != nullptr, "Only an air gauge has a nozzle and a display.");
-        deed(*gauge);
+        action(*gauge);
     });
 }
 
@@ -168,7 +168,7 @@ std::uint64_t FaultsTriggered(int number) {
 }
 
 JournalEntry LastFaultedCall() {
-    return CurrentBench()->gate.faults.LastStruck();
+    return CurrentBench()->gate.faults.LastFaulted();
 }
 
 std::uint64_t CallCount() {

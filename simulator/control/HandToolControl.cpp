@@ -21,15 +21,15 @@ HandTool& ToolNamed(Bench& bench, const std::string& identity) {
             }
         }
     }
-    Refuse(TavikLibrary::eTavikErrors::InvalidArgument, "The bench has no hand tool " + identity + ".");
+    Reject(TavikLibrary::eTavikErrors::InvalidArgument, "The bench has no hand tool " + identity + ".");
 }
 
-template <class Deed>
-void OnTool(const std::string& identity, Deed deed) {
+template <class Action>
+void OnTool(const std::string& identity, Action action) {
     const std::shared_ptr<Bench> bench = CurrentBench();
     const std::lock_guard lock(bench->gate.mutex);
-    bench->Settle();
-    deed(ToolNamed(*bench, identity), bench->clock.Now());
+    bench->AdvanceToNow();
+    action(ToolNamed(*bench, identity), bench->clock.Now());
 }
 
 } // namespace

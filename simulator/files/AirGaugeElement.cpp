@@ -68,9 +68,9 @@ AirGaugeDescription ReadAirGauge(BenchElement& module) {
         return {};
     }
     AirGaugeDescription gauge = ReadOne(gauges.front());
-    const std::string complaint = Validate(gauge);
-    if (!complaint.empty()) {
-        gauges.front().Fail(complaint);
+    const std::string reason = Validate(gauge);
+    if (!reason.empty()) {
+        gauges.front().Fail(reason);
     }
     return gauge;
 }

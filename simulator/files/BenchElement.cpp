@@ -21,13 +21,13 @@ int BenchSource::LineAt(std::ptrdiff_t offset) const {
 }
 
 void BenchSource::Fail(std::ptrdiff_t offset, const std::string& reason) const {
-    Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
+    Reject(TavikLibrary::eTavikErrors::InvalidArgument,
            name + ", line " + std::to_string(LineAt(offset)) + ": " + reason);
 }
 
 BenchElement::BenchElement(const BenchSource& benchSource, pugi::xml_node benchNode)
     : source(&benchSource), node(benchNode) {
-    RefuseDoubleAttributes();
+    RejectDoubleAttributes();
 }
 
 int BenchElement::Line() const {
@@ -38,7 +38,7 @@ void BenchElement::Fail(const std::string& reason) const {
     source->Fail(node.offset_debug(), reason);
 }
 
-void BenchElement::RefuseDoubleAttributes() const {
+void BenchElement::RejectDoubleAttributes() const {
     std::set<std::string> seen;
     for (const pugi::xml_attribute& attribute : node.attributes()) {
         if (!seen.insert(attribute.name()).second) {

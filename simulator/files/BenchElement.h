@@ -77,7 +77,7 @@ public:
     void Finish() const;
 
 private:
-    void RefuseDoubleAttributes() const;
+    void RejectDoubleAttributes() const;
 
     const BenchSource* source;
     pugi::xml_node node;

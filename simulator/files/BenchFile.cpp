@@ -84,7 +84,7 @@ BenchDescription ReadBenchFile(const std::string& path) {
     }
     if (!file || !text) {
         const int reason = errno;
-        Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
+        Reject(TavikLibrary::eTavikErrors::InvalidArgument,
                "The bench file \"" + path + "\" cannot be read: " + std::strerror(reason) + ".");
     }
     return ReadBenchText(text.str(), path);

@@ -4,7 +4,7 @@
 #include "simulator/files/SignalElement.h"
 #include "simulator/files/TypeElements.h"
 #include "simulator/files/WirelessElement.h"
-#include "simulator/hardware/ModuleKinds.h"
+#include "simulator/hardware/ModuleTypes.h"
 #include "simulator/hardware/ProbePhysics.h"
 #include "simulator/signals/Noise.h"
 
@@ -89,14 +89,15 @@ void ReadProbeSettings(BenchElement& element, ModuleDescription& module) {
     module.averagings = ReadOffer(element, "averagings", module.averagings, AveragingOf);
 }
 
-void ReadPlace(BenchElement& element, ModuleDescription& module) {
-    module.place = element.OneOf<Place>("place", Place::Listed,
-                                        {{"list", Place::Listed}, {"wire", Place::Wire}, {"absent", Place::Absent}});
+void ReadPlugState(BenchElement& element, ModuleDescription& module) {
+    module.plugState = element.OneOf<PlugState>(
+        "place", PlugState::Listed,
+        {{"list", PlugState::Listed}, {"wire", PlugState::OnBus}, {"absent", PlugState::Absent}});
     module.remembered = element.Flag("remembered", true);
     if (element.Has("announces")) {
         module.announcesAfter = element.Time("announces", Nanoseconds::zero(), 0.0, LongestAnnouncement);
-        if (module.place == Place::Listed) {
-            module.place = Place::Wire;
+        if (module.plugState == PlugState::Listed) {
+            module.plugState = PlugState::OnBus;
         }
     }
 }
@@ -111,16 +112,16 @@ void RequireBuildable(BenchElement& element, const ModuleDescription& module) {
     probe.resolutionBits = module.resolutionBits;
     probe.averagingSamples = module.averagingSamples;
     probe.signal = module.signal;
-    const std::string complaint = Validate(probe);
-    if (!complaint.empty()) {
-        element.Fail(complaint);
+    const std::string reason = Validate(probe);
+    if (!reason.empty()) {
+        element.Fail(reason);
     }
 }
 
 ModuleDescription ReadOne(BenchElement& element) {
     element.Required("type");
     const auto type = element.OneOf<eModuleType>("type", eModuleType::Unknown, TypeWords());
-    ModuleDescription module = KindOf(type).defaults();
+    ModuleDescription module = TypeInfoOf(type).defaults();
     module.identity = ReadIdentity(element, "identity");
     module.deviceType = element.Text("device-type", module.deviceType);
     module.softwareVersion = element.Text("software-version", module.softwareVersion);
@@ -133,9 +134,9 @@ ModuleDescription ReadOne(BenchElement& element) {
     ReadCapabilities(element, module);
     module.bufferDepth = static_cast<int>(element.Whole("buffer-depth", module.bufferDepth, 1, LargestBufferDepth));
     ReadRange(element, module);
-    ReadKindOfModule(element, module);
+    ReadTypeAttributes(element, module);
     ReadProbeSettings(element, module);
-    ReadPlace(element, module);
+    ReadPlugState(element, module);
     return module;
 }
 
@@ -164,7 +165,7 @@ const std::vector<std::pair<std::string, eNetSpeed>>& SpeedWords() {
 const std::vector<std::pair<std::string, eModuleType>>& TypeWords() {
     static const std::vector<std::pair<std::string, eModuleType>> words = [] {
         std::vector<std::pair<std::string, eModuleType>> all;
-        for (const ModuleKind& kind : ModuleKinds()) {
+        for (const ModuleTypeInfo& kind : ModuleTypes()) {
             all.emplace_back(kind.name, kind.type);
         }
         return all;

@@ -66,7 +66,7 @@ void ReadAllModules(BenchElement& element, NetworkDescription& network, std::uin
         for (const ModuleDescription& module : ReadModules(child, seed)) {
             RequireOwnIdentity(child, module.identity, identities);
             const auto& speeds = module.speeds;
-            if (module.place == Place::Listed &&
+            if (module.plugState == PlugState::Listed &&
                 std::find(speeds.begin(), speeds.end(), network.speed) == speeds.end()) {
                 child.Fail("Module " + module.identity + " cannot work at the speed of its network.");
             }
@@ -74,7 +74,7 @@ void ReadAllModules(BenchElement& element, NetworkDescription& network, std::uin
         }
     }
     const auto listed = std::count_if(network.modules.begin(), network.modules.end(),
-                                      [](const auto& module) { return module.place == Place::Listed; });
+                                      [](const auto& module) { return module.plugState == PlugState::Listed; });
     if (listed > MostModules) {
         element.Fail("A network lists " + std::to_string(MostModules) + " modules at most.");
     }

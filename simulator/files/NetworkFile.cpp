@@ -4,7 +4,7 @@
 #include "simulator/files/BenchElement.h"
 #include "simulator/files/ModuleElement.h"
 #include "simulator/hardware/ErrorTexts.h"
-#include "simulator/hardware/ModuleKinds.h"
+#include "simulator/hardware/ModuleTypes.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -30,13 +30,13 @@ constexpr int Format = 1;
 /// A network of 150 modules takes some 20 KB.
 constexpr std::size_t LargestFile = std::size_t{1024} * 1024;
 
-[[noreturn]] void RefuseFile(const char* what, const std::string& path, const std::string& reason) {
-    Refuse(eTavikErrors::InvalidArgument, std::string(what) + " \"" + path + "\": " + reason + ".");
+[[noreturn]] void RejectFile(const char* what, const std::string& path, const std::string& reason) {
+    Reject(eTavikErrors::InvalidArgument, std::string(what) + " \"" + path + "\": " + reason + ".");
 }
 
-std::vector<std::pair<std::string, eModuleType>> KindWords() {
+std::vector<std::pair<std::string, eModuleType>> TypeWordsOfFile() {
     std::vector<std::pair<std::string, eModuleType>> words;
-    for (const ModuleKind& kind : ModuleKinds()) {
+    for (const ModuleTypeInfo& kind : ModuleTypes()) {
         words.emplace_back(kind.name, kind.type);
     }
     return words;
@@ -49,7 +49,7 @@ StoredModule ReadModule(BenchElement element) {
     if (!IsIdentity(module.identity)) {
         element.Fail("\"" + module.identity + "\" is not a module identity.");
     }
-    module.type = element.Meaning("type", element.Required("type"), KindWords());
+    module.type = element.Meaning("type", element.Required("type"), TypeWordsOfFile());
     for (BenchElement& child : element.Children("setting")) {
         const std::string name = child.Required("name");
         const std::optional<std::string> value = child.Text("value");
@@ -100,20 +100,20 @@ std::string WordFor(Value value, const std::vector<std::pair<std::string, Value>
 }
 
 /// A file of our own beside the one to be written, which takes its place at the end or goes.
-class FileInWaiting {
+class TemporaryFile {
 public:
-    explicit FileInWaiting(const std::string& wantedPath) : path(wantedPath), waiting(wantedPath + ".XXXXXX") {
+    explicit TemporaryFile(const std::string& wantedPath) : path(wantedPath), waiting(wantedPath + ".XXXXXX") {
         descriptor = mkstemp(waiting.data());
         Check(descriptor >= 0);
     }
-    ~FileInWaiting() {
+    ~TemporaryFile() {
         if (descriptor >= 0) {
             close(descriptor);
             unlink(waiting.c_str());
         }
     }
-    FileInWaiting(const FileInWaiting&) = delete;
-    FileInWaiting& operator=(const FileInWaiting&) = delete;
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     void Write(const std::string& text) {
         for (std::size_t written = 0; written < text.size();) {
@@ -126,7 +126,7 @@ public:
         }
     }
 
-    void TakePlace() {
+    void ReplaceTarget() {
         Check(fchmod(descriptor, Mode()) == 0);
         Check(fsync(descriptor) == 0);
         Check(rename(waiting.c_str(), path.c_str()) == 0);
@@ -149,7 +149,7 @@ private:
     void Check(bool good) const {
         if (!good) {
             const int reason = errno;
-            RefuseFile("The network cannot be saved to", path, std::strerror(reason));
+            RejectFile("The network cannot be saved to", path, std::strerror(reason));
         }
     }
 
@@ -172,7 +172,7 @@ std::string NetworkText(const StoredNetwork& network) {
     for (const StoredModule& module : network.modules) {
         pugi::xml_node node = root.append_child("module");
         node.append_attribute("identity") = module.identity.c_str();
-        node.append_attribute("type") = WordFor(module.type, KindWords()).c_str();
+        node.append_attribute("type") = WordFor(module.type, TypeWordsOfFile()).c_str();
         for (const auto& [name, value] : module.settings) {
             pugi::xml_node setting = node.append_child("setting");
             setting.append_attribute("name") = name.c_str();
@@ -201,7 +201,7 @@ StoredNetwork ReadNetworkFile(const std::string& path) {
     if (!file || !file.read(text.data(), static_cast<std::streamsize>(text.size())).eof()) {
         const int reason = errno;
         const bool large = file.gcount() == static_cast<std::streamsize>(text.size());
-        RefuseFile("The network file cannot be read", path,
+        RejectFile("The network file cannot be read", path,
                    large ? "it is larger than 1 MB, which no network needs" : std::strerror(reason));
     }
     text.resize(static_cast<std::size_t>(file.gcount()));
@@ -209,9 +209,9 @@ StoredNetwork ReadNetworkFile(const std::string& path) {
 }
 
 void WriteNetworkFile(const StoredNetwork& network, const std::string& path) {
-    FileInWaiting file(path);
+    TemporaryFile file(path);
     file.Write(NetworkText(network));
-    file.TakePlace();
+    file.ReplaceTarget();
 }
 
 } // namespace TavikSimulator

@@ -59,9 +59,9 @@ SignalDescription ReadSignal(BenchElement& element, SignalDescription signal) {
     signal.warmUpTime = AnyNumber(element, "warm-up-time", signal.warmUpTime);
     signal.noise = AnyNumber(element, "noise", signal.noise);
     element.Finish();
-    const std::string complaint = Validate(signal);
-    if (!complaint.empty()) {
-        element.Fail(complaint);
+    const std::string reason = Validate(signal);
+    if (!reason.empty()) {
+        element.Fail(reason);
     }
     return signal;
 }

@@ -186,7 +186,7 @@ void ReadReadMode(BenchElement& element, ReadModeDescription& readMode) {
 
 } // namespace
 
-void ReadKindOfModule(BenchElement& element, ModuleDescription& module) {
+void ReadTypeAttributes(BenchElement& element, ModuleDescription& module) {
     switch (module.type) {
     case eModuleType::RN:
         return ReadLinearEncoder(element, module);

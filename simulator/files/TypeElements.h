@@ -6,6 +6,6 @@
 namespace TavikSimulator {
 
 /// Reads what a <module> says that only its kind can say.
-void ReadKindOfModule(BenchElement& element, ModuleDescription& module);
+void ReadTypeAttributes(BenchElement& element, ModuleDescription& module);
 
 } // namespace TavikSimulator

@@ -12,7 +12,7 @@ bool IsDeviation(double millimetres) {
     return std::fabs(millimetres) <= LargestDeviation;
 }
 
-bool LastsAWhile(const NozzleStep& step) {
+bool HasDuration(const NozzleStep& step) {
     return step.duration > Nanoseconds::zero() && step.duration <= std::chrono::seconds(1000000);
 }
 
@@ -36,12 +36,12 @@ std::string Validate(const AirGaugeDescription& description) {
         return "The clearance must be 0.001 mm to 10 mm.";
     }
     for (const NozzleStep& step : description.steps) {
-        if (!LastsAWhile(step)) {
+        if (!HasDuration(step)) {
             return "A part must stay in the nozzle for more than 0 s and for 1000000 s at most.";
         }
     }
-    const std::string complaint = Validate(description.circuit);
-    return complaint.empty() ? Validate(description.supply) : complaint;
+    const std::string reason = Validate(description.circuit);
+    return reason.empty() ? Validate(description.supply) : reason;
 }
 
 } // namespace TavikSimulator

@@ -42,7 +42,7 @@ AirGaugeSettings ReadMasters(const std::string& text) {
     next(masters.masterMaxPressure, RequirePressure);
     std::string more;
     if (words >> more) {
-        Refuse(eTavikErrors::InvalidArgument, "The setting \"mastering\" has four numbers.");
+        Reject(eTavikErrors::InvalidArgument, "The setting \"mastering\" has four numbers.");
     }
     RequireMasters(masters);
     return masters;
@@ -119,7 +119,8 @@ NozzlePart AirGaugeHardware::PartAt(Nanoseconds time) const {
     for (const NozzleStep& step : steps) {
         round += step.duration;
     }
-    Nanoseconds within = round > Nanoseconds::zero() ? std::max(time, Nanoseconds::zero()) % round : Nanoseconds::zero();
+    Nanoseconds within =
+        round > Nanoseconds::zero() ? std::max(time, Nanoseconds::zero()) % round : Nanoseconds::zero();
     for (const NozzleStep& step : steps) {
         if (within < step.duration) {
             return step.part;
@@ -138,7 +139,7 @@ double AirGaugeHardware::ClearanceAt(Nanoseconds time) const {
     case NozzlePart::MasterB:
         return around(gauge.masterB);
     case NozzlePart::WorkPiece:
-        return around(Felt().At(time));
+        return around(Measurand().At(time));
     case NozzlePart::Nothing:
         break;
     }
@@ -192,7 +193,7 @@ std::string AirGaugeHardware::Unit() const {
 
 void AirGaugeHardware::RequireReadable() const {
     if (changedAtDisplay) {
-        Refuse(eTavikErrors::ReadingNotAvailable, "Module Information needs reading.");
+        Reject(eTavikErrors::ReadingNotAvailable, "Module Information needs reading.");
     }
 }
 
@@ -300,10 +301,10 @@ void AirGaugeHardware::Release() {
 
 void AirGaugeHardware::ChangeUnitAtDisplay(ePNX_UOM unit, int passcode) {
     if (!HasDisplay()) {
-        Refuse(eTavikErrors::NotSupported, "Module " + Identity() + " has no display.");
+        Reject(eTavikErrors::NotSupported, "Module " + Identity() + " has no display.");
     }
     if (settings.passcode != 0 && passcode != settings.passcode) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "The display of module " + Identity() + " does not accept the pass code.");
     }
     settings.unit = unit;

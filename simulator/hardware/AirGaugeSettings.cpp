@@ -32,7 +32,7 @@ std::string Decimals(double value, int decimals) {
 
 void RequireWithin(double value, double least, double most, const char* what, const char* unit) {
     if (!(value >= least && value <= most)) {
-        Refuse(eTavikErrors::InvalidArgument, std::string(what) + " must lie within " +
+        Reject(eTavikErrors::InvalidArgument, std::string(what) + " must lie within " +
                                                   std::to_string(static_cast<int>(least)) + " and " +
                                                   std::to_string(static_cast<int>(most)) + unit + ".");
     }
@@ -54,27 +54,27 @@ void RequirePasscode(int passcode) {
 
 void RequireUnit(ePNX_UOM unit) {
     if (unit < ePNX_UOM::mm || unit > ePNX_UOM::mils) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "An air gauge has no display unit " + std::to_string(static_cast<int>(unit)) + ".");
     }
 }
 
 void RequireRotation(ePNX_RotateDisplay rotation) {
     if (rotation < ePNX_RotateDisplay::None || rotation > ePNX_RotateDisplay::Auto) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "An air gauge's display has no rotation " + std::to_string(static_cast<int>(rotation)) + ".");
     }
 }
 
 void RequireMasters(const AirGaugeSettings& settings) {
     if (std::fabs(settings.masterMaxPressure - settings.masterMinPressure) < LeastPressureDifference) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "The air pressures of the two masters, " + Decimals(settings.masterMinPressure, 2) + " psi and " +
                    Decimals(settings.masterMaxPressure, 2) + " psi, are too close to each other: they must differ by " +
                    Decimals(LeastPressureDifference, 2) + " psi at least.");
     }
     if (std::fabs(settings.masterMaxSize - settings.masterMinSize) < LeastSizeDifference) {
-        Refuse(eTavikErrors::InvalidArgument, "The sizes of the two masters, " + Decimals(settings.masterMinSize, 4) +
+        Reject(eTavikErrors::InvalidArgument, "The sizes of the two masters, " + Decimals(settings.masterMinSize, 4) +
                                                   " mm and " + Decimals(settings.masterMaxSize, 4) +
                                                   " mm, are too close to each other: they must differ by " +
                                                   Decimals(LeastSizeDifference, 4) + " mm at least.");

@@ -33,7 +33,7 @@ DigitalIO2Hardware::DigitalIO2Hardware(const ModuleDescription& description)
 
 void DigitalIO2Hardware::SetInput(int pin, bool input, Nanoseconds) {
     if (IsInput(pin) != input) {
-        Refuse(eTavikErrors::NotSupported, "Pin " + std::to_string(pin) + " of module " + Identity() +
+        Reject(eTavikErrors::NotSupported, "Pin " + std::to_string(pin) + " of module " + Identity() +
                                                (input ? " is always an output." : " is always an input."));
     }
 }
@@ -50,7 +50,7 @@ void DigitalIO2Hardware::RequireOutputMode(eDIOOutputMode mode) const {
     case eDIOOutputMode::TTL:
         break;
     default:
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no output mode " + std::to_string(static_cast<int>(mode)) + ".");
     }
 }
@@ -64,7 +64,7 @@ void DigitalIO2Hardware::SetOutputMode(eDIOOutputMode mode, Nanoseconds time) {
 std::vector<KeptSetting> DigitalIO2Hardware::KeptSettings(Nanoseconds time) {
     const auto requireMask = [this](int mask) {
         if (mask < 0 || mask > std::numeric_limits<unsigned short>::max()) {
-            Refuse(eTavikErrors::InvalidArgument,
+            Reject(eTavikErrors::InvalidArgument,
                    "Module " + Identity() + " has no polarity mask " + std::to_string(mask) + ".");
         }
     };

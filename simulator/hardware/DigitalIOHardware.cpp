@@ -36,7 +36,7 @@ DigitalIOHardware::Pin& DigitalIOHardware::At(int pin) {
 const DigitalIOHardware::Pin& DigitalIOHardware::At(int pin) const {
     const int count = static_cast<int>(pins.size());
     if (pin < 0 || pin >= count) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " has the pins 0 to " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() + " has the pins 0 to " +
                                                   std::to_string(count - 1) + ", but no pin " + std::to_string(pin) +
                                                   ".");
     }
@@ -78,11 +78,11 @@ int DigitalIOHardware::OutputState(int pin) const {
 
 void DigitalIOHardware::SetOutputState(int pin, int state, Nanoseconds time) {
     if (At(pin).input) {
-        Refuse(eTavikErrors::NotSupported,
+        Reject(eTavikErrors::NotSupported,
                "Pin " + std::to_string(pin) + " of module " + Identity() + " is an input and cannot be driven.");
     }
     if (state != 0 && state != 1) {
-        Refuse(eTavikErrors::InvalidArgument, "A pin can be driven to 0 or 1, not to " + std::to_string(state) + ".");
+        Reject(eTavikErrors::InvalidArgument, "A pin can be driven to 0 or 1, not to " + std::to_string(state) + ".");
     }
     At(pin).state = state;
     DriveWires(time);
@@ -90,7 +90,7 @@ void DigitalIOHardware::SetOutputState(int pin, int state, Nanoseconds time) {
 
 void DigitalIOHardware::RequireDebounceTime(int milliseconds) const {
     if (std::find(std::begin(DebounceTimes), std::end(DebounceTimes), milliseconds) == std::end(DebounceTimes)) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " has no debounce time of " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() + " has no debounce time of " +
                                                   std::to_string(milliseconds) +
                                                   " ms; it has 0, 5, 10, 15, 25 and 50 ms.");
     }
@@ -103,7 +103,7 @@ void DigitalIOHardware::SetDebounceTime(int milliseconds, Nanoseconds time) {
         before.push_back(RisesOfInput(pin, time));
     }
     for (Wire& wire : wires) {
-        wire.line.Settle(time, DebounceSpan());
+        wire.line.LatchLevel(time, DebounceSpan());
     }
     debounceTime = milliseconds;
     for (int pin = 0; pin < static_cast<int>(pins.size()); ++pin) {

@@ -56,7 +56,7 @@ std::int64_t CountsBetween(double from, double to, EncoderOutput output, eQuadra
     return CountedFromPulses(EdgesBetween(from, to, 1.0), output, mode);
 }
 
-std::int64_t CountsGone(double from, double to, EncoderOutput output, eQuadratureMode mode) {
+std::int64_t CountsTravelled(double from, double to, EncoderOutput output, eQuadratureMode mode) {
     if (output == EncoderOutput::Quadrature && mode == eQuadratureMode::CountAB) {
         constexpr double upAndDownAgain = 2.0;
         return std::abs(EdgesBetween(from, to, upAndDownAgain));

@@ -16,7 +16,7 @@ namespace TavikSimulator {
 std::int64_t CountsBetween(double from, double to, EncoderOutput output, TavikLibrary::eQuadratureMode mode);
 
 /// How many counts there were on such a way, those down as good as those up: never less than on a part of the way.
-std::int64_t CountsGone(double from, double to, EncoderOutput output, TavikLibrary::eQuadratureMode mode);
+std::int64_t CountsTravelled(double from, double to, EncoderOutput output, TavikLibrary::eQuadratureMode mode);
 
 /// Where on its way from one position to another an encoder passes reference marks.
 struct MarksPassed {

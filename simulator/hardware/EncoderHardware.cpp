@@ -24,7 +24,7 @@ template <class Value>
 void RequireKnown(Value value, Value last, const std::string& identity, const char* what) {
     const int number = static_cast<int>(value);
     if (number < 0 || number > static_cast<int>(last)) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + identity + " has no " + what + " " + std::to_string(number) + ".");
     }
 }
@@ -41,7 +41,7 @@ bool HappensOnce(eRefAction action) {
 
 EncoderHardware::EncoderHardware(const ModuleDescription& description)
     : ModuleHardware(description), master(description.identity, true), step(StepFor(description.signal)) {
-    seen.position = Felt().WithoutNoise(Nanoseconds::zero());
+    seen.position = Measurand().WithoutNoise(Nanoseconds::zero());
     seen.straightFrom = seen.position;
     way.push_back(seen);
 }
@@ -94,7 +94,7 @@ void EncoderHardware::RequirePreset(int counts) const {
     const double lowest = Description().offset;
     const double highest = lowest + Description().stroke;
     if (counts < lowest || counts > highest) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " counts from " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() + " counts from " +
                                                   std::to_string(static_cast<long long>(std::ceil(lowest))) + " to " +
                                                   std::to_string(static_cast<long long>(std::floor(highest))) +
                                                   " and cannot be preset to " + std::to_string(counts) + ".");
@@ -140,25 +140,25 @@ void EncoderHardware::UseSignal(const SignalDescription& signal) {
     step = StepFor(signal);
     way.assign(1, seen);
     State& from = way.back();
-    const double position = Felt().WithoutNoise(from.instant);
-    from.gone += CountsGone(from.position, position, Description().encoder.output, mode);
+    const double position = Measurand().WithoutNoise(from.instant);
+    from.travel += CountsTravelled(from.position, position, Description().encoder.output, mode);
     from.straightFrom = position;
 }
 
 std::int64_t EncoderHardware::TriggerCountAt(Nanoseconds time) const {
-    return time > seen.instant ? StateAt(time).gone : GoneAt(CheckpointBefore(time), time);
+    return time > seen.instant ? StateAt(time).travel : TravelAt(CheckpointBefore(time), time);
 }
 
 // Within a step the encoder goes straight on, so that the way that it has gone never gets shorter.
-std::int64_t EncoderHardware::GoneAt(const State& checkpoint, Nanoseconds instant) const {
+std::int64_t EncoderHardware::TravelAt(const State& checkpoint, Nanoseconds instant) const {
     if (instant <= checkpoint.instant) {
-        return checkpoint.gone;
+        return checkpoint.travel;
     }
     const double from = checkpoint.straightFrom;
-    const double to = Felt().WithoutNoise(checkpoint.instant + step);
+    const double to = Measurand().WithoutNoise(checkpoint.instant + step);
     const double part = static_cast<double>((instant - checkpoint.instant).count()) / static_cast<double>(step.count());
     const double reached = std::clamp(from + part * (to - from), std::min(from, to), std::max(from, to));
-    return checkpoint.gone + CountsGone(from, reached, Description().encoder.output, mode);
+    return checkpoint.travel + CountsTravelled(from, reached, Description().encoder.output, mode);
 }
 
 const EncoderHardware::State& EncoderHardware::CheckpointBefore(Nanoseconds instant) const {
@@ -185,8 +185,8 @@ EncoderHardware::State EncoderHardware::StateAt(Nanoseconds time) const {
 }
 
 void EncoderHardware::StepTo(State& state, Nanoseconds instant) const {
-    state.gone = GoneAt(state, instant);
-    const double position = Felt().WithoutNoise(instant);
+    state.travel = TravelAt(state, instant);
+    const double position = Measurand().WithoutNoise(instant);
     const double before = state.position;
     if (position != before) {
         state.count += CountsBetween(before, position, Description().encoder.output, mode);

@@ -51,11 +51,11 @@ private:
         double position = 0.0; ///< in lines
         std::int64_t count = 0;
         TavikLibrary::eRefAction action = TavikLibrary::eRefAction::None;
-        std::int64_t gone = 0;     ///< counts, whatever their direction
+        std::int64_t travel = 0;   ///< counts, whatever their direction
         double straightFrom = 0.0; ///< from here it goes straight on to where it is a step later
     };
     const State& CheckpointBefore(Nanoseconds instant) const;
-    std::int64_t GoneAt(const State& checkpoint, Nanoseconds instant) const;
+    std::int64_t TravelAt(const State& checkpoint, Nanoseconds instant) const;
     State StateAt(Nanoseconds time) const;
     void StepTo(State& state, Nanoseconds instant) const;
     void PassMarks(State& state, double position) const;

@@ -96,7 +96,7 @@ bool ComesWithoutReading(int code) {
            code == static_cast<int>(eTavikErrors::SignalFault) || code == static_cast<int>(eTavikErrors::BeamOff);
 }
 
-void Refuse(eTavikErrors error, const std::string& sentence) {
+void Reject(eTavikErrors error, const std::string& sentence) {
     throw TavikLibrary::TavikException(static_cast<int>(error), sentence);
 }
 

@@ -16,6 +16,6 @@ std::string ErrorDescription(int code);
 bool ComesWithoutReading(int code);
 
 /// Throws TavikException with a code and a sentence for the operator.
-[[noreturn]] void Refuse(TavikLibrary::eTavikErrors error, const std::string& sentence);
+[[noreturn]] void Reject(TavikLibrary::eTavikErrors error, const std::string& sentence);
 
 } // namespace TavikSimulator

@@ -34,8 +34,8 @@ double Reach(eKRV_BluetoothClass radioClass) {
     return 0.0;
 }
 
-[[noreturn]] void RefuseAnswer(const std::string& identity, const std::string& why) {
-    Refuse(eTavikErrors::ModuleNotResponding, "Hand tool " + identity + " does not answer: " + why + ".");
+[[noreturn]] void RejectAnswer(const std::string& identity, const std::string& why) {
+    Reject(eTavikErrors::ModuleNotResponding, "Hand tool " + identity + " does not answer: " + why + ".");
 }
 
 } // namespace
@@ -55,7 +55,7 @@ HandTool::HandTool(const ToolDescription& toolDescription)
 
 const ToolChannelDescription& HandTool::Channel(int channel) const {
     if (channel < 0 || channel >= ChannelCount()) {
-        Refuse(eTavikErrors::InvalidArgument, "Hand tool " + Identity() + " has the channels 0 to " +
+        Reject(eTavikErrors::InvalidArgument, "Hand tool " + Identity() + " has the channels 0 to " +
                                                   std::to_string(ChannelCount() - 1) + ", but no channel " +
                                                   std::to_string(channel) + ".");
     }
@@ -136,7 +136,7 @@ void HandTool::PowerCycle(Nanoseconds now) {
 
 void HandTool::Press(int button, Nanoseconds now) {
     if (button != 1 && button != 2) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "A hand tool has the buttons 1 and 2, but no button " + std::to_string(button) + ".");
     }
     WatchUntil(now);
@@ -189,16 +189,16 @@ Nanoseconds HandTool::NextDelay() {
 
 void HandTool::RequireAnswer(Nanoseconds now) {
     if (!IsInRange()) {
-        RefuseAnswer(Identity(), "it is out of range");
+        RejectAnswer(Identity(), "it is out of range");
     }
     if (Battery(now) == 0) {
-        RefuseAnswer(Identity(), "its battery is empty");
+        RejectAnswer(Identity(), "its battery is empty");
     }
     if (asleep) {
-        RefuseAnswer(Identity(), "it has switched itself off");
+        RejectAnswer(Identity(), "it has switched itself off");
     }
     if (Happens(description.link.loss)) {
-        RefuseAnswer(Identity(), "the radio link is weak");
+        RejectAnswer(Identity(), "the radio link is weak");
     }
     lastUse = now;
 }
@@ -237,7 +237,7 @@ bool HandTool::InConfigMode(Nanoseconds now) {
 
 void HandTool::RequireConfigMode(Nanoseconds now) {
     if (!InConfigMode(now)) {
-        Refuse(eTavikErrors::NotSupported, "Hand tool " + Identity() + " is not in configuration mode.");
+        Reject(eTavikErrors::NotSupported, "Hand tool " + Identity() + " is not in configuration mode.");
     }
     ++configCalls;
     if (configCalls == description.configCalls) {
@@ -247,7 +247,7 @@ void HandTool::RequireConfigMode(Nanoseconds now) {
 
 std::string HandTool::Reply(const std::string& command) const {
     if (command != "IDENTIFY") {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Hand tool " + Identity() + " does not know the command \"" + command + "\".");
     }
     if (description.identifyReply) {

@@ -101,7 +101,7 @@ void HandTool::Tag(Nanoseconds now) {
 
 std::vector<ToolReading> HandTool::Read(eRead3_ControlCode code, Nanoseconds now) {
     if (code != eRead3_ControlCode::Normal && code != eRead3_ControlCode::Tagged) {
-        Refuse(eTavikErrors::InvalidArgument, "A hand tool is read with the code 1 (normal) or 3 (tagged), not " +
+        Reject(eTavikErrors::InvalidArgument, "A hand tool is read with the code 1 (normal) or 3 (tagged), not " +
                                                   std::to_string(static_cast<int>(code)) + ".");
     }
     if (IsAsleep(now) && IsInRange() && Battery(now) > 0) {

@@ -4,13 +4,13 @@ namespace TavikSimulator {
 
 void InputLine::Take(int newLevel, Nanoseconds time, Nanoseconds debounceTime) {
     if (newLevel != level) {
-        Settle(time, debounceTime);
+        LatchLevel(time, debounceTime);
         level = newLevel;
         since = time;
     }
 }
 
-void InputLine::Settle(Nanoseconds time, Nanoseconds debounceTime) {
+void InputLine::LatchLevel(Nanoseconds time, Nanoseconds debounceTime) {
     rises = RisesUntil(time, debounceTime);
     before = LevelAt(time, debounceTime);
 }

@@ -13,7 +13,7 @@ public:
     /// The line takes a level, 0 or 1, at a time that is not before the last one.
     void Take(int newLevel, Nanoseconds time, Nanoseconds debounceTime);
     /// What is seen now stays seen under another debounce time.
-    void Settle(Nanoseconds time, Nanoseconds debounceTime);
+    void LatchLevel(Nanoseconds time, Nanoseconds debounceTime);
     int LevelAt(Nanoseconds time, Nanoseconds debounceTime) const;
     /// How often the module has seen the line go high until a time that is not before the last change.
     std::int64_t RisesUntil(Nanoseconds time, Nanoseconds debounceTime) const;

@@ -23,8 +23,8 @@ bool ReadWhole(const std::string& text, Number& number) {
     return error == std::errc() && read == end;
 }
 
-[[noreturn]] void RefuseText(const std::string& setting, const std::string& text, const char* needed) {
-    Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
+[[noreturn]] void RejectText(const std::string& setting, const std::string& text, const char* needed) {
+    Reject(TavikLibrary::eTavikErrors::InvalidArgument,
            "The setting \"" + setting + "\" needs " + needed + ", not \"" + text + "\".");
 }
 
@@ -41,7 +41,7 @@ std::string NumberText(double number) {
 int WholeNumber(const std::string& setting, const std::string& text) {
     int number = 0;
     if (!ReadWhole(text, number)) {
-        RefuseText(setting, text, "a whole number");
+        RejectText(setting, text, "a whole number");
     }
     return number;
 }
@@ -49,7 +49,7 @@ int WholeNumber(const std::string& setting, const std::string& text) {
 double RealNumber(const std::string& setting, const std::string& text) {
     double number = 0.0;
     if (!ReadWhole(text, number) || !std::isfinite(number)) {
-        RefuseText(setting, text, "a number");
+        RejectText(setting, text, "a number");
     }
     return number;
 }
@@ -58,7 +58,7 @@ KeptSetting KeptSwitch(const std::string& name, const std::function<bool()>& get
                        const std::function<void(bool)>& use) {
     const auto require = [name](const std::string& text) {
         if (text != "0" && text != "1") {
-            RefuseText(name, text, "0 or 1");
+            RejectText(name, text, "0 or 1");
         }
     };
     return {name, [get] { return std::string(get() ? "1" : "0"); }, require,

@@ -46,7 +46,7 @@ Reading FilteredLaserHardware::ReadAt(Nanoseconds time) const {
     }
     for (int steps = 1; steps <= levelCutTime; ++steps) {
         const Nanoseconds earlier = time - steps * LevelCutStep;
-        const double position = Felt().WithoutNoise(earlier) - Description().offset;
+        const double position = Measurand().WithoutNoise(earlier) - Description().offset;
         if (position >= 0.0 && position <= Description().stroke) {
             return LaserHardware::ReadAt(earlier);
         }
@@ -56,7 +56,7 @@ Reading FilteredLaserHardware::ReadAt(Nanoseconds time) const {
 
 void FilteredLaserHardware::RequireFilter(eFilter newFilter) const {
     if (!CutoffOf(newFilter)) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no filter " + std::to_string(static_cast<int>(newFilter)) + ".");
     }
 }
@@ -70,7 +70,7 @@ void FilteredLaserHardware::SetFilter(eFilter newFilter) {
 void FilteredLaserHardware::RequireLevelCutTime(int steps) const {
     const int most = Description().laser.levelCutTimeMax;
     if (steps < 0 || steps > most) {
-        Refuse(eTavikErrors::InvalidArgument, "The level-cut time of module " + Identity() + " is 0 to " +
+        Reject(eTavikErrors::InvalidArgument, "The level-cut time of module " + Identity() + " is 0 to " +
                                                   std::to_string(most) + " steps, not " + std::to_string(steps) + ".");
     }
 }
@@ -104,7 +104,7 @@ Nanoseconds RatedLaserHardware::ReadingPeriod() const {
 
 void RatedLaserHardware::RequireOnOffer(eMeasuringRate newRate) const {
     if (!Offers(Description().laser, newRate)) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the measuring rate " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the measuring rate " +
                                                   TavikLibrary::eMeasuringRate_ToString(newRate) + ".");
     }
 }

@@ -21,8 +21,8 @@ constexpr int MostCounts = 1000000000;
 
 constexpr std::chrono::seconds OperatorTime{1}; // for the travel over the mark and back
 constexpr std::chrono::milliseconds OperatorStep{10};
-constexpr double HandOvershoot = 0.05;   // of the stroke
-constexpr double MarkWithoutWord = 0.25; // of the stroke
+constexpr double OperatorOvershoot = 0.05; // of the stroke
+constexpr double DefaultMark = 0.25;       // of the stroke
 
 /// A count as the encoder's register holds it, and whether it does.
 Reading Registered(std::int64_t count, int code) {
@@ -44,7 +44,7 @@ double ShareOfWay(Nanoseconds time) {
 
 LinearEncoderHardware::LinearEncoderHardware(const ModuleDescription& description)
     : ModuleHardware(description),
-      mark(description.linearEncoder.mark.value_or(description.offset + MarkWithoutWord * description.stroke)) {}
+      mark(description.linearEncoder.mark.value_or(description.offset + DefaultMark * description.stroke)) {}
 
 Reading LinearEncoderHardware::ReadAt(Nanoseconds time) const {
     Follow(time);
@@ -63,7 +63,7 @@ void LinearEncoderHardware::PowerOn(Nanoseconds time) {
 
 void LinearEncoderHardware::RequireDirection(eDirection newDirection) const {
     if (newDirection != eDirection::Normal && newDirection != eDirection::Reversed) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " has no counting direction " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() + " has no counting direction " +
                                                   std::to_string(static_cast<int>(newDirection)) + ".");
     }
 }
@@ -139,11 +139,11 @@ double LinearEncoderHardware::TipFor(double part, Nanoseconds instant) const {
 }
 
 double LinearEncoderHardware::TipWithoutNoise(Nanoseconds instant) const {
-    return TipFor(Felt().WithoutNoise(instant), instant);
+    return TipFor(Measurand().WithoutNoise(instant), instant);
 }
 
 Reading LinearEncoderHardware::PositionAt(Nanoseconds time) const {
-    return Digitise(TipFor(Felt().At(time), time), Range());
+    return Digitise(TipFor(Measurand().At(time), time), Range());
 }
 
 std::int64_t LinearEncoderHardware::CountAt(std::int64_t position) const {
@@ -154,7 +154,7 @@ std::int64_t LinearEncoderHardware::CountAt(std::int64_t position) const {
 int LinearEncoderHardware::CountsOf(double value) const {
     const double counts = std::round((value - Range().offset) * TavikSimulator::CountsPerUnit(Range()));
     if (!(std::abs(counts) <= MostCounts)) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() +
                                                   " counts from -1000000000 to 1000000000 and cannot be set to " +
                                                   std::to_string(value) + " " + Unit() + ".");
     }
@@ -163,7 +163,7 @@ int LinearEncoderHardware::CountsOf(double value) const {
 
 void LinearEncoderHardware::RequireCount(int counts) const {
     if (counts < -MostCounts || counts > MostCounts) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() +
                                                   " counts from -1000000000 to 1000000000 and cannot be set to " +
                                                   std::to_string(counts) + ".");
     }
@@ -171,13 +171,13 @@ void LinearEncoderHardware::RequireCount(int counts) const {
 
 void LinearEncoderHardware::RequireFound(Nanoseconds time) const {
     if (!MarkFound(time)) {
-        Refuse(eTavikErrors::MarkNotFound, "The reference mark of module " + Identity() + " has not been found.");
+        Reject(eTavikErrors::MarkNotFound, "The reference mark of module " + Identity() + " has not been found.");
     }
 }
 
 void LinearEncoderHardware::RequireKnown(eReferenceMarkMode mode) const {
     if (mode != eReferenceMarkMode::Learn && mode != eReferenceMarkMode::Recall) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no reference mark mode " + std::to_string(static_cast<int>(mode)) + ".");
     }
 }
@@ -190,13 +190,13 @@ void LinearEncoderHardware::Find(std::optional<int> recall, Nanoseconds time) {
     const double tip = TipWithoutNoise(time);
     search = {recall, time, tip};
     if (const auto& comesAfter = Description().linearEncoder.hand) {
-        const double overshoot = HandOvershoot * Range().stroke;
+        const double overshoot = OperatorOvershoot * Range().stroke;
         hand = Hand{time + *comesAfter, tip < mark ? mark + overshoot : mark - overshoot};
     }
 }
 
 void LinearEncoderHardware::Follow(Nanoseconds time) const {
-    Nanoseconds step = StepFor(Felt().Description());
+    Nanoseconds step = StepFor(Measurand().Description());
     if (hand) {
         step = std::min<Nanoseconds>(step, OperatorStep);
     }

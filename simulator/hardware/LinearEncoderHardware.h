@@ -54,7 +54,7 @@ private:
     };
     struct Search {
         std::optional<int> recall; ///< in counts; none in learn mode
-        Nanoseconds instant{};       ///< until which the tip has been followed
+        Nanoseconds instant{};     ///< until which the tip has been followed
         double tip = 0.0;          ///< where it was then
     };
     /// The way of the simulated hand.

@@ -21,7 +21,7 @@ MasterSettings::MasterSettings(std::string moduleIdentity, bool encoder)
 
 void MasterSettings::RequirePulses(int counts, const char* what) const {
     if (counts < 1 || counts > MostPulses) {
-        Refuse(eTavikErrors::InvalidArgument, std::string("The counts per ") + what + " of module " + identity +
+        Reject(eTavikErrors::InvalidArgument, std::string("The counts per ") + what + " of module " + identity +
                                                   " must be 1 to " + std::to_string(MostPulses) + ", not " +
                                                   std::to_string(counts) + ".");
     }
@@ -39,7 +39,7 @@ void MasterSettings::SetTxSync(int counts) {
 
 void MasterSettings::RequireHoldOff(int counts) const {
     if (counts < 0) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "The hold-off of module " + identity + " must be 0 or more counts, not " + std::to_string(counts) + ".");
     }
 }
@@ -58,11 +58,11 @@ void MasterSettings::RequireMode(eDynamicMasterMode newMode) const {
     case eDynamicMasterMode::Refaction_Reset:
     case eDynamicMasterMode::Refaction_Preset:
         if (!hasEncoder) {
-            Refuse(eTavikErrors::NotSupported, "Module " + identity + " has no encoder to wait for.");
+            Reject(eTavikErrors::NotSupported, "Module " + identity + " has no encoder to wait for.");
         }
         break;
     default:
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + identity + " has no master mode " + std::to_string(static_cast<int>(newMode)) + ".");
     }
 }

@@ -14,9 +14,9 @@
 namespace TavikSimulator {
 
 /// Where a module stands when the bench is made.
-enum class Place {
+enum class PlugState {
     Listed, ///< in its network's list
-    Wire,   ///< plugged in, but not in the list yet
+    OnBus,  ///< plugged in, but not in the list yet
     Absent, ///< not plugged in; in the list all the same when it is replaced or comes back
 };
 
@@ -61,9 +61,9 @@ struct ModuleDescription {
     AirGaugeDescription airGauge; ///< of an air gauge
     WirelessDescription wireless; ///< of a wireless connection module
     SignalDescription signal;
-    Place place = Place::Listed;
+    PlugState plugState = PlugState::Listed;
     std::optional<Nanoseconds> announcesAfter; ///< from the start of a notify run
-    bool remembered = true;                  ///< its connector knows it
+    bool remembered = true;                    ///< its connector knows it
 };
 
 /// Whether a text is 10 characters, upper-case letters and digits.

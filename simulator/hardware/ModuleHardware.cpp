@@ -8,7 +8,7 @@
 namespace TavikSimulator {
 
 ModuleHardware::ModuleHardware(const ModuleDescription& moduleDescription)
-    : present(moduleDescription.place != Place::Absent),
+    : present(moduleDescription.plugState != PlugState::Absent),
       announcesAfter(moduleDescription.announcesAfter),
       description(moduleDescription),
       signal(moduleDescription.signal) {
@@ -54,7 +54,7 @@ bool ModuleHardware::Answers(Nanoseconds) const {
 
 void ModuleHardware::RequireAnswer(Nanoseconds time, const std::string& networkName) const {
     if (!Answers(time)) {
-        Refuse(TavikLibrary::eTavikErrors::ModuleNotResponding,
+        Reject(TavikLibrary::eTavikErrors::ModuleNotResponding,
                "Module " + Identity() + " on network \"" + networkName + "\" does not answer.");
     }
 }
@@ -103,7 +103,7 @@ void ModuleHardware::RequireSettings(const StoredSettings& settings, Nanoseconds
         }
     }
     if (!others.empty()) {
-        Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
+        Reject(TavikLibrary::eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no setting \"" + others.begin()->first + "\".");
     }
 }

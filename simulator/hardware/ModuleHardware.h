@@ -76,7 +76,7 @@ protected:
     virtual std::vector<KeptSetting> KeptSettings(Nanoseconds time);
     /// The signal has changed; it has been changed in the description already.
     virtual void UseSignal(const SignalDescription& signal);
-    const Signal& Felt() const { return signal; }
+    const Signal& Measurand() const { return signal; }
     const MeasuringRange& Range() const { return range; }
     /// What the module says of itself, for a module that can come to say something else.
     ModuleDescription& Information() { return description; }

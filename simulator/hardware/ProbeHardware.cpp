@@ -60,14 +60,14 @@ eAveraging ProbeHardware::Averaging() const {
 
 void ProbeHardware::RequireOnOffer(eResolution resolution) const {
     if (!BitsOf(resolution) || !Offers(Description().resolutions, resolution)) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the resolution " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the resolution " +
                                                   TavikLibrary::eResolution_ToString(resolution) + ".");
     }
 }
 
 void ProbeHardware::RequireOnOffer(eAveraging averaging) const {
     if (!SamplesOf(averaging) || !Offers(Description().averagings, averaging)) {
-        Refuse(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the averaging " +
+        Reject(eTavikErrors::InvalidArgument, "Module " + Identity() + " does not offer the averaging " +
                                                   TavikLibrary::eAveraging_ToString(averaging) + ".");
     }
 }

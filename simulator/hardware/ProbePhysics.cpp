@@ -54,22 +54,22 @@ auto ValueOf(const Table& table, int number) -> std::optional<typename Table::va
     return std::nullopt;
 }
 
-std::string ResolutionComplaint(int bits) {
+std::string ResolutionError(int bits) {
     return ResolutionOf(bits) ? std::string() : "The resolution must be 14, 15, 16, 17 or 18 bits.";
 }
 
-std::string LowPassComplaint(double hertz) {
+std::string LowPassError(double hertz) {
     const bool possible = hertz == 0.0 || (hertz >= 0.01 && hertz <= 1e6);
     return possible ? std::string() : "The low-pass filter must be 0.01 Hz to 1 MHz.";
 }
 
-std::string AveragingComplaint(int samples) {
+std::string AveragingError(int samples) {
     return AveragingOf(samples) ? std::string() : "The averaging must be 1, 2, 4, 8, 16, 32, 64, 128 or 256 samples.";
 }
 
-void ThrowIfAny(const std::string& complaint) {
-    if (!complaint.empty()) {
-        throw std::invalid_argument(complaint);
+void ThrowIfAny(const std::string& reason) {
+    if (!reason.empty()) {
+        throw std::invalid_argument(reason);
     }
 }
 
@@ -103,11 +103,11 @@ std::string Validate(const ProbeDescription& description) {
     if (!(description.samplePeriod >= 1e-6 && description.samplePeriod <= 1.0)) {
         return "The sample period must be 0.000001 s to 1 s.";
     }
-    for (const std::string& complaint :
-         {ResolutionComplaint(description.resolutionBits), AveragingComplaint(description.averagingSamples),
-          LowPassComplaint(description.lowPassCutoff)}) {
-        if (!complaint.empty()) {
-            return complaint;
+    for (const std::string& reason :
+         {ResolutionError(description.resolutionBits), AveragingError(description.averagingSamples),
+          LowPassError(description.lowPassCutoff)}) {
+        if (!reason.empty()) {
+            return reason;
         }
     }
     return Validate(description.signal);
@@ -142,20 +142,20 @@ SampleWindow ProbePhysics::WindowAt(Nanoseconds time) const {
 }
 
 void ProbePhysics::SetResolutionBits(int bits, Nanoseconds time) {
-    ThrowIfAny(ResolutionComplaint(bits));
+    ThrowIfAny(ResolutionError(bits));
     resolutionBits = bits;
     range.fullScale = 1 << bits;
     Restart(time);
 }
 
 void ProbePhysics::SetAveragingSamples(int samples, Nanoseconds time) {
-    ThrowIfAny(AveragingComplaint(samples));
+    ThrowIfAny(AveragingError(samples));
     averagingSamples = samples;
     Restart(time);
 }
 
 void ProbePhysics::SetLowPassCutoff(double hertz) {
-    ThrowIfAny(LowPassComplaint(hertz));
+    ThrowIfAny(LowPassError(hertz));
     lowPass.reset();
     if (hertz > 0.0) {
         lowPass.emplace(hertz, samplePeriod);

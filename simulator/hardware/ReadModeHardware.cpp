@@ -34,7 +34,7 @@ void ReadModeHardware::RequireReadMode(eHvxReadMode newMode) const {
     case eHvxReadMode::ReadOnSample:
         break;
     default:
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + Identity() + " has no read mode " + std::to_string(static_cast<int>(newMode)) + ".");
     }
 }
@@ -54,7 +54,7 @@ std::vector<KeptSetting> ReadModeHardware::KeptSettings(Nanoseconds time) {
 
 void ReadModeHardware::Sample(Nanoseconds time) {
     if (mode != eHvxReadMode::ReadOnSample) {
-        Refuse(eTavikErrors::NotSupported, "Module " + Identity() + " takes samples in the mode \"" +
+        Reject(eTavikErrors::NotSupported, "Module " + Identity() + " takes samples in the mode \"" +
                                                eHvxReadMode_ToString(eHvxReadMode::ReadOnSample) + "\" only.");
     }
     sampledAt = time;

@@ -31,8 +31,8 @@ struct ToolChannelDescription {
 struct LinkDescription {
     Nanoseconds delay = std::chrono::milliseconds(30); ///< from a question to its answer
     Nanoseconds jitter{};                              ///< the most that an answer is late
-    double loss = 0.0;                               ///< that a question gets no answer
-    double repeat = 0.0;                             ///< that a read gets the readings of the one before
+    double loss = 0.0;                                 ///< that a question gets no answer
+    double repeat = 0.0;                               ///< that a read gets the readings of the one before
     Nanoseconds connectTime{};                         ///< from a restart of the module until the tool is connected
 };
 
@@ -47,7 +47,7 @@ struct ToolDescription {
     int autoPowerOff = 300;                   ///< in seconds; 0 for never
     int configTries = 1;                      ///< until the tool enters configuration mode; 0 for never
     int configCalls = 0;                      ///< after which it leaves that mode by itself; 0 for never
-    Nanoseconds pressEvery{};                   ///< from one press of button 1 by its user to the next; 0 for never
+    Nanoseconds pressEvery{};                 ///< from one press of button 1 by its user to the next; 0 for never
     LinkDescription link;
     std::vector<ToolChannelDescription> channels;
     std::uint64_t seed = 1;

@@ -48,7 +48,7 @@ void WirelessHardware::PowerOn(Nanoseconds time) {
 
 void WirelessHardware::RequireSlot(int slot) {
     if (slot < 0 || slot >= WirelessSlots) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "A wireless connection module has the slots 0 to 5, but no slot " + std::to_string(slot) + ".");
     }
 }
@@ -66,7 +66,7 @@ namespace {
 
 void RequireToolIdentity(const std::string& identity) {
     if (!identity.empty() && !IsIdentity(identity)) {
-        Refuse(eTavikErrors::IdentityMalformed,
+        Reject(eTavikErrors::IdentityMalformed,
                "\"" + identity +
                    "\" is not the identity of a hand tool: that has 10 characters, upper-case letters and digits.");
     }
@@ -74,7 +74,7 @@ void RequireToolIdentity(const std::string& identity) {
 
 void RequireToolName(const std::string& name) {
     if (CharacterCount(name) > LongestToolName) {
-        Refuse(eTavikErrors::InvalidArgument, "\"" + name + "\" has more than 20 characters.");
+        Reject(eTavikErrors::InvalidArgument, "\"" + name + "\" has more than 20 characters.");
     }
 }
 
@@ -141,10 +141,10 @@ HandTool& WirelessHardware::ConnectedTool(int slot, Nanoseconds now) {
     const std::string number = std::to_string(slot + 1);
     switch (StatusOf(slot, now)) {
     case eRLK_DeviceStatus::Empty:
-        Refuse(eTavikErrors::NotAvailable, "Slot " + number + " of module " + Identity() + " is empty.");
+        Reject(eTavikErrors::NotAvailable, "Slot " + number + " of module " + Identity() + " is empty.");
     case eRLK_DeviceStatus::Searching:
     case eRLK_DeviceStatus::Connecting:
-        Refuse(eTavikErrors::ModuleNotResponding, "Slot " + number + " of module " + Identity() +
+        Reject(eTavikErrors::ModuleNotResponding, "Slot " + number + " of module " + Identity() +
                                                       " is not connected to hand tool " + At(slot).effective + ".");
     default:
         return *ToolOf(slot);
@@ -158,7 +158,7 @@ void WirelessHardware::ComeUp() {
 void WirelessHardware::Reconnect(Nanoseconds now) {
     if (failedRestartsLeft > 0) {
         --failedRestartsLeft;
-        Refuse(eTavikErrors::ModuleNotResponding,
+        Reject(eTavikErrors::ModuleNotResponding,
                "Module " + Identity() + " did not connect to its hand tools after its restart.");
     }
     Connect(now);

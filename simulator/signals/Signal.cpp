@@ -13,9 +13,9 @@ namespace {
 constexpr double TwoPi = 6.283185307179586476925;
 
 SignalDescription Possible(SignalDescription description) {
-    const std::string complaint = Validate(description);
-    if (!complaint.empty()) {
-        throw std::invalid_argument(complaint);
+    const std::string reason = Validate(description);
+    if (!reason.empty()) {
+        throw std::invalid_argument(reason);
     }
     return description;
 }

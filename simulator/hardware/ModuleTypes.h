@@ -11,7 +11,7 @@ namespace TavikSimulator {
 class ModuleHardware;
 
 /// One type of module: its defaults and its behaviour on the bus.
-struct ModuleKind {
+struct ModuleTypeInfo {
     TavikLibrary::eModuleType type;
     const char* name;
     /// What a bench file need not say.
@@ -19,8 +19,8 @@ struct ModuleKind {
     std::shared_ptr<ModuleHardware> (*makeHardware)(const ModuleDescription& description);
 };
 
-const std::vector<ModuleKind>& ModuleKinds();
+const std::vector<ModuleTypeInfo>& ModuleTypes();
 /// The kind of a type. Throws TavikException for a type that is no module's.
-const ModuleKind& KindOf(TavikLibrary::eModuleType type);
+const ModuleTypeInfo& TypeInfoOf(TavikLibrary::eModuleType type);
 
 } // namespace TavikSimulator

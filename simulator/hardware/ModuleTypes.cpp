@@ -1,4 +1,4 @@
-#include "simulator/hardware/ModuleKinds.h"
+#include "simulator/hardware/ModuleTypes.h"
 
 #include "simulator/hardware/AirGaugeHardware.h"
 #include "simulator/hardware/DigitalIO2Hardware.h"
@@ -166,8 +166,8 @@ ModuleDescription AirGauge() {
 
 } // namespace
 
-const std::vector<ModuleKind>& ModuleKinds() {
-    static const std::vector<ModuleKind> kinds = {
+const std::vector<ModuleTypeInfo>& ModuleTypes() {
+    static const std::vector<ModuleTypeInfo> kinds = {
         {eModuleType::KX, "KX", Probe, MakeHardware<ProbeHardware>},
         {eModuleType::RN, "RN", LinearEncoder, MakeHardware<LinearEncoderHardware>},
         {eModuleType::QTA, "QTA", EncoderInterface, MakeHardware<EncoderHardware>},
@@ -183,13 +183,13 @@ const std::vector<ModuleKind>& ModuleKinds() {
     return kinds;
 }
 
-const ModuleKind& KindOf(eModuleType type) {
-    for (const ModuleKind& kind : ModuleKinds()) {
+const ModuleTypeInfo& TypeInfoOf(eModuleType type) {
+    for (const ModuleTypeInfo& kind : ModuleTypes()) {
         if (kind.type == type) {
             return kind;
         }
     }
-    Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
+    Reject(TavikLibrary::eTavikErrors::InvalidArgument,
            "There is no kind of module " + TavikLibrary::eModuleType_ToString(type) + ".");
 }
 
