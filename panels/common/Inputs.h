@@ -7,6 +7,9 @@
 #include <QSpinBox>
 #include <QWheelEvent>
 
+#include <functional>
+#include <vector>
+
 // The controls in which an operator chooses or enters something, used in every form. What is chosen or entered is what
 // the operator did: the focus chooses nothing, the wheel changes nothing without the focus, and a number that is typed
 // is one change, reported when it is complete and differs from the one before.
@@ -20,6 +23,7 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event = nullptr) const override;
     QStyleOptionViewItem viewOptions() const override;
@@ -90,4 +94,17 @@ public:
 private:
     double exact = 0.0;
     bool typed = false;
+};
+
+/// The values of the whole-number boxes, combo boxes, lists and radio buttons below a widget at one time.
+class InputValues {
+public:
+    InputValues() = default;
+    explicit InputValues(const QWidget* page);
+
+    /// Gives the inputs these values. They signal the changes.
+    void Restore() const;
+
+private:
+    std::vector<std::function<void()>> restorers;
 };

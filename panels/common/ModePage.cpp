@@ -77,8 +77,9 @@ void ModePage::ReleaseCommands() {
 }
 
 void ModePage::Forget() {
-    Leave();
+    // First: what Leave() releases must not refresh this page.
     filled = false;
+    Leave();
     network = nullptr;
     module = nullptr;
 }

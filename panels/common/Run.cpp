@@ -9,7 +9,9 @@ Run::Run(HostWindow& hostWindow, const QString& name, QPushButton* stopButton)
     }
     hold = hostWindow.DisableControls(name);
     if (stop != nullptr) {
+        // It may be one of the controls that have been disabled.
         stop->setEnabled(true);
+        stop->setFocus();
     }
 }
 
