@@ -4,7 +4,6 @@
 #include "simulator/files/BenchElement.h"
 #include "simulator/files/ModuleElement.h"
 #include "simulator/hardware/ErrorTexts.h"
-#include "simulator/hardware/ModuleTypes.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -34,14 +33,6 @@ constexpr std::size_t LargestFile = std::size_t{1024} * 1024;
     Reject(eTavikErrors::InvalidArgument, std::string(what) + " \"" + path + "\": " + reason + ".");
 }
 
-std::vector<std::pair<std::string, eModuleType>> TypeWordsOfFile() {
-    std::vector<std::pair<std::string, eModuleType>> words;
-    for (const ModuleTypeInfo& kind : ModuleTypes()) {
-        words.emplace_back(kind.name, kind.type);
-    }
-    return words;
-}
-
 StoredModule ReadModule(BenchElement element) {
     StoredModule module;
     module.line = element.Line();
@@ -49,7 +40,7 @@ StoredModule ReadModule(BenchElement element) {
     if (!IsIdentity(module.identity)) {
         element.Fail("\"" + module.identity + "\" is not a module identity.");
     }
-    module.type = element.Meaning("type", element.Required("type"), TypeWordsOfFile());
+    module.type = element.Meaning("type", element.Required("type"), TypeWords());
     for (BenchElement& child : element.Children("setting")) {
         const std::string name = child.Required("name");
         const std::optional<std::string> value = child.Text("value");
@@ -172,7 +163,7 @@ std::string NetworkText(const StoredNetwork& network) {
     for (const StoredModule& module : network.modules) {
         pugi::xml_node node = root.append_child("module");
         node.append_attribute("identity") = module.identity.c_str();
-        node.append_attribute("type") = WordFor(module.type, TypeWordsOfFile()).c_str();
+        node.append_attribute("type") = WordFor(module.type, TypeWords()).c_str();
         for (const auto& [name, value] : module.settings) {
             pugi::xml_node setting = node.append_child("setting");
             setting.append_attribute("name") = name.c_str();
