@@ -26,7 +26,7 @@ namespace {
 
 constexpr const char* RootName = "tavik-network";
 constexpr int Format = 1;
-/// A network of 150 modules takes some 20 KB.
+/// A network of 150 modules takes about 20 KB.
 constexpr std::size_t LargestFile = std::size_t{1024} * 1024;
 
 [[noreturn]] void RejectFile(const char* what, const std::string& path, const std::string& reason) {
@@ -90,7 +90,7 @@ std::string WordFor(Value value, const std::vector<std::pair<std::string, Value>
     return {};
 }
 
-/// A file of our own beside the one to be written, which takes its place at the end or goes.
+/// A temporary file beside the target, which replaces it at the end or is removed.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& wantedPath) : path(wantedPath), waiting(wantedPath + ".XXXXXX") {
@@ -126,7 +126,7 @@ public:
     }
 
 private:
-    /// As the file that was there before, or as any new file.
+    /// Permissions of the replaced file, or of a new file.
     mode_t Mode() const {
         struct stat before = {};
         if (stat(path.c_str(), &before) == 0) {
