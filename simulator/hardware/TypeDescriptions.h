@@ -16,7 +16,7 @@ namespace TavikSimulator {
 enum class EncoderOutput {
     Quadrature,     ///< two square waves a quarter of a line apart
     UpDown,         ///< a pulse per line, on A when it moves forward and on B when it moves back
-    CountDirection, ///< a pulse per line on A; B tells the direction
+    CountDirection, ///< a pulse per line on A; B is the direction
 };
 
 /// Encoder of an encoder interface.
