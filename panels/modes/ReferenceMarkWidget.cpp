@@ -101,7 +101,7 @@ void ReferenceMarkWidget::Search() {
     const bool learning = ui->radioLearn->isChecked();
     const bool inCounts = ui->radioCounts->isChecked();
     const eReferenceMarkMode mode = learning ? eReferenceMarkMode::Learn : eReferenceMarkMode::Recall;
-    const double recallValue = ui->sbRecallValue->Exact();
+    const double recallValue = ui->sbRecallValue->value();
     searched = static_cast<TavikModuleRN*>(module);
     if (inCounts) {
         searched->FindRefMark_Counts(mode, static_cast<int>(recallValue));

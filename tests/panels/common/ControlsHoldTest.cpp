@@ -2,6 +2,7 @@
 #include "tests/support/FakeHostWindow.h"
 #include "tests/support/ProgramFixture.h"
 
+#include <QLineEdit>
 #include <QStatusBar>
 
 /// A window with two buttons whose controls are held. When they are given back it can offer Stop by itself.
@@ -9,6 +10,7 @@ class HeldWindow : public FakeHostWindow {
 public:
     HeldWindow() {
         start.move(0, 40);
+        next.move(0, 80);
         stop.setEnabled(false);
         stop.setFocusPolicy(Qt::StrongFocus);
         show();
@@ -16,6 +18,7 @@ public:
     QString Message() const { return statusBar()->currentMessage(); }
 
     QPushButton start{QStringLiteral("Start"), this};
+    QLineEdit next{this};
     QPushButton stop{QStringLiteral("Stop"), this};
     bool moreToStop = false;
 

@@ -251,7 +251,9 @@ void DifferenceFailureTest::resultsHaveAsManyColumnsAsCounted() {
         const auto* table = dialog.findChild<QTableWidget*>(QStringLiteral("tableResults"));
         QCOMPARE(table->columnCount(), count);
         for (int column = 0; column < count; ++column) {
-            QCOMPARE(table->item(1, column) != nullptr, column < 2);
+            const QTableWidgetItem* maximum = table->item(1, column);
+            QCOMPARE(maximum != nullptr ? maximum->text() : QString(),
+                     column < 2 ? QStringLiteral("1.00000") : QString());
         }
         QVERIFY(WidgetDriver(dialog).Click("btnClose"));
     };
@@ -276,6 +278,7 @@ void DifferenceFailureTest::droppedNetworkLeavesThePageEmpty() {
     SetNetworkPresent("Alpha", false);
     auto* page = qobject_cast<DifferenceModeWidget*>(Page());
     page->setNetwork(&Window(), &server, network, module);
+    QVERIFY(!page->IsFilled());
     CompareEmpty();
     page->Forget();
 }
