@@ -66,11 +66,11 @@ int ChoiceBox::Value() const {
     return currentIndex() >= 0 ? currentIndex() + first : shown;
 }
 
-NumberBox::NumberBox(QWidget* parent) : WheelWithFocus(parent) {
+NumberBox::NumberBox(QWidget* parent) : NumberEntry(parent) {
     SetUpNumbers(this);
 }
 
-DecimalBox::DecimalBox(QWidget* parent) : WheelWithFocus(parent) {
+DecimalBox::DecimalBox(QWidget* parent) : NumberEntry(parent) {
     SetUpNumbers(this);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this](double value) { exact = value; });
     // Typing the number that is shown rounded is an entry, too.
@@ -85,7 +85,7 @@ DecimalBox::DecimalBox(QWidget* parent) : WheelWithFocus(parent) {
 
 void DecimalBox::ShowExact(double value) {
     setValue(decimals() == 0 ? std::trunc(value) : value);
-    exact = value;
+    exact = qBound(minimum(), value, maximum());
 }
 
 void DecimalBox::ShowDecimals(int decimals) {

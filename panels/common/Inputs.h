@@ -53,6 +53,18 @@ protected:
     }
 };
 
+/// A box for numbers. A group separator cannot be typed: taken for a decimal point, it would give a far larger number.
+template <class Box>
+class NumberEntry : public WheelWithFocus<Box> {
+public:
+    using WheelWithFocus<Box>::WheelWithFocus;
+
+protected:
+    QValidator::State validate(QString& text, int& position) const override {
+        return text.contains(this->locale().groupSeparator()) ? QValidator::Invalid : Box::validate(text, position);
+    }
+};
+
 /// A combo box whose rows stand for the library's values from a first one on.
 class ChoiceBox : public WheelWithFocus<QComboBox> {
     Q_OBJECT
@@ -71,7 +83,7 @@ private:
 };
 
 /// A whole number. It is entered in the digits 0 to 9 in every language of the computer, without group separators.
-class NumberBox : public WheelWithFocus<QSpinBox> {
+class NumberBox : public NumberEntry<QSpinBox> {
     Q_OBJECT
 
 public:
@@ -79,12 +91,13 @@ public:
 };
 
 /// A number with a decimal point. It keeps the number it was given or that was entered when fewer decimals are shown.
-class DecimalBox : public WheelWithFocus<QDoubleSpinBox> {
+class DecimalBox : public NumberEntry<QDoubleSpinBox> {
     Q_OBJECT
 
 public:
     explicit DecimalBox(QWidget* parent = nullptr);
 
+    /// A value beyond the box's range becomes the nearest one within it.
     void ShowExact(double value);
     /// The number that was entered or given to ShowExact() last, with all its decimals.
     double Exact() const { return exact; }

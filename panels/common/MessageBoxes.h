@@ -29,7 +29,7 @@ public:
     /// Shows a failure, which the top-level exception handler then does not show a second time.
     void Show(const std::runtime_error& error) const {
         const QString text = FromLibrary(error.what());
-        LastResort::MarkAsShown(text);
+        const LastResort::ShownByPage shown(text);
         ShowErrorBox(parent, title, prefix + text);
     }
 
