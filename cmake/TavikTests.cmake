@@ -30,7 +30,7 @@ set(TAVIK_TEST_ENVIRONMENT
   ${TAVIK_SANITIZER_OPTIONS})
 
 # Qt reports these mistakes in passing and goes on; a test that sees one has failed.
-set(TAVIK_QT_COMPLAINTS
+set(TAVIK_QT_WARNINGS
   "QMetaObject::connectSlotsByName: "
   "QMetaObject::invokeMethod: "
   "QObject::connect: "
@@ -66,7 +66,7 @@ function(tavik_add_test name)
   set_tests_properties(${name} PROPERTIES
     ENVIRONMENT "${TAVIK_TEST_ENVIRONMENT}"
     LABELS "${arg_LABELS}"
-    FAIL_REGULAR_EXPRESSION "${TAVIK_QT_COMPLAINTS}"
+    FAIL_REGULAR_EXPRESSION "${TAVIK_QT_WARNINGS}"
     TIMEOUT 300
     RUN_SERIAL ${arg_SERIAL})
 endfunction()

@@ -1,14 +1,14 @@
 #include "app/AboutBox.h"
 
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
 
 /// The About box: what it says and how it is laid out.
-class AboutBoxTest : public ProgramTest {
+class AboutBoxTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -42,14 +42,16 @@ void AboutBoxTest::opensFromTheMenuAndCloses() {
     Open(Benches::Two());
     BoxReply reply;
     reply.meanwhile = [](QDialog& box) {
-        QVERIFY(Hand(box).Text("lblNumberAndVersion").startsWith(QStringLiteral("Tavik Linux Library Test (482913)")));
-        const QString information = Hand(box).Text("lblInformation");
+        QVERIFY(WidgetDriver(box)
+                    .Text("lblNumberAndVersion")
+                    .startsWith(QStringLiteral("Tavik Linux Library Test (482913)")));
+        const QString information = WidgetDriver(box).Text("lblInformation");
         QVERIFY(information.contains(QStringLiteral("simulated bench")));
         QVERIFY(information.contains(QLatin1String(qVersion())));
-        const auto* logo = Hand(box).The<QLabel>("lblLogo");
+        const auto* logo = WidgetDriver(box).The<QLabel>("lblLogo");
         QVERIFY(logo->pixmap(Qt::ReturnByValue).width() > 0);
         QVERIFY(!box.windowIcon().isNull());
-        QVERIFY(Hand(box).Click("btnClose"));
+        QVERIFY(WidgetDriver(box).Click("btnClose"));
         QVERIFY(!box.isVisible());
     };
     boxes.ExpectDialog(&Window(), QStringLiteral("About Tavik Library Test"), reply);

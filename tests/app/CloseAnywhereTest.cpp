@@ -1,5 +1,6 @@
 #include "app/Application.h"
 #include "simulator/control/BenchControl.h"
+#include "tests/support/GuardedTest.h"
 #include "tests/support/QtMessages.h"
 #include "tools/monkey/Operate.h"
 #include "tools/monkey/OwnTime.h"
@@ -54,9 +55,9 @@ bool IsReached(const QString& name) {
     return front->windowTitle() == name || (front->parentWidget() == nullptr && Screen::Running(*front).contains(name));
 }
 
-[[noreturn]] void EndWith(const QStringList& complaints) {
+[[noreturn]] void EndWith(const QStringList& failures) {
     // The program cannot be taken down from inside its loops, nor the test.
-    std::printf("FAIL!  : %s: %s\n", QTest::currentDataTag(), qPrintable(complaints.join(QLatin1Char('\n'))));
+    std::printf("FAIL!  : %s: %s\n", QTest::currentDataTag(), qPrintable(failures.join(QLatin1Char('\n'))));
     std::fflush(stdout);
     std::_Exit(1);
 }
@@ -178,7 +179,7 @@ void CloseAnywhereTest::endsInTime() {
         since = BenchTime();
         return std::nullopt;
     });
-    session.OnComplaints(EndWith);
+    session.OnFailures(EndWith);
     session.OnCall([&](const JournalEntry& call) {
         if (closing && !BelongsToTheClosing(call.operation)) {
             callsLater.append(QString::fromStdString(CallText(call)));
@@ -207,7 +208,7 @@ int main(int argc, char* argv[]) {
     const Application application(argc, argv);
     QtMessages messages;
     UseFolder(folder.path());
-    CloseAnywhereTest test;
+    GuardedTest<CloseAnywhereTest> test;
     const int exitCode = QTest::qExec(&test, argc, argv);
     messages.Finish();
     return exitCode;

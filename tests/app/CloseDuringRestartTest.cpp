@@ -2,7 +2,8 @@
 #include "panels/common/HostWindow.h"
 #include "simulator/control/BenchControl.h"
 #include "tests/panels/wireless/WirelessBench.h"
-#include "tools/hand/Hand.h"
+#include "tests/support/GuardedTest.h"
+#include "tools/driver/WidgetDriver.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -59,17 +60,17 @@ void SetRestart() {
 /// What the operator does: connects, chooses the module, applies the settings and closes the window.
 void Operate() {
     HostWindow* window = MainWindowOfTheProgram();
-    const Hand hand(*window);
-    Hand(*window).Click("btnConnectAll");
-    Hand(*window).SelectPage("tabNetwork");
-    hand.The<QListWidget>("listModules")->setCurrentRow(0);
-    Hand(*window).SelectPage("tabModule");
+    const WidgetDriver driver(*window);
+    WidgetDriver(*window).Click("btnConnectAll");
+    WidgetDriver(*window).SelectPage("tabNetwork");
+    driver.The<QListWidget>("listModules")->setCurrentRow(0);
+    WidgetDriver(*window).SelectPage("tabModule");
     SetRestart();
     // Said before the click, which does not come back while a box is open.
     When(
-        window, [hand] { return hand.Find("lblWait")->isVisible(); },
+        window, [driver] { return driver.Find("lblWait")->isVisible(); },
         [window] { QTimer::singleShot(500, window, &QWidget::close); });
-    Hand(*window).Click("btnApplySettings");
+    WidgetDriver(*window).Click("btnApplySettings");
 }
 
 bool RestartedOnce() {
@@ -141,7 +142,7 @@ int main(int argc, char* argv[]) {
         return RunAsProgram(1, argv);
     }
     const QApplication application(argc, argv);
-    CloseDuringRestartTest test;
+    GuardedTest<CloseDuringRestartTest> test;
     return QTest::qExec(&test, argc, argv);
 }
 

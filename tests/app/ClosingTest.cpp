@@ -1,7 +1,7 @@
 #include "app/Program.h"
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
-#include "tools/hand/Complaints.h"
+#include "tests/support/ProgramFixture.h"
+#include "tools/driver/FailureLog.h"
 
 #include <QElapsedTimer>
 #include <QListWidget>
@@ -17,7 +17,7 @@ QString& Scenario() {
     return scenario;
 }
 
-BoxAnswerer* answerer = nullptr;
+DialogResponder* answerer = nullptr;
 bool refusalSeen = false;
 
 MainWindow* ProgramWindow() {
@@ -38,55 +38,55 @@ bool ABoxIsOpen() {
     return QApplication::activeModalWidget() != nullptr;
 }
 
-void GoToFirstModule(Hand& hand) {
-    hand.Click("btnConnectAll");
-    hand.SelectPage("tabNetwork");
-    hand.SelectRow("listModules", 0);
+void GoToFirstModule(WidgetDriver& driver) {
+    driver.Click("btnConnectAll");
+    driver.SelectPage("tabNetwork");
+    driver.SelectRow("listModules", 0);
 }
 
 /// While a box is open the window manager, or a signal to the program, can still close the window.
-void CloseUnderABox(Hand& hand, const char* operation, const char* page, const char* button) {
+void CloseUnderABox(WidgetDriver& driver, const char* operation, const char* page, const char* button) {
     FailNext(operation, QStringLiteral("Silence."));
     delete answerer;
     CloseWhen(ABoxIsOpen);
-    hand.SelectPage(page);
-    hand.Click(button);
+    driver.SelectPage(page);
+    driver.Click(button);
 }
 
 void Play() {
-    Hand hand(*ProgramWindow());
+    WidgetDriver driver(*ProgramWindow());
     if (Scenario() == QLatin1String("exit")) {
-        hand.Trigger("menuFile", "actionE_xit");
+        driver.Trigger("menuFile", "actionE_xit");
         return;
     }
-    GoToFirstModule(hand);
+    GoToFirstModule(driver);
     if (Scenario() == QLatin1String("notify")) {
-        CloseWhen([hand] { return hand.IsEnabled("btnStopNotify"); });
-        hand.Click("btnNotify");
+        CloseWhen([driver] { return driver.IsEnabled("btnStopNotify"); });
+        driver.Click("btnNotify");
     } else if (Scenario() == QLatin1String("notify that cannot be cancelled")) {
         FailNext("CancelNotifying", QStringLiteral("Cannot cancel."));
         FailNext("DisconnectAll", QStringLiteral("Cannot disconnect."));
-        CloseWhen([hand] { return hand.IsEnabled("btnStopNotify"); });
-        hand.Click("btnNotify");
+        CloseWhen([driver] { return driver.IsEnabled("btnStopNotify"); });
+        driver.Click("btnNotify");
     } else if (Scenario() == QLatin1String("continuous")) {
-        CloseWhen([hand] { return hand.IsEnabled("btnStopContinuous"); });
-        hand.SelectPage("tabModule");
-        hand.Click("btnStartContinuous");
+        CloseWhen([driver] { return driver.IsEnabled("btnStopContinuous"); });
+        driver.SelectPage("tabModule");
+        driver.Click("btnStartContinuous");
     } else if (Scenario() == QLatin1String("input box")) {
         delete answerer;
         CloseWhen(ABoxIsOpen);
-        hand.Click("btnAddModule");
+        driver.Click("btnAddModule");
     } else if (Scenario() == QLatin1String("error box")) {
-        CloseUnderABox(hand, "Ping", "tabNetwork", "btnPing");
+        CloseUnderABox(driver, "Ping", "tabNetwork", "btnPing");
     } else if (Scenario() == QLatin1String("reading error box")) {
-        CloseUnderABox(hand, "ReadInCounts", "tabModule", "btnStartContinuous");
+        CloseUnderABox(driver, "ReadInCounts", "tabModule", "btnStartContinuous");
     } else if (Scenario() == QLatin1String("last resort box")) {
-        CloseUnderABox(hand, "UpdateStatus", "tabModule", "btnGetStatus");
+        CloseUnderABox(driver, "UpdateStatus", "tabModule", "btnGetStatus");
     } else if (Scenario() == QLatin1String("nothing works")) {
         FailCall(1, 0x2101, "Nothing works.", true);
         CloseWhen([] { return true; });
     } else {
-        Complaints::Add(QStringLiteral("There is no scenario ") + Scenario());
+        FailureLog::Add(QStringLiteral("There is no scenario ") + Scenario());
     }
 }
 
@@ -94,7 +94,7 @@ void StartPlaying() {
     if (Scenario().isEmpty()) {
         return;
     }
-    answerer = new BoxAnswerer;
+    answerer = new DialogResponder;
     answerer->setParent(qApp);
     if (Scenario() == QLatin1String("refused bench")) {
         BoxReply reply;
@@ -121,11 +121,11 @@ int PlayProgram(int argc, char* argv[]) {
     }
     const int code = RunProgram(argc, argv);
     if (code == 1 && !refusalSeen) {
-        Complaints::Add(QStringLiteral("The operator was not told why."));
+        FailureLog::Add(QStringLiteral("The operator was not told why."));
     }
-    const QStringList complaints = Complaints::Take();
-    if (!complaints.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(complaints.join(QLatin1Char('\n'))));
+    const QStringList failures = FailureLog::Take();
+    if (!failures.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(failures.join(QLatin1Char('\n'))));
         return 99;
     }
     return code;
@@ -136,7 +136,7 @@ int PlayProgram(int argc, char* argv[]) {
 Q_COREAPP_STARTUP_FUNCTION(StartPlaying)
 
 /// How the program ends.
-class ClosingTest : public ProgramTest {
+class ClosingTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -155,7 +155,7 @@ private:
         time.start();
         Window().close();
         if (time.elapsed() < 500) {
-            Complaints::Add(QStringLiteral("Running acquisitions were given no time to wind down."));
+            FailureLog::Add(QStringLiteral("Running acquisitions were given no time to wind down."));
         }
         return Calls::Take();
     }
@@ -245,7 +245,7 @@ int main(int argc, char* argv[]) {
         return PlayProgram(argc, argv);
     }
     const Application application(argc, argv);
-    ClosingTest test;
+    GuardedTest<ClosingTest> test;
     return QTest::qExec(&test, argc, argv);
 }
 

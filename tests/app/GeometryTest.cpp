@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>
@@ -10,7 +10,7 @@
 #include <QTableWidget>
 
 /// Where things stand at the window's smallest size, at the sizes of font and screen that the tests' list asks for.
-class GeometryTest : public ProgramTest {
+class GeometryTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -94,7 +94,7 @@ void GeometryTest::nothingIsClipped() {
     QFETCH(int, module);
     OpenModule(Benches::Two(), module);
     QVERIFY(Operator().SelectPage(qPrintable(page)));
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(Window().size(), QSize(1100, 700));
     const QWidget* shown = Operator().Find(qPrintable(page));
     QStringList clipped;
@@ -120,7 +120,7 @@ void GeometryTest::modulePageNeedsNoScrolling_data() {
 void GeometryTest::modulePageNeedsNoScrolling() {
     QFETCH(int, row);
     OpenModule(Benches::Two(), row);
-    Settle();
+    ProcessAllEvents();
     const auto* area = Operator().The<QScrollArea>("scrollModuleWidget");
     QCOMPARE(area->widget()->size(), area->viewport()->size());
     QCOMPARE(area->viewport()->size(), area->size());
@@ -140,7 +140,7 @@ void GeometryTest::modePagesNeedNoScrolling() {
     QFETCH(QString, scrollArea);
     OpenModule(Benches::Two(), 1);
     QVERIFY(Operator().SelectPage(qPrintable(page)));
-    Settle();
+    ProcessAllEvents();
     const auto* area = Operator().The<QScrollArea>(qPrintable(scrollArea));
     QCOMPARE(area->widget()->size(), area->viewport()->size());
     QCOMPARE(area->viewport()->size(), area->size());
@@ -148,7 +148,7 @@ void GeometryTest::modePagesNeedNoScrolling() {
 
 void GeometryTest::groupsDoNotOverlap() {
     OpenModule(Benches::Two(), 1);
-    Settle();
+    ProcessAllEvents();
     QVector<QRect> rectangles;
     for (const char* name : {"gbModuleInformation", "gbModuleStatus", "gbReading", "gbResolution", "gbAveraging"}) {
         const QRect rectangle = InPanel(name);
@@ -161,7 +161,7 @@ void GeometryTest::groupsDoNotOverlap() {
 
 void GeometryTest::typePanelStandsBesideTheReadings() {
     OpenModule(Benches::Two(), 1);
-    Settle();
+    ProcessAllEvents();
     CompareTypePanelPlace();
     const QWidget* panel = Operator().Find("ModuleKXwidget");
     QVERIFY(panel->width() >= panel->sizeHint().width());
@@ -179,15 +179,15 @@ void GeometryTest::typePanelStandsThereBeforeThePageWasShown() {
 void GeometryTest::typePanelFollowsTheLayout() {
     OpenModule(Benches::Two(), 0);
     Window().resize(1500, 900);
-    Settle();
+    ProcessAllEvents();
     CompareTypePanelPlace();
     QFont larger = Window().font();
     larger.setPointSize(14);
     Window().setFont(larger);
-    Settle();
+    ProcessAllEvents();
     CompareTypePanelPlace();
     Window().resize(1100, 700);
-    Settle();
+    ProcessAllEvents();
     CompareTypePanelPlace();
 }
 
@@ -195,7 +195,7 @@ void GeometryTest::smallScreenScrolls() {
     OpenModule(Benches::Two(), 0);
     Window().setMinimumSize(300, 200);
     Window().resize(500, 300);
-    Settle();
+    ProcessAllEvents();
     const auto* area = Operator().The<QScrollArea>("scrollModuleWidget");
     const QRect panel = InPanel("ModuleKXwidget");
     QVERIFY(area->widget()->rect().contains(panel));
@@ -205,7 +205,7 @@ void GeometryTest::smallScreenScrolls() {
 
 void GeometryTest::capabilityValuesStandBelowEachOther() {
     OpenNetwork(Benches::Two());
-    Settle();
+    ProcessAllEvents();
     const int right = Operator().Find("lblBufferedCapable")->geometry().right();
     for (const char* name : {"lblDynamicCapable", "lblReadburstCapable", "lblUltraHighSpeedCapable"}) {
         QCOMPARE(Operator().Find(name)->geometry().right(), right);

@@ -1,6 +1,6 @@
 #include "app/AboutBox.h"
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QLabel>
 #include <QSpinBox>
@@ -14,7 +14,7 @@ const QString decoderLabel = QStringLiteral("Please enter the error code.");
 } // namespace
 
 /// The menu "Help".
-class HelpTest : public ProgramTest {
+class HelpTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -63,7 +63,7 @@ void HelpTest::decoderCancelled() {
     boxes.ExpectNumberInput(&Window(), decoderTitle, decoderLabel, cancel);
     QVERIFY(Operator().Trigger("menuHelp", "action_Decode_Error"));
     QTRY_COMPARE(boxes.Count(), 1);
-    Settle();
+    ProcessAllEvents();
     COMPARE_CALLS(Calls::Take(), {});
 }
 
@@ -76,7 +76,7 @@ void HelpTest::aboutBoxTellsTheVersion() {
         QCOMPARE(box.minimumSize(), box.maximumSize());
         const auto* line = box.findChild<QLabel*>(QStringLiteral("lblNumberAndVersion"));
         QCOMPARE(line->text(), VersionLine(QStringLiteral(__DATE__)));
-        closed = Hand(box).Click("btnClose");
+        closed = WidgetDriver(box).Click("btnClose");
     };
     boxes.ExpectDialog(&Window(), QStringLiteral("About Tavik Library Test"), reply);
     QVERIFY(Operator().Trigger("menuHelp", "action_About"));

@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -13,7 +13,7 @@
 using namespace TavikSimulator;
 
 /// The program without a mouse, and for those who have it read to them.
-class KeyboardTest : public ProgramTest {
+class KeyboardTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

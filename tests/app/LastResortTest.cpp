@@ -1,7 +1,7 @@
 #include "panels/common/LastResort.h"
 
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <stdexcept>
 #include <thread>
@@ -13,7 +13,7 @@ const QString title = QStringLiteral("Tavik Library Test");
 } // namespace
 
 /// What becomes of a failure that nobody has an answer to.
-class LastResortTest : public ProgramTest {
+class LastResortTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -61,7 +61,7 @@ void LastResortTest::failureWhileABoxIsOpenWaits() {
     BoxReply reply;
     reply.meanwhile = [](QDialog& box) {
         LastResort::Report(QStringLiteral("Second."));
-        Settle();
+        ProcessAllEvents();
         QCOMPARE(QApplication::activeModalWidget(), &box);
     };
     boxes.ExpectError(&Window(), title, QStringLiteral("First."), reply);
@@ -81,7 +81,7 @@ void LastResortTest::nothingIsShownWhileTheWindowCloses() {
     Open(Benches::Two());
     LastResort::Report(QStringLiteral("Too late."));
     Window().close();
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(boxes.Count(), 0);
 }
 

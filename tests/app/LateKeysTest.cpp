@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QDialog>
 #include <QPushButton>
@@ -8,7 +8,7 @@
 using namespace TavikSimulator;
 
 /// What is asked for something that has just gone.
-class LateKeysTest : public ProgramTest {
+class LateKeysTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

@@ -1,12 +1,12 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
 /// Saving a network's description to a file and loading it back.
-class NetworkFilesTest : public ProgramTest {
+class NetworkFilesTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QInputDialog>
 #include <QLineEdit>
@@ -18,7 +18,7 @@ const QString addLabel = QStringLiteral("Enter the module tavik identity.");
 } // namespace
 
 /// The module list of a network and the buttons that change it.
-class NetworkPageTest : public ProgramTest {
+class NetworkPageTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

@@ -3,7 +3,7 @@
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QPushButton>
 #include <QTableWidget>
@@ -23,7 +23,7 @@ double HeapInUse() {
 } // namespace
 
 /// The rows of the networks table.
-class NetworksTableTest : public ProgramTest {
+class NetworksTableTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QPushButton>
 #include <QTabWidget>
@@ -14,7 +14,7 @@ const QString connectTitle = QStringLiteral("Connect to Network");
 } // namespace
 
 /// Connecting, disconnecting and selecting networks.
-class NetworksTest : public ProgramTest {
+class NetworksTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QSignalSpy>
 #include <QStatusBar>
@@ -16,7 +16,7 @@ constexpr const char* controls[] = {"btnConnectAll", "btnDisconnectAll", "tableN
 } // namespace
 
 /// Notify runs, in which modules announce themselves.
-class NotifyRunTest : public ProgramTest {
+class NotifyRunTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

@@ -1,6 +1,6 @@
 #include "library/TavikNetwork.h"
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -25,7 +25,7 @@ QString ResultOf(const std::string& operation) {
 } // namespace
 
 /// What the operator sees when the program has started.
-class StartTest : public ProgramTest {
+class StartTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

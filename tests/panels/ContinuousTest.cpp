@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QElapsedTimer>
 #include <QListWidget>
@@ -17,7 +17,7 @@ const QString readingError = QStringLiteral("Reading Error");
 } // namespace
 
 /// Continuous reading.
-class ContinuousTest : public ProgramTest {
+class ContinuousTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

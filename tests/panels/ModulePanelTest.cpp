@@ -3,8 +3,8 @@
 #include "library/TavikNetworks.h"
 #include "panels/module/TavikModuleWidget.h"
 #include "tests/support/Benches.h"
-#include "tests/support/HostStandIn.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/FakeHostWindow.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QListWidget>
 #include <QRadioButton>
@@ -22,7 +22,7 @@ const QString wholeProbe = QStringLiteral(
 } // namespace
 
 /// What the module panel shows of a module, and single readings.
-class ModulePanelTest : public ProgramTest {
+class ModulePanelTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -291,7 +291,7 @@ void ModulePanelTest::typePanelsAreDeletedLater() {
             wasThere = panel != nullptr && !panel->isVisible();
         },
         Qt::QueuedConnection);
-    Settle();
+    ProcessAllEvents();
     QVERIFY(wasThere);
     QVERIFY(panel == nullptr);
 }
@@ -305,7 +305,7 @@ void ModulePanelTest::typePanelOfARemovedModuleIsGoneAtOnce() {
     QTRY_COMPARE(boxes.Count(), 1);
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
     QVERIFY(Operator().SelectPage("tabModule"));
-    Settle();
+    ProcessAllEvents();
     // The panel of the probe that was deleted must not be there for the operator to use.
     QVERIFY(Window().findChildren<QWidget*>(QStringLiteral("ModuleKXwidget")).isEmpty());
 }
@@ -317,14 +317,14 @@ void ModulePanelTest::panelInAnotherHost() {
     server.Networks()->FindNetworks();
     server.Networks()->ConnectAll();
     TavikLibrary::TavikNetwork* network = server.Networks()->Network(0);
-    HostStandIn host;
+    FakeHostWindow host;
     auto* panel = new TavikModuleWidget(&host);
     host.setCentralWidget(panel);
     host.show();
     panel->SetModule(&host, &server, network, network->GetModule(0));
     When(
-        panel, [&] { return host.disabled == 1; }, [&] { Hand(host).Click("btnStopContinuous"); });
-    QVERIFY(Hand(host).Click("btnStartContinuous"));
+        panel, [&] { return host.disabled == 1; }, [&] { WidgetDriver(host).Click("btnStopContinuous"); });
+    QVERIFY(WidgetDriver(host).Click("btnStartContinuous"));
     QCOMPARE(host.disabled, 1);
     QCOMPARE(host.enabled, 1);
 }

@@ -1,6 +1,6 @@
 #include "library/TavikModuleKX.h"
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QGroupBox>
 #include <QListWidget>
@@ -24,7 +24,7 @@ const QString call = QStringLiteral("module KX00000001.");
 } // namespace
 
 /// The panel of a probe: its resolution and its averaging.
-class ProbePanelTest : public ProgramTest {
+class ProbePanelTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

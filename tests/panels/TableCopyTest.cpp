@@ -1,6 +1,7 @@
 #include "panels/common/TableCopy.h"
 
 #include "app/Application.h"
+#include "tests/support/GuardedTest.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -86,7 +87,7 @@ void TableCopyTest::withoutASelectionTheClipboardIsLeftAlone() {
 
 int main(int argc, char* argv[]) {
     const Application application(argc, argv);
-    TableCopyTest test;
+    GuardedTest<TableCopyTest> test;
     return QTest::qExec(&test, argc, argv);
 }
 

@@ -1,5 +1,5 @@
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QElapsedTimer>
 
@@ -12,7 +12,7 @@ constexpr int timedMilliseconds = 5000;
 } // namespace
 
 /// Readings against the clock, over the five seconds that they really take.
-class TimeReadingsTest : public ProgramTest {
+class TimeReadingsTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

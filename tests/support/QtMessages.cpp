@@ -1,6 +1,6 @@
 #include "tests/support/QtMessages.h"
 
-#include "tools/hand/Complaints.h"
+#include "tools/driver/FailureLog.h"
 
 #include <QVector>
 
@@ -40,7 +40,7 @@ void Handle(QtMsgType type, const QMessageLogContext& context, const QString& te
         if (TakeExpected(text)) {
             return;
         }
-        Complaints::Add(QStringLiteral("Qt complains: ") + text);
+        FailureLog::Add(QStringLiteral("Qt complains: ") + text);
     }
     if (previous != nullptr) {
         previous(type, context, text);
@@ -63,7 +63,7 @@ void QtMessages::Expect(const QString& pattern) {
 
 void QtMessages::Finish() {
     for (const QRegularExpression& missing : qAsConst(Expected())) {
-        Complaints::Add(QStringLiteral("Qt did not complain of: ") + missing.pattern());
+        FailureLog::Add(QStringLiteral("Qt did not complain of: ") + missing.pattern());
     }
     Expected().clear();
 }

@@ -3,7 +3,7 @@
 #include <QRegularExpression>
 #include <QString>
 
-/// While it lives, whatever Qt complains of (a warning or worse) goes to the Complaints, unless it was
+/// While it lives, whatever Qt complains of (a warning or worse) goes to the FailureLog, unless it was
 /// expected.
 class QtMessages {
 public:

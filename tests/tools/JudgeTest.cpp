@@ -1,8 +1,8 @@
 #include "tools/monkey/Judge.h"
 
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
-#include "tools/hand/Complaints.h"
+#include "tests/support/ProgramFixture.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/monkey/Refusals.h"
 
 #include <QMessageBox>
@@ -18,7 +18,7 @@ const QString title = QStringLiteral("Tavik Library Test");
 } // namespace
 
 /// What the monkey's judge has to say of a program that is broken by hand.
-class JudgeTest : public ProgramTest {
+class JudgeTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -49,9 +49,9 @@ private:
     }
     void FailPing() {
         FailNext("LibraryVersion", QStringLiteral("Silence."));
-        ProgramTest::boxes.ExpectError(&Window(), title, QStringLiteral("Silence."));
+        ProgramFixture::boxes.ExpectError(&Window(), title, QStringLiteral("Silence."));
         Operator().Trigger("menuHelp", "action_About");
-        QTRY_COMPARE(ProgramTest::boxes.Count(), 1);
+        QTRY_COMPARE(ProgramFixture::boxes.Count(), 1);
     }
 
     const MonkeyBench bench{};

@@ -74,7 +74,7 @@ private slots:
     void shrinkingEndsWithTheQuestions();
     void endsOfRuns_data();
     void endsOfRuns();
-    void plantedComplaintIsFoundAndShrunk();
+    void seededFaultIsFoundAndMinimised();
     void plantedCrashIsFoundAndShrunk();
     void sameSeedIsTheSameRun();
     void stepsThatDoNotFail();
@@ -145,7 +145,7 @@ void MonkeyTest::endsOfRuns() {
     QCOMPARE(outcome.kind, kind);
 }
 
-void MonkeyTest::plantedComplaintIsFoundAndShrunk() {
+void MonkeyTest::seededFaultIsFoundAndMinimised() {
     const Run run = RunMonkey(
         WithPlant({QStringLiteral("--seed"), QStringLiteral("3"), QStringLiteral("--events"), QStringLiteral("3000")}));
     QCOMPARE(run.exitCode, 1);

@@ -1,7 +1,7 @@
 #include "tools/soak/Soak.h"
 
 #include "app/Application.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 #include "tools/tour/Steps.h"
 
 #include <QTemporaryFile>
@@ -139,7 +139,7 @@ void SoakTest::shortRun() {
     soak.Round();
     soak.Round();
     soak.Close();
-    QVERIFY2(soak.Complaints().isEmpty(), qPrintable(soak.Complaints().join(QLatin1Char('\n'))));
+    QVERIFY2(soak.Failures().isEmpty(), qPrintable(soak.Failures().join(QLatin1Char('\n'))));
     QCOMPARE(soak.Samples().size(), std::size_t{2});
     QVERIFY(soak.Samples().back().objects > 100.0);
     QVERIFY(Soak::BenchSeconds() > 0.0);
@@ -149,7 +149,7 @@ void SoakTest::shortRun() {
         QCOMPARE(finding.verdict, Verdict::NotJudged);
         QCOMPARE(finding.first, finding.last);
     }
-    QCOMPARE(Leftovers(), QStringList());
+    QCOMPARE(TeardownErrors(), QStringList());
 }
 
 void SoakTest::whatGoesWrongIsTold() {
@@ -160,9 +160,9 @@ void SoakTest::whatGoesWrongIsTold() {
     Soak soak(bench, steps, 1.0);
     soak.Round();
     soak.Close();
-    QCOMPARE(soak.Complaints().size(), 2);
-    QVERIFY(soak.Complaints().first().contains(QLatin1String("btnNowhere")));
-    QVERIFY(soak.Complaints().last().startsWith(QLatin1String("round 1, impossible: ")));
+    QCOMPARE(soak.Failures().size(), 2);
+    QVERIFY(soak.Failures().first().contains(QLatin1String("btnNowhere")));
+    QVERIFY(soak.Failures().last().startsWith(QLatin1String("round 1, impossible: ")));
 }
 
 int main(int argc, char* argv[]) {
@@ -172,7 +172,7 @@ int main(int argc, char* argv[]) {
         qWarning("This Qt does not tell of its objects.");
         return 1;
     }
-    SoakTest test;
+    GuardedTest<SoakTest> test;
     return QTest::qExec(&test, argc, argv);
 }
 

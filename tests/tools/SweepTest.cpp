@@ -1,8 +1,8 @@
 #include "tools/sweep/Sweep.h"
 
 #include "app/Application.h"
-#include "tests/support/ProgramTest.h"
-#include "tools/hand/Complaints.h"
+#include "tests/support/ProgramFixture.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/sweep/Choice.h"
 
 using namespace TavikSimulator;

@@ -1,7 +1,7 @@
 #include "tools/tour/Tour.h"
 
 #include "app/Application.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 #include "tools/sweep/Course.h"
 #include "tools/sweep/Walk.h"
 

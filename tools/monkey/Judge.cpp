@@ -1,7 +1,7 @@
 #include "tools/monkey/Judge.h"
 
-#include "tools/hand/BoxAnswerer.h"
-#include "tools/hand/Complaints.h"
+#include "tools/driver/DialogResponder.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/monkey/Refusals.h"
 #include "tools/monkey/Screen.h"
 
@@ -56,20 +56,20 @@ bool IsLoop(const QString& running) {
 } // namespace
 
 QStringList Judge::Look(const Standing& standing) {
-    complaints.clear();
+    failures.clear();
     doubts.clear();
     TakeCalls();
     LookForBoxes(standing);
     if (CallsOnRemovedModules() > 0) {
         Complain(QStringLiteral("A module was called that had been removed from the list."));
     }
-    complaints += Complaints::Take();
+    failures += FailureLog::Take();
     const QWidget* front = Screen::Front();
     const bool alone = front != nullptr && qobject_cast<const QMainWindow*>(front) != nullptr;
     if (alone && !standing.closing) {
         standing.inLoop ? JudgeLoop(*front) : JudgeIdle(*front, standing);
     }
-    return complaints;
+    return failures;
 }
 
 void Judge::TakeCalls() {

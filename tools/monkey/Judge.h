@@ -42,11 +42,11 @@ private:
     void JudgeIdle(const QWidget& window, const Standing& standing);
     void JudgeControls(const QWidget& window, const QStringList& running, bool faulty);
     void JudgeLoop(const QWidget& window);
-    void Complain(const QString& text) { complaints.append(text); }
+    void Complain(const QString& text) { failures.append(text); }
     void Doubt(const QString& text) { doubts.append(text); }
 
     const MonkeyBench& bench;
-    QStringList complaints;
+    QStringList failures;
     QStringList doubts;
     /// Calls that failed, or described an error, since the program was idle last.
     std::deque<TavikSimulator::JournalEntry> causes;

@@ -58,22 +58,22 @@ Rest RestOf(int thread) {
 } // namespace
 
 void OtherThreads::LetThemRest() {
-    constexpr int patience = 100000;
+    constexpr int longestLooks = 100000;
     for (const int thread : Others()) {
-        for (int look = 0; look < patience && !RestOf(thread).resting; ++look) {
+        for (int look = 0; look < longestLooks && !RestOf(thread).resting; ++look) {
             usleep(lookPause);
         }
     }
 }
 
 void OtherThreads::LetThemLook() {
-    constexpr int patience = 300; // some 50 ms: a thread that has not woken by then waits to be woken
+    constexpr int longestLooks = 300; // some 50 ms: a thread that has not woken by then waits to be woken
     std::map<int, long> before;
     for (const int thread : Others()) {
         before[thread] = RestOf(thread).pauses;
     }
     for (const auto& [thread, pauses] : before) {
-        for (int look = 0; look < patience && RestOf(thread).pauses < pauses + 2; ++look) {
+        for (int look = 0; look < longestLooks && RestOf(thread).pauses < pauses + 2; ++look) {
             usleep(lookPause);
         }
     }

@@ -18,8 +18,8 @@ namespace {
 
 constexpr int complaintExitCode = 3;
 
-[[noreturn]] void EndWith(const QStringList& complaints) {
-    for (QString complaint : complaints) {
+[[noreturn]] void EndWith(const QStringList& failures) {
+    for (QString complaint : failures) {
         complaint.replace(QLatin1Char('\n'), QLatin1String("\\n"));
         std::printf("complaint: %s\n", qPrintable(complaint));
     }
@@ -93,7 +93,7 @@ private:
 void Player::Play(int number, const MonkeyBench& bench, Session& session) {
     log.Begin(number, bench.name);
     plant.Begin();
-    session.OnComplaints(EndWith);
+    session.OnFailures(EndWith);
     session.OnStep([this](const Step& step) {
         log.Add(step);
         plant.See(step);

@@ -2,8 +2,8 @@
 
 #include "panels/common/BackgroundCalls.h"
 #include "simulator/control/BenchControl.h"
-#include "tests/support/ProgramTest.h"
-#include "tools/hand/Complaints.h"
+#include "tests/support/ProgramFixture.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/monkey/Operate.h"
 #include "tools/monkey/OtherThreads.h"
 #include "tools/monkey/OwnTime.h"
@@ -87,14 +87,14 @@ void Session::RunWindow() {
         Fail({QStringLiteral("A call of the library goes on after the program has ended.")});
     }
     window.reset();
-    Settle();
+    ProcessAllEvents();
     LookAfterTheEnd();
 }
 
 void Session::LookAfterTheEnd() {
-    const QStringList complaints = Complaints::Take() + Leftovers();
-    if (!complaints.isEmpty()) {
-        Fail(complaints);
+    const QStringList failures = FailureLog::Take() + TeardownErrors();
+    if (!failures.isEmpty()) {
+        Fail(failures);
     }
 }
 
@@ -129,9 +129,9 @@ void Session::Tick(bool inLoop) {
 bool Session::JudgeNow(bool inLoop) {
     constexpr int looksOfDoubt = 30;
     constexpr int looksToEnd = 500;
-    const QStringList complaints = judge.Look({inLoop, faulty, lying, window->IsClosing()});
-    if (!complaints.isEmpty()) {
-        Fail(complaints);
+    const QStringList failures = judge.Look({inLoop, faulty, lying, window->IsClosing()});
+    if (!failures.isEmpty()) {
+        Fail(failures);
     }
     if (window->IsClosing() && ++looksSinceClose > looksToEnd) {
         Fail({QStringLiteral("The window has been closed, and the program does not end.")});

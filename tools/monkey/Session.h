@@ -28,7 +28,7 @@ public:
     void OnStep(const std::function<void(const Step& step)>& told) { onStep = told; }
     void OnCall(const std::function<void(const TavikSimulator::JournalEntry& call)>& told) { onCall = told; }
     /// What becomes of a program that something is wrong with. Must not come back.
-    void OnComplaints(const std::function<void(const QStringList& complaints)>& told) { onComplaints = told; }
+    void OnFailures(const std::function<void(const QStringList& failures)>& told) { onFailures = told; }
 
     void Play();
 
@@ -47,13 +47,13 @@ private:
     /// Whether the program may be used on; it may not while there is a doubt.
     bool JudgeNow(bool inLoop);
     void TakeStep();
-    void Fail(const QStringList& complaints) { onComplaints(complaints); }
+    void Fail(const QStringList& failures) { onFailures(failures); }
 
     const MonkeyBench& bench;
     const Source next;
     std::function<void(const Step& step)> onStep;
     std::function<void(const TavikSimulator::JournalEntry& call)> onCall;
-    std::function<void(const QStringList& complaints)> onComplaints;
+    std::function<void(const QStringList& failures)> onFailures;
     Judge judge;
     std::unique_ptr<MainWindow> window;
     QCryptographicHash digest;

@@ -1,5 +1,5 @@
 #include "app/Application.h"
-#include "tools/hand/Complaints.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/screenshots/SmallPicture.h"
 #include "tools/tour/Tour.h"
 
@@ -18,12 +18,12 @@ int Refuse(const QString& reason) {
 }
 
 bool Save(QWidget& widget, const QDir& folder, const QString& name) {
-    Settle();
+    ProcessAllEvents();
     const QString path = folder.filePath(name + QStringLiteral(".png"));
     constexpr int smallestFile = 0;
     const bool saved = SmallPicture(widget.grab().toImage()).save(path, "PNG", smallestFile);
     if (!saved) {
-        Complaints::Add(QStringLiteral("%1 cannot be written.").arg(path));
+        FailureLog::Add(QStringLiteral("%1 cannot be written.").arg(path));
     }
     return saved;
 }
@@ -46,7 +46,7 @@ int TakePictures(const QDir& folder) {
         }
         step.act(tour);
         if (!step.seen(tour)) {
-            Complaints::Add(QStringLiteral("\"%1\" does not show what it should.").arg(step.name));
+            FailureLog::Add(QStringLiteral("\"%1\" does not show what it should.").arg(step.name));
         }
         pictures += Save(tour.Window(), folder, step.name) ? 1 : 0;
     }
@@ -69,9 +69,9 @@ int main(int argc, char* argv[]) {
         return Refuse(QStringLiteral("the folder %1 cannot be made.").arg(folder.path()));
     }
     const int pictures = TakePictures(folder);
-    const QStringList complaints = Complaints::Take();
-    if (!complaints.isEmpty()) {
-        return Refuse(complaints.join(QLatin1Char('\n')));
+    const QStringList failures = FailureLog::Take();
+    if (!failures.isEmpty()) {
+        return Refuse(failures.join(QLatin1Char('\n')));
     }
     std::printf("%d pictures in %s\n", pictures, qPrintable(folder.path()));
     return 0;

@@ -1,6 +1,6 @@
 #include "tools/soak/Soak.h"
 
-#include "tools/hand/Complaints.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/tour/Steps.h"
 #include "tools/tour/TourClock.h"
 
@@ -41,7 +41,7 @@ void ReadForAWhile(Tour& tour) {
     constexpr int looks = 1000;
     int looked = 0;
     tour.Operator().SelectPage("tabModule");
-    const auto operatorsHand = Repeatedly([&] {
+    const auto operation = Repeatedly([&] {
         if (++looked == looks) {
             tour.Operator().Click("btnStopContinuous");
         }
@@ -75,7 +75,7 @@ void Soak::Round() {
         Take(step);
     }
     tour.Operator().SelectPage("tabServer");
-    Settle();
+    ProcessAllEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     // Its entries are not all of the same length.
     TavikSimulator::ClearJournal();
@@ -87,7 +87,7 @@ void Soak::Take(const TourStep& step) {
     QCoreApplication::processEvents();
     tour.boxes.Finish();
     const bool seen = step.seen(tour);
-    QStringList wrong = Complaints::Take();
+    QStringList wrong = FailureLog::Take();
     const QVector<SeenBox> boxes = tour.boxes.Take();
     for (const SeenBox& box : boxes) {
         const bool due = tour.bench.someNetworkDead && box.title == QLatin1String("Connect to Network");
@@ -99,7 +99,7 @@ void Soak::Take(const TourStep& step) {
         wrong.append(QStringLiteral("the operator does not see what he should"));
     }
     for (const QString& text : std::as_const(wrong)) {
-        complaints.append(QStringLiteral("round %1, %2: %3").arg(samples.size() + 1).arg(step.name, text));
+        failures.append(QStringLiteral("round %1, %2: %3").arg(samples.size() + 1).arg(step.name, text));
     }
 }
 
@@ -107,7 +107,7 @@ void Soak::Close() {
     tour.Window().close();
     tour.DropWindow();
     SetTourClockSpeed(0.0);
-    complaints += Complaints::Take();
+    failures += FailureLog::Take();
 }
 
 std::vector<Finding> Soak::Findings() const {

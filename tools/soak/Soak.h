@@ -33,7 +33,7 @@ public:
     const std::vector<Sample>& Samples() const { return samples; }
     std::vector<Finding> Findings() const;
     /// What was not as it should be on the way.
-    const QStringList& Complaints() const { return complaints; }
+    const QStringList& Failures() const { return failures; }
     /// Seconds on the bench since the beginning.
     static double BenchSeconds();
 
@@ -43,7 +43,7 @@ private:
     Tour tour;
     std::vector<TourStep> steps;
     std::vector<Sample> samples;
-    QStringList complaints;
+    QStringList failures;
 };
 
 /// Connecting, reading once and continuously, every kind of module, every dialog, all acquisition modes: what of the

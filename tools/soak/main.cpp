@@ -44,7 +44,7 @@ ExitCode Conclude(const Soak& soak, const std::vector<Finding>& findings) {
         return std::any_of(findings.begin(), findings.end(),
                            [verdict](const Finding& finding) { return finding.verdict == verdict; });
     };
-    if (!soak.Complaints().isEmpty()) {
+    if (!soak.Failures().isEmpty()) {
         return SomethingWrong;
     }
     if (any(Verdict::Grows)) {
@@ -76,7 +76,7 @@ int Run(double minutes, double speed, const QString& samplesPath) {
     for (const Finding& finding : findings) {
         Print(finding);
     }
-    for (const QString& complaint : soak.Complaints()) {
+    for (const QString& complaint : soak.Failures()) {
         std::printf("%s\n", qPrintable(complaint));
     }
     if (!samplesPath.isEmpty() && !Save(samplesPath, soak.Samples())) {

@@ -94,12 +94,12 @@ QVector<SeenBox> CriticalBoxes(const QVector<SeenBox>& boxes) {
     return critical;
 }
 
-QStringList JudgeBoxes(BoxAnswerer& boxes, const OutlinedStep& outlined, Variant variant) {
+QStringList JudgeBoxes(DialogResponder& boxes, const OutlinedStep& outlined, Variant variant) {
     const FailureBox due = DueBox(outlined.step);
     const bool shown = due.shown && variant != Variant::Code;
     WaitUntil([&] { return !shown || !CriticalBoxes(boxes.Peek()).isEmpty(); });
     WaitUntil([] { return QApplication::activeModalWidget() == nullptr; });
-    Settle();
+    ProcessAllEvents();
     const QVector<SeenBox> seen = CriticalBoxes(boxes.Take());
     switch (variant) {
     case Variant::On:

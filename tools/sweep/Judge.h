@@ -9,4 +9,4 @@ extern const int failureCode;
 QVector<SeenBox> CriticalBoxes(const QVector<SeenBox>& boxes);
 
 /// Waits until the boxes of a step whose calls failed in this way have come and gone. Returns what is wrong with them.
-QStringList JudgeBoxes(BoxAnswerer& boxes, const OutlinedStep& outlined, Variant variant);
+QStringList JudgeBoxes(DialogResponder& boxes, const OutlinedStep& outlined, Variant variant);

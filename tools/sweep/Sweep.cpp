@@ -26,7 +26,7 @@ void Sweep::Make(const std::vector<Failure>& failures) {
         pending[StepOf(failure)].push_back(failure);
     }
     while (!pending.empty()) {
-        Settle(NextTour());
+        Isolate(NextTour());
     }
 }
 
@@ -111,13 +111,13 @@ Sweep::TourOutcome Sweep::Take(const std::vector<Failure>& failures) {
 }
 
 /// Takes a tour and counts what came of it. What is not clear from it is made with fewer failures at once.
-void Sweep::Settle(const std::vector<Failure>& failures) {
+void Sweep::Isolate(const std::vector<Failure>& failures) {
     const TourOutcome tour = Take(failures);
     if (!tour.elsewhere.isEmpty() && failures.size() > 1) {
         const std::uint64_t wrongBefore = WrongOnes();
         const auto middle = failures.begin() + static_cast<std::ptrdiff_t>(failures.size() / 2);
-        Settle({failures.begin(), middle});
-        Settle({middle, failures.end()});
+        Isolate({failures.begin(), middle});
+        Isolate({middle, failures.end()});
         if (WrongOnes() == wrongBefore) {
             // Each half alone goes well, so that it takes both to go wrong.
             ++tallies[failures.front().variant].wrong;
@@ -132,7 +132,7 @@ void Sweep::Settle(const std::vector<Failure>& failures) {
         } else if (failures.size() == 1 || (outcome.met && outcome.wrong.isEmpty())) {
             Count(outcome, tour.elsewhere);
         } else {
-            Settle({outcome.failure});
+            Isolate({outcome.failure});
         }
     }
 }

@@ -45,7 +45,7 @@ private:
     std::vector<Failure> NextTour();
     TourOutcome Take(const std::vector<Failure>& failures);
     Outcome TakeStep(Walk& walk, const Failure& failure, bool again);
-    void Settle(const std::vector<Failure>& failures);
+    void Isolate(const std::vector<Failure>& failures);
     void Count(const Outcome& outcome, const QStringList& elsewhere);
     std::uint64_t WrongOnes() const;
     void Report(const std::vector<Failure>& failures, const QStringList& wrong) const;

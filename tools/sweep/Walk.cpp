@@ -1,7 +1,7 @@
 #include "tools/sweep/Walk.h"
 
-#include "tests/support/ProgramTest.h"
-#include "tools/hand/Complaints.h"
+#include "tests/support/ProgramFixture.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/sweep/Judge.h"
 
 #include <QStatusBar>
@@ -46,12 +46,12 @@ void Arm(const FailureInStep& failure) {
 
 /// What could not be stopped while the library failed still runs, with the controls disabled but for what stops it.
 void StopWhatStillRuns(Tour& tour) {
-    Hand hand = tour.Operator();
-    const QWidget* modules = hand.Find("listModules");
+    WidgetDriver driver = tour.Operator();
+    const QWidget* modules = driver.Find("listModules");
     for (const char* stop : {"btnStopNotify", "btnStopContinuous", "btnStopDiff", "btnStop"}) {
-        const QWidget* button = hand.Find(stop);
+        const QWidget* button = driver.Find(stop);
         if (!modules->isEnabledTo(&tour.Window()) && button->isVisible() && button->isEnabled()) {
-            hand.Click(stop);
+            driver.Click(stop);
             WaitUntil([&] { return modules->isEnabledTo(&tour.Window()); });
         }
     }
@@ -72,15 +72,15 @@ QStringList Disorder(Tour& tour) {
     if (QApplication::activeModalWidget() != nullptr) {
         wrong.append(QStringLiteral("a box is still open"));
     }
-    Hand hand = tour.Operator();
+    WidgetDriver driver = tour.Operator();
     for (const char* name : {"tableNetworks", "listModules", "btnConnectAll", "btnNotify", "btnSetSpeed", "btnRead",
                              "btnStartContinuous", "btnGetStatus", "gbReadIn"}) {
-        if (!hand.Find(name)->isEnabledTo(&tour.Window())) {
+        if (!driver.Find(name)->isEnabledTo(&tour.Window())) {
             wrong.append(QStringLiteral("%1 is disabled").arg(QLatin1String(name)));
         }
     }
     for (const char* name : {"btnStopNotify", "btnStopContinuous"}) {
-        if (hand.IsEnabled(name)) {
+        if (driver.IsEnabled(name)) {
             wrong.append(QStringLiteral("%1 is enabled").arg(QLatin1String(name)));
         }
     }
@@ -123,7 +123,7 @@ QStringList Walk::Take(const TourStep& step) {
 QStringList Walk::Finish(const TourStep& step) {
     QCoreApplication::processEvents();
     tour.boxes.Finish();
-    QStringList wrong = Complaints::Take();
+    QStringList wrong = FailureLog::Take();
     const auto critical = CriticalBoxes(tour.boxes.Peek());
     for (const SeenBox& box : critical) {
         if (!tour.bench.someNetworkDead) {
@@ -163,7 +163,7 @@ Verdict Walk::TakeFailing(const OutlinedStep& outlined, const FailureInStep& fai
         ClearFaults();
         // What the operator would have done next in this step may have had no chance.
         tour.boxes.Finish();
-        Complaints::Take();
+        FailureLog::Take();
         if (!step.closes) {
             StopWhatStillRuns(tour);
             tour.boxes.Take();
@@ -180,7 +180,7 @@ std::vector<JournalEntry> Walk::FirstCallOf(const TourStep& step) {
     WaitUntil([] { return QApplication::activeModalWidget() == nullptr; });
     ClearFaults();
     tour.boxes.Finish();
-    Complaints::Take();
+    FailureLog::Take();
     const std::optional<JournalEntry> call = FirstStruck();
     return call ? std::vector<JournalEntry>{*call} : std::vector<JournalEntry>();
 }
@@ -199,7 +199,7 @@ QStringList Walk::TryAgain(const TourStep& step, Variant variant) {
     }
     QCoreApplication::processEvents();
     tour.boxes.Finish();
-    QStringList wrong = Complaints::Take();
+    QStringList wrong = FailureLog::Take();
     if (!step.seen(tour)) {
         wrong.append(QStringLiteral("trying again does not help"));
     }
@@ -218,5 +218,5 @@ void Walk::WithoutPainting() {
 
 QStringList Walk::End() {
     tour.DropWindow();
-    return Complaints::Take() + Leftovers();
+    return FailureLog::Take() + TeardownErrors();
 }

@@ -1,6 +1,6 @@
 #include "app/Application.h"
 #include "tests/support/QtMessages.h"
-#include "tools/hand/Complaints.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/sweep/Choice.h"
 #include "tools/sweep/Sweep.h"
 
@@ -47,7 +47,7 @@ std::uint64_t Make(const Course& course, const std::function<std::vector<Failure
         Print({Numbers(what, sweep.Way().Calls(), tally.failures, tally.wrong)});
         wrong += tally.wrong;
     }
-    return wrong + static_cast<std::uint64_t>(Print(Complaints::Take()));
+    return wrong + static_cast<std::uint64_t>(Print(FailureLog::Take()));
 }
 
 int ListCourses() {
@@ -101,7 +101,7 @@ int TakeTour(const QStringList& arguments) {
         }
         failures.push_back(*failure);
     }
-    return Print(sweep.TakeTour(failures) + Complaints::Take()) == 0 ? 0 : 1;
+    return Print(sweep.TakeTour(failures) + FailureLog::Take()) == 0 ? 0 : 1;
 }
 
 int Run(const QStringList& arguments) {

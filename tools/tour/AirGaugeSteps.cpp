@@ -18,7 +18,7 @@ QWidget* Panel(Tour& tour) {
 }
 
 QString Field(Tour& tour, const char* name) {
-    return Hand(*Panel(tour)).Text(name);
+    return WidgetDriver(*Panel(tour)).Text(name);
 }
 
 void PutIn(Tour& tour, NozzlePart part) {
@@ -66,43 +66,43 @@ void Read(Tour& tour) {
 
 void Configure(Tour& tour) {
     tour.boxes.ExpectUse(Panel(tour), QStringLiteral("PNX Configuration"), [&tour](QDialog& dialog) {
-        Hand hand(dialog);
+        WidgetDriver driver(dialog);
         tour.ReportDialog(dialog, QStringLiteral("air-gauge-configuration"));
-        hand.Choose("cbScreenRotation", 2);
-        hand.Click("cbRotateKeyboard");
-        hand.Click("cbShowPSIReading");
-        hand.Click("cbOutputPressure");
-        hand.Choose("cbDisplayUOM", 2);
-        hand.Enter("sbHighLimit", QStringLiteral("9"));
-        hand.Enter("sbLowLimit", QStringLiteral("3"));
+        driver.Choose("cbScreenRotation", 2);
+        driver.Click("cbRotateKeyboard");
+        driver.Click("cbShowPSIReading");
+        driver.Click("cbOutputPressure");
+        driver.Choose("cbDisplayUOM", 2);
+        driver.Enter("sbHighLimit", QStringLiteral("9"));
+        driver.Enter("sbLowLimit", QStringLiteral("3"));
         BoxReply passcode;
         passcode.typed = QStringLiteral("0");
         tour.boxes.ExpectNumberInput(&dialog, QStringLiteral("Enter Passcode"),
                                      QStringLiteral("Enter the pascode (0 to 99999999)."), passcode);
-        hand.Click("btnSetPassCode");
-        hand.Click("btnClose");
+        driver.Click("btnSetPassCode");
+        driver.Click("btnClose");
     });
-    Hand(*Panel(tour)).Click("btnConfigure");
+    WidgetDriver(*Panel(tour)).Click("btnConfigure");
 }
 
 void ResetToFactory(Tour& tour) {
     tour.boxes.ExpectUse(Panel(tour), QStringLiteral("PNX Configuration"), [](QDialog& dialog) {
-        Hand(dialog).Click("btnResetToFactory");
-        Hand(dialog).Click("btnClose");
+        WidgetDriver(dialog).Click("btnResetToFactory");
+        WidgetDriver(dialog).Click("btnClose");
     });
-    Hand(*Panel(tour)).Click("btnConfigure");
+    WidgetDriver(*Panel(tour)).Click("btnConfigure");
 }
 
 void PressNext(Tour& tour, QDialog& wizard, int stage) {
-    if (Hand(wizard).IsEnabled("btnNext")) {
+    if (WidgetDriver(wizard).IsEnabled("btnNext")) {
         tour.ReportDialog(wizard, QStringLiteral("mastering-%1").arg(stage));
-        Hand(wizard).Click("btnNext");
+        WidgetDriver(wizard).Click("btnNext");
     }
 }
 
 /// Presses Next at stage 2 and, when the pressure has been read once, at stage 3.
 void PassLivePressure(Tour& tour, QDialog& wizard) {
-    const auto operatorsHand = Repeatedly([&] {
+    const auto operation = Repeatedly([&] {
         const QWidget* live = wizard.findChild<QWidget*>(QStringLiteral("stage3"));
         if (QApplication::activeModalWidget() == &wizard && live->isVisible()) {
             PressNext(tour, wizard, 3);
@@ -114,14 +114,14 @@ void PassLivePressure(Tour& tour, QDialog& wizard) {
 /// Goes on and back again, and gives the mastering up at the start.
 void CancelMastering(Tour& tour) {
     tour.boxes.ExpectUse(Panel(tour), wizardTitle, [&tour](QDialog& wizard) {
-        Hand(wizard).Click("btnNext");
-        if (Hand(wizard).IsEnabled("btnBack")) {
-            Hand(wizard).Click("btnBack");
+        WidgetDriver(wizard).Click("btnNext");
+        if (WidgetDriver(wizard).IsEnabled("btnBack")) {
+            WidgetDriver(wizard).Click("btnBack");
         }
         tour.boxes.ExpectQuestion(&wizard, QStringLiteral("Cancel Mastering"), QStringLiteral("Are you sure?"), {});
-        Hand(wizard).Click("btnCancel");
+        WidgetDriver(wizard).Click("btnCancel");
     });
-    Hand(*Panel(tour)).Click("btnMaster");
+    WidgetDriver(*Panel(tour)).Click("btnMaster");
 }
 
 /// Whoever cannot finish the mastering gives it up.
@@ -132,13 +132,13 @@ void GiveUp(Tour& tour, QDialog& wizard) {
     if (!wizard.findChild<QWidget*>(QStringLiteral("stage5"))->isVisible()) {
         tour.boxes.ExpectQuestion(&wizard, QStringLiteral("Cancel Mastering"), QStringLiteral("Are you sure?"), {});
     }
-    Hand(wizard).Click("btnCancel");
+    WidgetDriver(wizard).Click("btnCancel");
 }
 
 void Master(Tour& tour) {
     tour.boxes.ExpectUse(Panel(tour), wizardTitle, [&tour](QDialog& wizard) {
-        Hand(wizard).Enter("sbMasterA", QStringLiteral("-0.02"));
-        Hand(wizard).Enter("sbMasterB", QStringLiteral("0.02"));
+        WidgetDriver(wizard).Enter("sbMasterA", QStringLiteral("-0.02"));
+        WidgetDriver(wizard).Enter("sbMasterB", QStringLiteral("0.02"));
         PressNext(tour, wizard, 1);
         PutIn(tour, NozzlePart::MasterA);
         PassLivePressure(tour, wizard);
@@ -147,7 +147,7 @@ void Master(Tour& tour) {
         PressNext(tour, wizard, 5);
         GiveUp(tour, wizard);
     });
-    Hand(*Panel(tour)).Click("btnMaster");
+    WidgetDriver(*Panel(tour)).Click("btnMaster");
 }
 
 } // namespace
@@ -159,7 +159,7 @@ void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      [](Tour& tour) { return !tour.Operator().Text("tbReading").isEmpty(); },
                      ButForThePanelsReading(Always(QStringLiteral("Reading Error"), QString()))});
     steps.push_back({QStringLiteral("air-gauge-updated"), gauge,
-                     [](Tour& tour) { Hand(*Panel(tour)).Click("btnUpdateModuleInfo"); },
+                     [](Tour& tour) { WidgetDriver(*Panel(tour)).Click("btnUpdateModuleInfo"); },
                      [](Tour& tour) { return Field(tour, "tbStatus") == QLatin1String("Not Mastered"); },
                      Always(panelTitle, QString())});
     steps.push_back({QStringLiteral("air-gauge-configured"), gauge, Configure,

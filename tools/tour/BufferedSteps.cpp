@@ -17,23 +17,23 @@ QWidget* Page(Tour& tour) {
 }
 
 /// What the operator does on the page of buffered mode.
-Hand OnPage(Tour& tour) {
+WidgetDriver OnPage(Tour& tour) {
     tour.Operator().SelectPage("tabBuffered");
-    return Hand(*Page(tour));
+    return WidgetDriver(*Page(tour));
 }
 
 void SetInterval(Tour& tour) {
-    Hand hand = OnPage(tour);
-    hand.Click("radioSync");
-    hand.Enter("sbInterval", QStringLiteral("40000"));
+    WidgetDriver driver = OnPage(tour);
+    driver.Click("radioSync");
+    driver.Enter("sbInterval", QStringLiteral("40000"));
     tour.Operator().Press(Qt::Key_Return);
 }
 
 void ChooseMaster(Tour& tour) {
-    Hand hand = OnPage(tour);
-    hand.Click("radioSample");
-    hand.Choose("cbMasterAddress", 1);
-    hand.Enter("sbCountsPerSample", QStringLiteral("50"));
+    WidgetDriver driver = OnPage(tour);
+    driver.Click("radioSample");
+    driver.Choose("cbMasterAddress", 1);
+    driver.Enter("sbCountsPerSample", QStringLiteral("50"));
     tour.Operator().Press(Qt::Key_Return);
 }
 
@@ -43,29 +43,29 @@ void ChooseController(Tour& tour) {
 
 /// A run with two samples. Whatever fails in it, the operator sees to it that it is stopped.
 void Run(Tour& tour) {
-    Hand hand = OnPage(tour);
-    if (hand.IsEnabled("btnStop")) {
+    WidgetDriver driver = OnPage(tour);
+    if (driver.IsEnabled("btnStop")) {
         // It is still running from a try at which nothing could stop it.
-        hand.Click("btnStop");
+        driver.Click("btnStop");
     }
-    hand.Click("btnStart");
-    for (int sample = 0; sample < 2 && hand.IsEnabled("btnSample"); ++sample) {
+    driver.Click("btnStart");
+    for (int sample = 0; sample < 2 && driver.IsEnabled("btnSample"); ++sample) {
         LetTimePass(0.5);
-        hand.Click("btnSample");
+        driver.Click("btnSample");
     }
     tour.ReportDialog(tour.Window(), QStringLiteral("buffered-running"));
-    for (int press = 0; press < 2 && hand.IsEnabled("btnStop"); ++press) {
-        hand.Click("btnStop");
+    for (int press = 0; press < 2 && driver.IsEnabled("btnStop"); ++press) {
+        driver.Click("btnStop");
     }
 }
 
 void ShowResults(Tour& tour, const char* button, const QString& title, const QString& picture) {
-    Hand hand = OnPage(tour);
+    WidgetDriver driver = OnPage(tour);
     tour.boxes.ExpectUse(Page(tour), title, [&tour, picture](QDialog& dialog) {
         tour.ReportDialog(dialog, picture);
-        Hand(dialog).Click("btnClose");
+        WidgetDriver(dialog).Click("btnClose");
     });
-    hand.Click(button);
+    driver.Click(button);
 }
 
 /// After the stop the page is refreshed once by itself and once because the window enables its controls, which shows
@@ -89,8 +89,8 @@ std::function<bool(Tour& tour)> Shows(const char* field, const QString& text) {
 }
 
 bool HasResults(Tour& tour) {
-    Hand hand = OnPage(tour);
-    return hand.IsEnabled("btnCurrentModule") && !hand.IsEnabled("btnStop");
+    WidgetDriver driver = OnPage(tour);
+    return driver.IsEnabled("btnCurrentModule") && !driver.IsEnabled("btnStop");
 }
 
 } // namespace

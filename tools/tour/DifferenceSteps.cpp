@@ -37,7 +37,7 @@ void Run(Tour& tour) {
         tour.Operator().Click("btnStopDiff");
     }
     int looks = 0;
-    const auto operatorsHand = Repeatedly([&] {
+    const auto operation = Repeatedly([&] {
         LetTimePass(1.0);
         if (++looks == 2) {
             tour.ReportDialog(tour.Window(), QStringLiteral("difference-running"));
@@ -58,7 +58,7 @@ void ShowResults(Tour& tour) {
     BoxReply reply;
     reply.meanwhile = [&tour](QDialog& dialog) {
         tour.ReportDialog(dialog, QStringLiteral("difference-results-dialog"));
-        Hand(dialog).Click("btnClose");
+        WidgetDriver(dialog).Click("btnClose");
     };
     tour.boxes.ExpectDialog(tour.Operator().Find("differenceModeWidget"), QStringLiteral("Difference Mode Results"),
                             reply);

@@ -37,13 +37,13 @@ void Enter(Tour& tour, const char* box, int value) {
 
 void UseMaster(Tour& tour) {
     GoToPage(tour);
-    Hand hand = tour.Operator();
+    WidgetDriver driver = tour.Operator();
     Click(tour, "radioSyncExternal");
-    auto* masters = hand.The<QComboBox>("cbExternalMaster");
-    hand.Choose("cbExternalMaster", masters->findText(tour.bench.master));
+    auto* masters = driver.The<QComboBox>("cbExternalMaster");
+    driver.Choose("cbExternalMaster", masters->findText(tour.bench.master));
     Enter(tour, "sbModulesInCollection", tour.Rows("listModules").indexOf(tour.bench.master));
-    if (hand.IsEnabled("listDynamicMasterMode")) {
-        hand.SelectRow("listDynamicMasterMode", 1);
+    if (driver.IsEnabled("listDynamicMasterMode")) {
+        driver.SelectRow("listDynamicMasterMode", 1);
     }
     Enter(tour, "sbCountsPerSync", 40);
     Enter(tour, "sbHoldOffCounts", 200);

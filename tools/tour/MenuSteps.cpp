@@ -21,7 +21,7 @@ void ShowAbout(Tour& tour) {
     reply.accept = false;
     reply.meanwhile = [&tour](QDialog& box) {
         tour.ReportDialog(box, QStringLiteral("about"));
-        Hand(box).Click("btnClose");
+        WidgetDriver(box).Click("btnClose");
     };
     tour.boxes.ExpectDialog(&tour.Window(), QStringLiteral("About Tavik Library Test"), reply);
     tour.Operator().Trigger("menuHelp", "action_About");

@@ -13,7 +13,7 @@ bool HasReading(Tour& tour) {
 }
 
 void ReadContinuously(Tour& tour) {
-    const auto operatorsHand = Repeatedly([&tour] {
+    const auto operation = Repeatedly([&tour] {
         if (tour.Operator().IsEnabled("btnStopContinuous")) {
             tour.Operator().Click("btnStopContinuous");
         }

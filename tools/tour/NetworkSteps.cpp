@@ -41,7 +41,7 @@ void Notify(Tour& tour) {
 
 /// Presses Notify and, once it listens, Stop Notify.
 void StopNotify(Tour& tour) {
-    const auto operatorsHand = Repeatedly([&tour] {
+    const auto operation = Repeatedly([&tour] {
         if (tour.Operator().IsEnabled("btnStopNotify")) {
             tour.Operator().Click("btnStopNotify");
         }

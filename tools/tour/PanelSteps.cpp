@@ -14,8 +14,8 @@
 
 namespace {
 
-using Act = std::function<void(Hand hand)>;
-using Seen = std::function<bool(Hand hand)>;
+using Act = std::function<void(WidgetDriver driver)>;
+using Seen = std::function<bool(WidgetDriver driver)>;
 
 /// Adds steps on the page of one module.
 class PanelSteps {
@@ -40,37 +40,40 @@ public:
         const QString shown = QString::fromStdString(text);
         Add(
             name,
-            [=](Hand hand) {
-                hand.SelectRow(list, row);
-                hand.Click(button);
+            [=](WidgetDriver driver) {
+                driver.SelectRow(list, row);
+                driver.Click(button);
             },
-            [=](Hand hand) { return hand.Text(field) == shown; });
+            [=](WidgetDriver driver) { return driver.Text(field) == shown; });
     }
 
     /// A button is clicked and checked afterwards.
     void AddClick(const char* name, const char* button) {
         Add(
-            name, [=](Hand hand) { hand.Click(button); }, [=](Hand hand) { return IsChecked(hand, button); });
+            name, [=](WidgetDriver driver) { driver.Click(button); },
+            [=](WidgetDriver driver) { return IsChecked(driver, button); });
     }
 
     /// An entry of a combo box is chosen and set.
     void AddEntry(const char* name, const char* combo, int index, const char* button) {
         Add(
             name,
-            [=](Hand hand) {
-                hand.Choose(combo, index);
-                hand.Click(button);
+            [=](WidgetDriver driver) {
+                driver.Choose(combo, index);
+                driver.Click(button);
             },
-            [=](Hand hand) { return hand.The<QComboBox>(combo)->currentIndex() == index; });
+            [=](WidgetDriver driver) { return driver.The<QComboBox>(combo)->currentIndex() == index; });
     }
 
     void AddRead() {
         Add(
-            "read", [](Hand hand) { hand.Click("btnRead"); },
-            [](Hand hand) { return !hand.Text("tbReading").isEmpty(); }, ReadingOrPanel(title));
+            "read", [](WidgetDriver driver) { driver.Click("btnRead"); },
+            [](WidgetDriver driver) { return !driver.Text("tbReading").isEmpty(); }, ReadingOrPanel(title));
     }
 
-    static bool IsChecked(Hand hand, const char* button) { return hand.The<QAbstractButton>(button)->isChecked(); }
+    static bool IsChecked(WidgetDriver driver, const char* button) {
+        return driver.The<QAbstractButton>(button)->isChecked();
+    }
 
 private:
     std::vector<TourStep>& steps;
@@ -94,24 +97,25 @@ void AddEncoder(PanelSteps panel) {
                  eEncoderInterfaceType_ToString(eEncoderInterfaceType::Differential));
     panel.Add(
         "preset",
-        [](Hand hand) {
-            hand.Enter("sbPreset", QStringLiteral("4711"));
-            hand.Click("btnPresetinCounts");
+        [](WidgetDriver driver) {
+            driver.Enter("sbPreset", QStringLiteral("4711"));
+            driver.Click("btnPresetinCounts");
         },
-        [](Hand hand) { return hand.The<QSpinBox>("sbPreset")->value() == 4711; });
+        [](WidgetDriver driver) { return driver.The<QSpinBox>("sbPreset")->value() == 4711; });
     panel.AddRead();
 }
 
 void AddLinearEncoder(PanelSteps panel) {
     const auto preset = [](double value, const char* button) {
-        return [value, button](Hand hand) {
-            hand.Enter("sbPreset", QString::number(value));
-            hand.Click(button);
+        return [value, button](WidgetDriver driver) {
+            driver.Enter("sbPreset", QString::number(value));
+            driver.Click(button);
         };
     };
     panel.Add("preset-in-counts", preset(4711.5, "btnPresetinCounts"),
-              [](Hand) { return LastCallWas("setPresetInCounts"); });
-    panel.Add("preset-in-units", preset(0.0, "btnPresetinUnits"), [](Hand) { return LastCallWas("setPresetInUnits"); });
+              [](WidgetDriver) { return LastCallWas("setPresetInCounts"); });
+    panel.Add("preset-in-units", preset(0.0, "btnPresetinUnits"),
+              [](WidgetDriver) { return LastCallWas("setPresetInUnits"); });
     panel.AddClick("reversed", "radioReversed");
     panel.AddClick("normal", "radioNormal");
     panel.AddRead();
@@ -139,9 +143,9 @@ void AddTenPins(PanelSteps panel) {
 }
 
 void AddBeam(PanelSteps panel) {
-    const auto isOn = [](Hand hand) { return PanelSteps::IsChecked(hand, "cbBeamOn"); };
-    const auto click = [](Hand hand) { hand.Click("cbBeamOn"); };
-    panel.Add("beam-off", click, [isOn](Hand hand) { return !isOn(hand); });
+    const auto isOn = [](WidgetDriver driver) { return PanelSteps::IsChecked(driver, "cbBeamOn"); };
+    const auto click = [](WidgetDriver driver) { driver.Click("cbBeamOn"); };
+    panel.Add("beam-off", click, [isOn](WidgetDriver driver) { return !isOn(driver); });
     panel.LastChanges();
     panel.Add("beam-on", click, isOn);
     panel.LastChanges();
@@ -153,11 +157,11 @@ void AddFilter(PanelSteps panel) {
                  eFilter_ToString(eFilter::Filter1Hz));
     panel.Add(
         "level-cut-set",
-        [](Hand hand) {
-            hand.Enter("sbAvailableLevelCutTime", QStringLiteral("25"));
-            hand.Click("btnSetLevelCut");
+        [](WidgetDriver driver) {
+            driver.Enter("sbAvailableLevelCutTime", QStringLiteral("25"));
+            driver.Click("btnSetLevelCut");
         },
-        [](Hand hand) { return hand.Text("tbCurrentLevelCutTime") == QLatin1String("25"); });
+        [](WidgetDriver driver) { return driver.Text("tbCurrentLevelCutTime") == QLatin1String("25"); });
 }
 
 void AddRate(PanelSteps panel) {
@@ -171,7 +175,8 @@ void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Place& pl
     panel.AddSet("read-mode-set", "listAvailableReadMode", 2, "btnSetReadMode", "tbCurrentReadMode",
                  eHvxReadMode_ToString(eHvxReadMode::ReadOnSample));
     panel.Add(
-        "sampled", [](Hand hand) { hand.Click("btnSample"); }, [](Hand) { return LastCallWas("SampleReading"); });
+        "sampled", [](WidgetDriver driver) { driver.Click("btnSample"); },
+        [](WidgetDriver) { return LastCallWas("SampleReading"); });
     panel.AddRead();
     steps.push_back({place.module + QStringLiteral("-new-reading-ready"), place,
                      [](Tour& tour) { tour.Operator().Click("btnNewReadingReady"); },
@@ -184,11 +189,11 @@ void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Place& pl
                      Always(title, QString())});
     panel.Add(
         "information-updated",
-        [](Hand hand) {
+        [](WidgetDriver driver) {
             LetTimePass(60.0);
-            hand.Click("btnUpdateReadingInfo");
+            driver.Click("btnUpdateReadingInfo");
         },
-        [](Hand hand) { return hand.Text("tbSoftwareVersion") == QLatin1String("1.22"); });
+        [](WidgetDriver driver) { return driver.Text("tbSoftwareVersion") == QLatin1String("1.22"); });
 }
 
 QString KindOf(const QString& identity) {

@@ -11,9 +11,9 @@ namespace {
 constexpr double seconds = 10.0;
 
 /// Looks for the mark; in the first round of the search something happens, in the third the hand has come.
-void Find(Tour& tour, const std::function<void(Hand hand)>& meanwhile) {
+void Find(Tour& tour, const std::function<void(WidgetDriver driver)>& meanwhile) {
     int rounds = 0;
-    const auto operatorsHand = Repeatedly([&] {
+    const auto operation = Repeatedly([&] {
         ++rounds;
         if (rounds == 1) {
             meanwhile(tour.Operator());
@@ -25,25 +25,25 @@ void Find(Tour& tour, const std::function<void(Hand hand)>& meanwhile) {
 }
 
 void Learn(Tour& tour) {
-    Hand hand = tour.Operator();
-    hand.SelectPage("tabRefMark");
-    hand.Click("radioLearn");
-    hand.Click("radioCounts");
-    Find(tour, [&tour](Hand) { tour.ReportDialog(tour.Window(), QStringLiteral("reference-mark-search")); });
+    WidgetDriver driver = tour.Operator();
+    driver.SelectPage("tabRefMark");
+    driver.Click("radioLearn");
+    driver.Click("radioCounts");
+    Find(tour, [&tour](WidgetDriver) { tour.ReportDialog(tour.Window(), QStringLiteral("reference-mark-search")); });
 }
 
 void Recall(Tour& tour) {
-    Hand hand = tour.Operator();
-    hand.SelectPage("tabRefMark");
-    hand.Click("radioRecall");
-    hand.Click("radioUnits");
-    hand.Enter("sbRecallValue", QStringLiteral("-2.5"));
-    Find(tour, [](Hand) {});
+    WidgetDriver driver = tour.Operator();
+    driver.SelectPage("tabRefMark");
+    driver.Click("radioRecall");
+    driver.Click("radioUnits");
+    driver.Enter("sbRecallValue", QStringLiteral("-2.5"));
+    Find(tour, [](WidgetDriver) {});
 }
 
 void GiveUp(Tour& tour) {
     tour.Operator().SelectPage("tabRefMark");
-    Find(tour, [](Hand hand) { hand.Click("btnStop"); });
+    Find(tour, [](WidgetDriver driver) { driver.Click("btnStop"); });
 }
 
 /// The recall value is the same number, without the five decimals of the reading.

@@ -18,12 +18,12 @@ void Tour::OpenWindow() {
     window = std::make_unique<MainWindow>();
     window->show();
     WaitUntil([this] { return window->windowHandle()->isExposed(); });
-    Settle();
+    ProcessAllEvents();
 }
 
 void Tour::DropWindow() {
     window.reset();
-    Settle();
+    ProcessAllEvents();
 }
 
 bool Tour::HasPage(const char* name) {
@@ -53,28 +53,28 @@ void Tour::ReportDialog(QWidget& dialog, const QString& name) {
 }
 
 void Tour::GoTo(const Place& place) {
-    Hand hand = Operator();
+    WidgetDriver driver = Operator();
     if (place.page == Place::Nowhere) {
         return;
     }
-    hand.SelectPage("tabServer");
+    driver.SelectPage("tabServer");
     if (place.page == Place::Server) {
         return;
     }
     if (Cell(place.network, 4) != QLatin1String("Connected")) {
-        hand.Click("btnConnectAll");
+        driver.Click("btnConnectAll");
     }
-    hand.The<QTableWidget>("tableNetworks")->clearSelection();
-    hand.SelectTableRow("tableNetworks", place.network);
-    hand.SelectPage("tabNetwork");
+    driver.The<QTableWidget>("tableNetworks")->clearSelection();
+    driver.SelectTableRow("tableNetworks", place.network);
+    driver.SelectPage("tabNetwork");
     if (Rows("listModules").contains(place.module)) {
-        hand.The<QListWidget>("listModules")->setCurrentRow(-1);
+        driver.The<QListWidget>("listModules")->setCurrentRow(-1);
         // The module's panels are gone when they are looked for again.
-        Settle();
-        hand.SelectRow("listModules", place.module);
+        ProcessAllEvents();
+        driver.SelectRow("listModules", place.module);
     }
     if (place.page == Place::Module) {
-        hand.SelectPage("tabModule");
+        driver.SelectPage("tabModule");
     }
 }
 

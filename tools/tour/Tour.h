@@ -2,8 +2,8 @@
 
 #include "app/MainWindow.h"
 #include "simulator/control/BenchControl.h"
-#include "tools/hand/BoxAnswerer.h"
-#include "tools/hand/Hand.h"
+#include "tools/driver/DialogResponder.h"
+#include "tools/driver/WidgetDriver.h"
 #include "tools/tour/TourBench.h"
 
 #include <QTemporaryDir>
@@ -40,7 +40,7 @@ public:
 
     MainWindow& Window() { return *window; }
     bool HasWindow() const { return window != nullptr; }
-    Hand Operator() { return Hand(*window); }
+    WidgetDriver Operator() { return WidgetDriver(*window); }
 
     /// Goes to a place from wherever a failure left the operator, having everything shown anew.
     void GoTo(const Place& place);
@@ -57,7 +57,7 @@ public:
     QString NetworkFile() const { return folder.filePath(QStringLiteral("network.xml")); }
 
     const TourBench bench;
-    BoxAnswerer boxes;
+    DialogResponder boxes;
 
 private:
     QTemporaryDir folder;

@@ -87,15 +87,15 @@ void ReadTool(Tour& tour) {
     reply.meanwhile = [&tour](QDialog& dialog) {
         tour.ReportDialog(dialog, QStringLiteral("hand-tool-readings"));
         const auto stop = [&dialog] {
-            if (Hand(dialog).Text("btnStartStopReading") == QLatin1String("Stop Reading")) {
-                Hand(dialog).Click("btnStartStopReading");
+            if (WidgetDriver(dialog).Text("btnStartStopReading") == QLatin1String("Stop Reading")) {
+                WidgetDriver(dialog).Click("btnStartStopReading");
             }
         };
-        Hand(dialog).Click("radioTagged");
-        Hand(dialog).Click("radioNormal");
-        const auto operatorsHand = Repeatedly(stop);
-        Hand(dialog).Click("btnStartStopReading");
-        Hand(dialog).Click("btnClose");
+        WidgetDriver(dialog).Click("radioTagged");
+        WidgetDriver(dialog).Click("radioNormal");
+        const auto operation = Repeatedly(stop);
+        WidgetDriver(dialog).Click("btnStartStopReading");
+        WidgetDriver(dialog).Click("btnClose");
     };
     tour.boxes.ExpectDialog(Panel(tour), QStringLiteral("KRV Channel Readings"), reply);
     tour.Operator().Click("btnRead1");
@@ -110,7 +110,7 @@ void UseEverything(QDialog& dialog) {
                              qobject_cast<QAbstractSpinBox*>(widget) != nullptr;
         if (changes && widget->isVisible() && widget->isEnabled() &&
             widget->objectName() != QLatin1String("btnClose")) {
-            Hand(dialog).Use(widget);
+            WidgetDriver(dialog).Use(widget);
         }
     }
 }
@@ -122,25 +122,25 @@ void ChangeSettings(Tour& tour, const char* button, const QString& title, const 
         tour.ReportDialog(dialog, picture);
         UseEverything(dialog);
         // The time can be set again only when the box beside it is on again.
-        Hand(dialog).Click("cbAutoPowerOffEnabled");
-        if (Hand(dialog).IsEnabled("sbAutoPowerOffTime")) {
-            Hand(dialog).Use(Hand(dialog).Find("sbAutoPowerOffTime"));
+        WidgetDriver(dialog).Click("cbAutoPowerOffEnabled");
+        if (WidgetDriver(dialog).IsEnabled("sbAutoPowerOffTime")) {
+            WidgetDriver(dialog).Use(WidgetDriver(dialog).Find("sbAutoPowerOffTime"));
         }
-        Hand(dialog).Use(Hand(dialog).Find(field));
-        Hand(dialog).Click("btnClose");
+        WidgetDriver(dialog).Use(WidgetDriver(dialog).Find(field));
+        WidgetDriver(dialog).Click("btnClose");
     };
     tour.boxes.ExpectDialog(&tour.Window(), title, reply);
     tour.Operator().Click(button);
 }
 
 void ConnectAnotherTool(Tour& tour) {
-    Hand hand = tour.Operator();
-    hand.Click("tbTavikID6");
-    hand.Press(Qt::Key_A, Qt::ControlModifier);
-    hand.Type(tour.bench.freeTool);
-    hand.Enter("tbName6", QStringLiteral("Another"));
-    hand.Click("btnApplySettings");
-    const auto* wait = hand.The<QLabel>("lblWait");
+    WidgetDriver driver = tour.Operator();
+    driver.Click("tbTavikID6");
+    driver.Press(Qt::Key_A, Qt::ControlModifier);
+    driver.Type(tour.bench.freeTool);
+    driver.Enter("tbName6", QStringLiteral("Another"));
+    driver.Click("btnApplySettings");
+    const auto* wait = driver.The<QLabel>("lblWait");
     if (wait->isVisible()) {
         tour.ReportDialog(tour.Window(), QStringLiteral("wireless-module-restarting"));
     }

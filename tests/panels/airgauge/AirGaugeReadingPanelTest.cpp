@@ -100,7 +100,7 @@ void AirGaugeReadingPanelTest::theReadingStandsInTheDisplaysUnit() {
 void AirGaugeReadingPanelTest::asPressureItIsWorkedOutFromCounts() {
     OpenGauge();
     PutIn(NozzlePart::MasterA);
-    DuringConfiguration([](QDialog& dialog) { QVERIFY(Hand(dialog).Click("cbOutputPressure")); });
+    DuringConfiguration([](QDialog& dialog) { QVERIFY(WidgetDriver(dialog).Click("cbOutputPressure")); });
     QCOMPARE(Field("tbReading"), PressureShownFor(-0.02) + QStringLiteral(" psi"));
     Calls::Mark();
     QVERIFY(Operator().Click("btnRead"));
@@ -117,7 +117,7 @@ void AirGaugeReadingPanelTest::fullScaleIs30Psi() {
                                             "<supply base=\"31\" noise=\"0\"/></air-gauge></module>")),
                0);
     PutInWorkPiece(-1.0);
-    DuringConfiguration([](QDialog& dialog) { QVERIFY(Hand(dialog).Click("cbOutputPressure")); });
+    DuringConfiguration([](QDialog& dialog) { QVERIFY(WidgetDriver(dialog).Click("cbOutputPressure")); });
     QVERIFY(Operator().Click("btnRead"));
     QCOMPARE(Operator().Text("tbReading"), QStringLiteral("16383"));
     QCOMPARE(Field("tbReading"), QStringLiteral("30.00 psi"));
@@ -215,7 +215,7 @@ void AirGaugeReadingPanelTest::callsAfterTheValueThatFail() {
 
 void AirGaugeReadingPanelTest::countsThatFail() {
     OpenGauge();
-    DuringConfiguration([](QDialog& dialog) { QVERIFY(Hand(dialog).Click("cbOutputPressure")); });
+    DuringConfiguration([](QDialog& dialog) { QVERIFY(WidgetDriver(dialog).Click("cbOutputPressure")); });
     QVERIFY(Operator().Click("radioUnits"));
     FailNext("ReadInCounts", failure); // the panel's own
     boxes.ExpectError(ModulePanel(), readingError, failure);

@@ -54,7 +54,7 @@ void AirGaugeTest::DuringConfiguration(const std::function<void(QDialog& dialog)
     DuringDialog("btnConfigure", QStringLiteral("PNX Configuration"), [&use](QDialog& dialog) {
         use(dialog);
         if (dialog.isVisible()) {
-            QVERIFY(Hand(dialog).Click("btnClose"));
+            QVERIFY(WidgetDriver(dialog).Click("btnClose"));
         }
     });
 }

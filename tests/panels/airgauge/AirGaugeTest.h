@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QDialog>
 
@@ -9,7 +9,7 @@
 
 /// The base of the air gauge's front-end tests: the program on a bench with one air gauge, whose page is in
 /// front.
-class AirGaugeTest : public ProgramTest {
+class AirGaugeTest : public ProgramFixture {
     Q_OBJECT
 
 protected:
@@ -23,7 +23,7 @@ protected:
     /// The panel of the gauge, or null.
     QWidget* Panel();
     QWidget* ModulePanel();
-    Hand OnPanel() { return Hand(*Panel()); }
+    WidgetDriver OnPanel() { return WidgetDriver(*Panel()); }
     QString Field(const char* name) { return OnPanel().Text(name); }
 
     /// Presses a button of the panel that opens a dialog with this title, and uses the dialog, which has to be

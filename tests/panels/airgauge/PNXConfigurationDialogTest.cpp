@@ -32,7 +32,7 @@ const QString noLimits = QStringLiteral("limit-high=\"0\" limit-low=\"0\"");
 
 template <class Widget>
 Widget* In(QDialog& dialog, const char* name) {
-    return Hand(dialog).The<Widget>(name);
+    return WidgetDriver(dialog).The<Widget>(name);
 }
 
 QString Entries(QDialog& dialog, const char* comboBox) {
@@ -59,19 +59,19 @@ QStringList TabOrder(QDialog& dialog, const char* first, int count) {
 
 /// Gives a control another value than it has.
 bool Use(QDialog& dialog, const char* control) {
-    QWidget* widget = Hand(dialog).Find(control);
+    QWidget* widget = WidgetDriver(dialog).Find(control);
     if (qobject_cast<QDoubleSpinBox*>(widget) != nullptr) {
-        return Hand(dialog).Enter(control, QStringLiteral("7"));
+        return WidgetDriver(dialog).Enter(control, QStringLiteral("7"));
     }
     if (qobject_cast<QComboBox*>(widget) != nullptr) {
-        return Hand(dialog).Choose(control, 1);
+        return WidgetDriver(dialog).Choose(control, 1);
     }
-    return Hand(dialog).Click(control);
+    return WidgetDriver(dialog).Click(control);
 }
 
 /// Whether the control has the value that Use gives it.
 bool IsUsed(QDialog& dialog, const char* control) {
-    const QWidget* widget = Hand(dialog).Find(control);
+    const QWidget* widget = WidgetDriver(dialog).Find(control);
     const auto* spinBox = qobject_cast<const QDoubleSpinBox*>(widget);
     const auto* comboBox = qobject_cast<const QComboBox*>(widget);
     const auto* checkBox = qobject_cast<const QCheckBox*>(widget);
@@ -129,7 +129,7 @@ void PNXConfigurationDialogTest::theForm() {
             {"btnResetToFactory", "Reset to Factory Defaults"},
             {"btnClose", "Close"}};
         for (const auto& [name, text] : texts) {
-            QCOMPARE(Hand(dialog).Text(name), QLatin1String(text));
+            QCOMPARE(WidgetDriver(dialog).Text(name), QLatin1String(text));
         }
         for (const char* name : {"sbHighLimit", "sbLowLimit"}) {
             QCOMPARE(In<QDoubleSpinBox>(dialog, name)->minimum(), 0.0);
@@ -143,7 +143,7 @@ void PNXConfigurationDialogTest::rotation() {
     DuringConfiguration([](QDialog& dialog) {
         Calls::Mark();
         for (const int row : {1, 2, 3, 4, 0}) {
-            QVERIFY(Hand(dialog).Choose("cbScreenRotation", row));
+            QVERIFY(WidgetDriver(dialog).Choose("cbScreenRotation", row));
             COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setRotateDisplay(%1)").arg(row)});
         }
     });
@@ -158,8 +158,8 @@ void PNXConfigurationDialogTest::checkBoxes() {
             {"cbOutputPressure", QStringLiteral("setOutputReadingAsPressure")}};
         for (const auto& [name, operation] : settings) {
             Calls::Mark();
-            QVERIFY(Hand(dialog).Click(name));
-            QVERIFY(Hand(dialog).Click(name));
+            QVERIFY(WidgetDriver(dialog).Click(name));
+            QVERIFY(WidgetDriver(dialog).Click(name));
             COMPARE_CALLS(TakeAirGaugeCalls(),
                           {operation + QStringLiteral("(true)"), operation + QStringLiteral("(false)")});
         }
@@ -171,14 +171,14 @@ void PNXConfigurationDialogTest::unitsShowTheLimitsUnconverted() {
     OpenGauge(QStringLiteral("limit-high=\"25.4\" limit-low=\"12.7\""));
     DuringConfiguration([](QDialog& dialog) {
         Calls::Mark();
-        QVERIFY(Hand(dialog).Choose("cbDisplayUOM", 1));
+        QVERIFY(WidgetDriver(dialog).Choose("cbDisplayUOM", 1));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setDisplayUnitsOfMeasure(1)"), QStringLiteral("LimitLow()"),
                                             QStringLiteral("LimitHigh()")});
         QCOMPARE(In<QDoubleSpinBox>(dialog, "sbHighLimit")->text(), QStringLiteral("25.40000"));
         QCOMPARE(In<QDoubleSpinBox>(dialog, "sbLowLimit")->text(), QStringLiteral("12.70000"));
-        QVERIFY(Hand(dialog).Choose("cbDisplayUOM", 2));
+        QVERIFY(WidgetDriver(dialog).Choose("cbDisplayUOM", 2));
         QCOMPARE(In<QDoubleSpinBox>(dialog, "sbHighLimit")->text(), QStringLiteral("25.40"));
-        QVERIFY(Hand(dialog).Choose("cbDisplayUOM", 0));
+        QVERIFY(WidgetDriver(dialog).Choose("cbDisplayUOM", 0));
         QCOMPARE(In<QDoubleSpinBox>(dialog, "sbLowLimit")->text(), QStringLiteral("12.7000"));
     });
 }
@@ -188,7 +188,7 @@ void PNXConfigurationDialogTest::unitsWriteLimitsThatDoNotFit() {
     OpenGauge(QStringLiteral("limit-high=\"0.0254\" limit-low=\"0\""));
     DuringConfiguration([](QDialog& dialog) {
         Calls::Mark();
-        QVERIFY(Hand(dialog).Choose("cbDisplayUOM", 2));
+        QVERIFY(WidgetDriver(dialog).Choose("cbDisplayUOM", 2));
         COMPARE_CALLS(TakeAirGaugeCalls(),
                       {QStringLiteral("setDisplayUnitsOfMeasure(2)"), QStringLiteral("setLimitHigh(0.03)"),
                        QStringLiteral("LimitLow()"), QStringLiteral("LimitHigh()")});
@@ -200,9 +200,9 @@ void PNXConfigurationDialogTest::limitsAreWrittenUnconverted() {
     OpenGauge(QStringLiteral("unit=\"inches\" limit-high=\"0\" limit-low=\"0\""));
     DuringConfiguration([](QDialog& dialog) {
         Calls::Mark();
-        QVERIFY(Hand(dialog).Enter("sbHighLimit", QStringLiteral("1.5")));
+        QVERIFY(WidgetDriver(dialog).Enter("sbHighLimit", QStringLiteral("1.5")));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setLimitHigh(1)"), QStringLiteral("setLimitHigh(1.5)")});
-        QVERIFY(Hand(dialog).Enter("sbLowLimit", QStringLiteral("2")));
+        QVERIFY(WidgetDriver(dialog).Enter("sbLowLimit", QStringLiteral("2")));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setLimitLow(2)")});
     });
     QCOMPARE(Field("tbLimitHigh"), QStringLiteral("0.05906 inches")); // 1.5 mm
@@ -234,7 +234,7 @@ void PNXConfigurationDialogTest::writesThatFail() {
         QTRY_VERIFY(QApplication::activeModalWidget() == &dialog);
         QCOMPARE(TakeAirGaugeCalls().size(), 1);
         QVERIFY(IsUsed(dialog, control.constData()));
-        QVERIFY(Hand(dialog).IsEnabled(control.constData()));
+        QVERIFY(WidgetDriver(dialog).IsEnabled(control.constData()));
     });
     QCOMPARE(boxes.Take().size(), 2);
 }
@@ -251,7 +251,7 @@ void PNXConfigurationDialogTest::readsOfTheUnitsSlotThatFail() {
     DuringConfiguration([&](QDialog& dialog) {
         FailNext(operation.constData(), failure);
         boxes.ExpectError(&dialog, boxTitle, failure);
-        QVERIFY(Hand(dialog).Choose("cbDisplayUOM", 1));
+        QVERIFY(WidgetDriver(dialog).Choose("cbDisplayUOM", 1));
         QTRY_VERIFY(QApplication::activeModalWidget() == &dialog);
         QCOMPARE(In<QDoubleSpinBox>(dialog, "sbHighLimit")->decimals(), 5);
     });
@@ -265,7 +265,7 @@ void PNXConfigurationDialogTest::passCode() {
         reply.typed = QStringLiteral("99999999");
         boxes.ExpectNumberInput(&dialog, passcodeTitle, passcodeLabel, reply);
         Calls::Mark();
-        QVERIFY(Hand(dialog).Click("btnSetPassCode"));
+        QVERIFY(WidgetDriver(dialog).Click("btnSetPassCode"));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setPasscode(99999999)")});
     });
 }
@@ -284,7 +284,7 @@ void PNXConfigurationDialogTest::passCodeHasItsRange() {
         };
         boxes.ExpectNumberInput(&dialog, passcodeTitle, passcodeLabel, reply);
         Calls::Mark();
-        QVERIFY(Hand(dialog).Click("btnSetPassCode"));
+        QVERIFY(WidgetDriver(dialog).Click("btnSetPassCode"));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setPasscode(0)")});
     });
 }
@@ -297,7 +297,7 @@ void PNXConfigurationDialogTest::passCodeCancelled() {
         reply.typed = QStringLiteral("4711");
         boxes.ExpectNumberInput(&dialog, passcodeTitle, passcodeLabel, reply);
         Calls::Mark();
-        QVERIFY(Hand(dialog).Click("btnSetPassCode"));
+        QVERIFY(WidgetDriver(dialog).Click("btnSetPassCode"));
         COMPARE_CALLS(TakeAirGaugeCalls(), {});
     });
 }
@@ -308,7 +308,7 @@ void PNXConfigurationDialogTest::passCodeThatFails() {
         FailNext("setPasscode", failure);
         boxes.ExpectNumberInput(&dialog, passcodeTitle, passcodeLabel, {});
         boxes.ExpectError(&dialog, boxTitle, failure);
-        QVERIFY(Hand(dialog).Click("btnSetPassCode"));
+        QVERIFY(WidgetDriver(dialog).Click("btnSetPassCode"));
     });
     QCOMPARE(boxes.Take().size(), 3);
 }
@@ -317,9 +317,9 @@ void PNXConfigurationDialogTest::passCodeThatFails() {
 void PNXConfigurationDialogTest::factoryReset() {
     OpenGauge(QStringLiteral("mastered=\"yes\" ") + noLimits);
     DuringConfiguration([](QDialog& dialog) {
-        QVERIFY(Hand(dialog).Click("cbRotateKeyboard"));
+        QVERIFY(WidgetDriver(dialog).Click("cbRotateKeyboard"));
         Calls::Mark();
-        QVERIFY(Hand(dialog).Click("btnResetToFactory"));
+        QVERIFY(WidgetDriver(dialog).Click("btnResetToFactory"));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("ResetFactorySettings()")});
         QVERIFY(In<QCheckBox>(dialog, "cbRotateKeyboard")->isChecked());
     });
@@ -341,11 +341,11 @@ void PNXConfigurationDialogTest::closing() {
     DuringConfiguration([way](QDialog& dialog) {
         Calls::Mark();
         if (way == 0) {
-            QVERIFY(Hand(dialog).Click("btnClose"));
+            QVERIFY(WidgetDriver(dialog).Click("btnClose"));
         } else if (way == 1) {
             QVERIFY(dialog.close());
         } else {
-            Hand(dialog).Press(Qt::Key_Escape);
+            WidgetDriver(dialog).Press(Qt::Key_Escape);
         }
         QVERIFY(!dialog.isVisible());
         COMPARE_CALLS(TakeAirGaugeCalls(), {});
@@ -356,7 +356,7 @@ void PNXConfigurationDialogTest::closing() {
 void PNXConfigurationDialogTest::whatThePanelDoesAfterwards() {
     OpenGauge(QStringLiteral("mastered=\"yes\""));
     PutIn(NozzlePart::MasterB);
-    DuringConfiguration([](QDialog& dialog) { QVERIFY(Hand(dialog).Choose("cbDisplayUOM", 2)); });
+    DuringConfiguration([](QDialog& dialog) { QVERIFY(WidgetDriver(dialog).Choose("cbDisplayUOM", 2)); });
     QCOMPARE(Field("tbMasterA"), QStringLiteral("-0.79 mils"));
     QCOMPARE(Field("tbReading"), QStringLiteral("0.79 mils"));
 }
@@ -377,15 +377,15 @@ void PNXConfigurationDialogTest::afterwardsItMayFail() {
 void PNXConfigurationDialogTest::keyboard() {
     OpenGauge(noLimits);
     DuringConfiguration([](QDialog& dialog) {
-        QVERIFY(Hand(dialog).Enter("sbHighLimit", QStringLiteral("3")));
+        QVERIFY(WidgetDriver(dialog).Enter("sbHighLimit", QStringLiteral("3")));
         Calls::Mark();
-        Hand(dialog).Press(Qt::Key_Return);
+        WidgetDriver(dialog).Press(Qt::Key_Return);
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setLimitHigh(3)")}); // as the spin box announces it
         QVERIFY(dialog.isVisible());
-        Hand(dialog).Press(Qt::Key_F, Qt::AltModifier);
+        WidgetDriver(dialog).Press(Qt::Key_F, Qt::AltModifier);
         QTRY_VERIFY(!Calls::Entries().empty()); // the button shows that it is pressed before it acts
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("ResetFactorySettings()")});
-        Hand(dialog).Press(Qt::Key_C, Qt::AltModifier);
+        WidgetDriver(dialog).Press(Qt::Key_C, Qt::AltModifier);
         QTRY_VERIFY(!dialog.isVisible());
     });
 }

@@ -23,7 +23,7 @@ const char* const checkBoxes[] = {"cbRotateKeyboard", "cbShowPSIReading", "cbOut
 
 template <class Widget>
 Widget* In(QDialog& dialog, const char* name) {
-    return Hand(dialog).The<Widget>(name);
+    return WidgetDriver(dialog).The<Widget>(name);
 }
 
 } // namespace
@@ -96,7 +96,7 @@ void PNXConfigurationFillingTest::fillingInInchesWritesOnTheWay() {
 
 void PNXConfigurationFillingTest::fillingWithARotation() {
     OpenGauge(noLimits);
-    DuringConfiguration([](QDialog& dialog) { QVERIFY(Hand(dialog).Choose("cbScreenRotation", 4)); });
+    DuringConfiguration([](QDialog& dialog) { QVERIFY(WidgetDriver(dialog).Choose("cbScreenRotation", 4)); });
     Calls::Mark();
     DuringConfiguration([](QDialog& dialog) {
         QStringList expected = filling;
@@ -111,7 +111,7 @@ void PNXConfigurationFillingTest::checkBoxesAreFilledWithoutWriting() {
     DuringConfiguration([&](QDialog& dialog) {
         for (const char* name : checkBoxes) {
             QVERIFY(!In<QCheckBox>(dialog, name)->isChecked());
-            QVERIFY(Hand(dialog).Click(name));
+            QVERIFY(WidgetDriver(dialog).Click(name));
         }
     });
     Calls::Mark();
@@ -133,7 +133,7 @@ void PNXConfigurationFillingTest::eachCheckBoxShowsItsOwnSetting_data() {
 void PNXConfigurationFillingTest::eachCheckBoxShowsItsOwnSetting() {
     QFETCH(QString, set);
     OpenGauge(noLimits);
-    DuringConfiguration([&](QDialog& dialog) { QVERIFY(Hand(dialog).Click(set.toLatin1().constData())); });
+    DuringConfiguration([&](QDialog& dialog) { QVERIFY(WidgetDriver(dialog).Click(set.toLatin1().constData())); });
     DuringConfiguration([&](QDialog& dialog) {
         for (const char* name : checkBoxes) {
             QCOMPARE(In<QCheckBox>(dialog, name)->isChecked(), set == QLatin1String(name));
@@ -149,12 +149,12 @@ void PNXConfigurationFillingTest::withoutADisplay() {
                       {QStringLiteral("HasDisplay()"), QStringLiteral("OutputReadingAsPressure()")});
         for (const char* name : {"cbScreenRotation", "cbRotateKeyboard", "cbShowPSIReading", "cbDisplayUOM",
                                  "sbHighLimit", "sbLowLimit", "btnSetPassCode"}) {
-            QVERIFY2(!Hand(dialog).IsEnabled(name), name);
+            QVERIFY2(!WidgetDriver(dialog).IsEnabled(name), name);
         }
         for (const char* name : {"cbOutputPressure", "btnResetToFactory", "btnClose"}) {
-            QVERIFY2(Hand(dialog).IsEnabled(name), name);
+            QVERIFY2(WidgetDriver(dialog).IsEnabled(name), name);
         }
-        QVERIFY(Hand(dialog).Click("cbOutputPressure"));
+        QVERIFY(WidgetDriver(dialog).Click("cbOutputPressure"));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setOutputReadingAsPressure(true)")});
     });
 }
@@ -163,8 +163,8 @@ void PNXConfigurationFillingTest::anOutputThatCannotBeAsked() {
     OpenGauge(noLimits);
     FailNext("OutputReadingAsPressure", failure);
     DuringConfiguration([](QDialog& dialog) {
-        QVERIFY(!Hand(dialog).IsEnabled("cbOutputPressure"));
-        QVERIFY(Hand(dialog).IsEnabled("cbRotateKeyboard"));
+        QVERIFY(!WidgetDriver(dialog).IsEnabled("cbOutputPressure"));
+        QVERIFY(WidgetDriver(dialog).IsEnabled("cbRotateKeyboard"));
     });
     QCOMPARE(boxes.Take().size(), 1); // the dialog
 }

@@ -44,13 +44,13 @@ private:
     void InTheLoop(QDialog& wizard, const std::function<void()>& deed) {
         GoTo(2, wizard);
         WhenLive(wizard, deed);
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
     }
     /// The pressure that the summary shows for master A is this one.
     void CompareSummaryPressure(QDialog& wizard, double size) {
         GoTo(5, wizard);
         QCOMPARE(Shown(wizard, "tbPressureA"), PressureShownFor(size));
-        QVERIFY(Hand(wizard).Click("btnCancel"));
+        QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
     }
 };
 
@@ -71,7 +71,7 @@ void PNXMasterLiveTest::thePressureIsLive() {
                 // One reading in 50 ms, or a little more.
                 QVERIFY2(time.elapsed() >= 350, qPrintable(QString::number(time.elapsed())));
                 QCOMPARE(Shown(wizard, "tbPressure"), PressureShownFor(0.02));
-                QVERIFY(Hand(wizard).Click("btnNext"));
+                QVERIFY(WidgetDriver(wizard).Click("btnNext"));
             });
         });
         QCOMPARE(StageOf(wizard), 4);
@@ -88,7 +88,7 @@ void PNXMasterLiveTest::nextKeepsTheLastPressure() {
     PutIn(NozzlePart::MasterA);
     During([this](QDialog& wizard) {
         InTheLoop(wizard, [&] {
-            QVERIFY(Hand(wizard).Click("btnNext"));
+            QVERIFY(WidgetDriver(wizard).Click("btnNext"));
             PutIn(NozzlePart::MasterB);
         });
         CompareSummaryPressure(wizard, -0.02);
@@ -99,7 +99,7 @@ void PNXMasterLiveTest::backLeavesTheLoop() {
     OpenGauge();
     During([this](QDialog& wizard) {
         InTheLoop(wizard, [&] {
-            QVERIFY(Hand(wizard).Click("btnBack"));
+            QVERIFY(WidgetDriver(wizard).Click("btnBack"));
             Calls::Mark();
         });
         QCOMPARE(StageOf(wizard), 2);
@@ -129,7 +129,7 @@ void PNXMasterLiveTest::cancelAndNo() {
     During([this](QDialog& wizard) {
         InTheLoop(wizard, [&] {
             ExpectSure(wizard, false);
-            QVERIFY(Hand(wizard).Click("btnCancel"));
+            QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
             PutIn(NozzlePart::MasterB);
         });
         QVERIFY(wizard.isVisible());
@@ -139,7 +139,7 @@ void PNXMasterLiveTest::cancelAndNo() {
         QCOMPARE(PressuresRead(), 0);
         QCOMPARE(Shown(wizard, "tbPressure"), PressureShownFor(-0.02));
         QCOMPARE(Activity(), QString());
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(StageOf(wizard), 4);
         CompareSummaryPressure(wizard, -0.02);
     });
@@ -158,7 +158,7 @@ void PNXMasterLiveTest::closeButtonAndYes() {
         InTheLoop(wizard, [&] {
             ExpectSure(wizard, true);
             if (escape) {
-                Hand(wizard).Press(Qt::Key_Escape);
+                WidgetDriver(wizard).Press(Qt::Key_Escape);
             } else {
                 wizard.close();
             }
@@ -180,7 +180,7 @@ void PNXMasterLiveTest::closeButtonAndNo() {
             PutIn(NozzlePart::MasterB);
             WhenShown(wizard, 0.02, [&] {
                 QCOMPARE(StageOf(wizard), 3);
-                QVERIFY(Hand(wizard).Click("btnNext"));
+                QVERIFY(WidgetDriver(wizard).Click("btnNext"));
             });
         });
         QCOMPARE(StageOf(wizard), 4);
@@ -198,12 +198,12 @@ void PNXMasterLiveTest::theLoopIsEnteredOnce() {
                 QVERIFY(backHasEnded);
                 QCOMPARE(StageOf(wizard), 3);
                 QCOMPARE(Activity(), QStringLiteral("Mastering: reading the air pressure"));
-                QVERIFY(Hand(wizard).Click("btnNext"));
+                QVERIFY(WidgetDriver(wizard).Click("btnNext"));
             });
-            QVERIFY(Hand(wizard).Click("btnNext"));
+            QVERIFY(WidgetDriver(wizard).Click("btnNext"));
             QCOMPARE(StageOf(wizard), 4);
             PutIn(NozzlePart::MasterB);
-            QVERIFY(Hand(wizard).Click("btnBack"));
+            QVERIFY(WidgetDriver(wizard).Click("btnBack"));
             backHasEnded = true;
         });
         QCOMPARE(StageOf(wizard), 4);
@@ -220,15 +220,15 @@ void PNXMasterLiveTest::aPressureThatFails() {
         QCOMPARE(StageOf(wizard), 3);
         QCOMPARE(Shown(wizard, "tbPressure"), PressureShownFor(-0.02));
         QCOMPARE(Activity(), QString());
-        QVERIFY(!Hand(wizard).IsEnabled("btnNext"));
-        QVERIFY(!Hand(wizard).IsEnabled("btnBack"));
+        QVERIFY(!WidgetDriver(wizard).IsEnabled("btnNext"));
+        QVERIFY(!WidgetDriver(wizard).IsEnabled("btnBack"));
         Calls::Mark();
         QTest::qWait(120);
         QCOMPARE(PressuresRead(), 0);
         ExpectSure(wizard, false);
-        QVERIFY(Hand(wizard).Click("btnCancel"));
+        QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
         QVERIFY(wizard.isVisible());
-        QVERIFY(!Hand(wizard).IsEnabled("btnNext"));
+        QVERIFY(!WidgetDriver(wizard).IsEnabled("btnNext"));
         CancelWizard(wizard);
     });
 }
@@ -239,7 +239,7 @@ void PNXMasterLiveTest::aFirstPressureThatFails() {
         GoTo(2, wizard);
         FailNext("PressureReading", failure);
         boxes.ExpectError(&wizard, boxTitle, readFailure);
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(StageOf(wizard), 3);
         QCOMPARE(Shown(wizard, "tbPressure"), QString());
         CancelWizard(wizard);
@@ -254,13 +254,13 @@ void PNXMasterLiveTest::theSummary() {
         GoTo(4, wizard);
         PutIn(NozzlePart::MasterB);
         Calls::Mark();
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("PressureReading()")});
         QCOMPARE(Shown(wizard, "tbPressureA"), PressureShownFor(-0.02));
         QCOMPARE(Shown(wizard, "tbPressureB"), PressureShownFor(0.02));
         QCOMPARE(Shown(wizard, "tbMasterA"), QStringLiteral("-0.00100"));
         QCOMPARE(Shown(wizard, "tbMasterB"), QStringLiteral("0.12300"));
-        QVERIFY(Hand(wizard).Click("btnCancel"));
+        QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
     });
 }
 
@@ -270,13 +270,13 @@ void PNXMasterLiveTest::aSummaryThatFails() {
         GoTo(4, wizard);
         FailNext("PressureReading", failure);
         boxes.ExpectError(&wizard, boxTitle, readFailure);
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(StageOf(wizard), 5);
         QCOMPARE(Shown(wizard, "tbPressureB"), QString());
-        QVERIFY(!Hand(wizard).IsEnabled("btnNext"));
-        QVERIFY(!Hand(wizard).IsEnabled("btnBack"));
-        QVERIFY(Hand(wizard).IsEnabled("btnCancel"));
-        QVERIFY(Hand(wizard).Click("btnCancel"));
+        QVERIFY(!WidgetDriver(wizard).IsEnabled("btnNext"));
+        QVERIFY(!WidgetDriver(wizard).IsEnabled("btnBack"));
+        QVERIFY(WidgetDriver(wizard).IsEnabled("btnCancel"));
+        QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
         QVERIFY(!wizard.isVisible());
     });
     QCOMPARE(boxes.Take().size(), 2);

@@ -75,7 +75,7 @@ void PNXMasterStagesTest::theForm() {
         for (const auto& [name, text] : texts) {
             QCOMPARE(Shown(wizard, name), QLatin1String(text));
         }
-        QVERIFY(Hand(wizard).Find("tbPressure")->property("readOnly").toBool());
+        QVERIFY(WidgetDriver(wizard).Find("tbPressure")->property("readOnly").toBool());
         CancelWizard(wizard);
     });
 }
@@ -163,7 +163,7 @@ void PNXMasterStagesTest::openingWithAnUnknownUnit() {
         ClearFaults();
         QCOMPARE(boxes.Take().constFirst().text, text);
         boxes.ExpectError(&wizard, QStringLiteral("Tavik Library Test"), text);
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QTRY_COMPARE(boxes.Count(), 1);
         QTRY_COMPARE(QApplication::activeModalWidget(), &wizard);
         QCOMPARE(StageOf(wizard), 1);
@@ -176,8 +176,8 @@ void PNXMasterStagesTest::forthAndBack() {
     During([this](QDialog& wizard) {
         const auto check = [&](int stage) {
             QCOMPARE(StageOf(wizard), stage);
-            QCOMPARE(Hand(wizard).IsEnabled("btnBack"), stage >= 2);
-            QCOMPARE(Hand(wizard).IsEnabled("btnNext"), true);
+            QCOMPARE(WidgetDriver(wizard).IsEnabled("btnBack"), stage >= 2);
+            QCOMPARE(WidgetDriver(wizard).IsEnabled("btnNext"), true);
             QCOMPARE(Shown(wizard, "btnNext"), stage == 5 ? QStringLiteral("Write") : QStringLiteral("Next >>>"));
         };
         check(1);
@@ -185,22 +185,22 @@ void PNXMasterStagesTest::forthAndBack() {
         check(2);
         WhenLive(wizard, [&] {
             check(3);
-            QVERIFY(Hand(wizard).Click("btnNext"));
+            QVERIFY(WidgetDriver(wizard).Click("btnNext"));
             check(4);
         });
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         check(4);
         GoTo(5, wizard);
         check(5);
-        QVERIFY(Hand(wizard).Click("btnBack"));
+        QVERIFY(WidgetDriver(wizard).Click("btnBack"));
         check(4);
         WhenLive(wizard, [&] {
             check(3);
-            QVERIFY(Hand(wizard).Click("btnBack"));
+            QVERIFY(WidgetDriver(wizard).Click("btnBack"));
         });
-        QVERIFY(Hand(wizard).Click("btnBack"));
+        QVERIFY(WidgetDriver(wizard).Click("btnBack"));
         check(2);
-        QVERIFY(Hand(wizard).Click("btnBack"));
+        QVERIFY(WidgetDriver(wizard).Click("btnBack"));
         check(1);
         CancelWizard(wizard);
     });
@@ -230,14 +230,14 @@ void PNXMasterStagesTest::theRule() {
     QFETCH(QString, limit);
     OpenGauge(QStringLiteral("unit=\"%1\"").arg(unit));
     During([&](QDialog& wizard) {
-        QVERIFY(Hand(wizard).Enter("sbMasterA", QString::number(a, 'f', 3)));
-        QVERIFY(Hand(wizard).Enter("sbMasterB", QString::number(b, 'f', 3)));
+        QVERIFY(WidgetDriver(wizard).Enter("sbMasterA", QString::number(a, 'f', 3)));
+        QVERIFY(WidgetDriver(wizard).Enter("sbMasterB", QString::number(b, 'f', 3)));
         QCOMPARE(SpinBox(wizard, "sbMasterA")->value(), a);
         QCOMPARE(SpinBox(wizard, "sbMasterB")->value(), b);
         if (!limit.isEmpty()) {
             boxes.ExpectError(&wizard, boxTitle, tooFar + limit);
         }
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(StageOf(wizard), limit.isEmpty() ? 2 : 1);
         CancelWizard(wizard);
     });
@@ -250,7 +250,7 @@ void PNXMasterStagesTest::theRuleHoldsAtEveryStage() {
         const auto refused = [&](int stage) {
             SetMasters(wizard, -40.0, 40.0);
             boxes.ExpectError(&wizard, boxTitle, tooFar + QStringLiteral("65.0000 mm"));
-            QVERIFY(Hand(wizard).Click("btnNext"));
+            QVERIFY(WidgetDriver(wizard).Click("btnNext"));
             QCOMPARE(StageOf(wizard), stage);
             SetMasters(wizard, -30.0, 30.0);
         };
@@ -260,9 +260,9 @@ void PNXMasterStagesTest::theRuleHoldsAtEveryStage() {
             refused(3);
             // The pressure is live again once the box has gone.
             PutIn(NozzlePart::MasterA);
-            WhenShown(wizard, -0.02, [&] { QVERIFY(Hand(wizard).Click("btnNext")); });
+            WhenShown(wizard, -0.02, [&] { QVERIFY(WidgetDriver(wizard).Click("btnNext")); });
         });
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(StageOf(wizard), 4);
         refused(4);
         CancelWizard(wizard);
@@ -276,10 +276,10 @@ void PNXMasterStagesTest::theRuleHoldsForWrite() {
         SetMasters(wizard, -40.0, 40.0);
         boxes.ExpectError(&wizard, boxTitle, tooFar + QStringLiteral("65.0000 mm"));
         Calls::Mark();
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         COMPARE_CALLS(TakeAirGaugeCalls(), {});
         QCOMPARE(StageOf(wizard), 5);
-        QVERIFY(Hand(wizard).Click("btnCancel"));
+        QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
     });
 }
 
@@ -300,11 +300,11 @@ void PNXMasterStagesTest::closingAsks() {
     During([&](QDialog& wizard) {
         const auto leave = [&] {
             if (way == 0) {
-                Hand(wizard).Click("btnCancel");
+                WidgetDriver(wizard).Click("btnCancel");
             } else if (way == 1) {
                 wizard.close();
             } else {
-                Hand(wizard).Press(Qt::Key_Escape);
+                WidgetDriver(wizard).Press(Qt::Key_Escape);
             }
         };
         GoTo(stage, wizard);
@@ -334,11 +334,11 @@ void PNXMasterStagesTest::closingTheSummaryDoesNotAsk() {
         GoTo(5, wizard);
         Calls::Mark();
         if (way == 0) {
-            QVERIFY(Hand(wizard).Click("btnCancel"));
+            QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
         } else if (way == 1) {
             QVERIFY(wizard.close());
         } else {
-            Hand(wizard).Press(Qt::Key_Escape);
+            WidgetDriver(wizard).Press(Qt::Key_Escape);
         }
         QVERIFY(!wizard.isVisible());
         COMPARE_CALLS(TakeAirGaugeCalls(), {});
@@ -364,10 +364,10 @@ void PNXMasterStagesTest::afterwardsTheInformationIsUpdated() {
 void PNXMasterStagesTest::keyboard() {
     OpenGauge();
     PutIn(NozzlePart::MasterA);
-    const auto press = [](QDialog& wizard, Qt::Key key) { Hand(wizard).Press(key, Qt::AltModifier); };
+    const auto press = [](QDialog& wizard, Qt::Key key) { WidgetDriver(wizard).Press(key, Qt::AltModifier); };
     During([&](QDialog& wizard) {
-        QVERIFY(Hand(wizard).Enter("sbMasterA", QStringLiteral("0.1")));
-        Hand(wizard).Press(Qt::Key_Return);
+        QVERIFY(WidgetDriver(wizard).Enter("sbMasterA", QStringLiteral("0.1")));
+        WidgetDriver(wizard).Press(Qt::Key_Return);
         QCOMPARE(StageOf(wizard), 2);
         press(wizard, Qt::Key_B);
         QTRY_COMPARE(StageOf(wizard), 1);

@@ -20,9 +20,9 @@ void PNXMasterTest::GoTo(int stage, QDialog& wizard) {
     while (StageOf(wizard) < stage) {
         // Stage 3 keeps its Next in the loop until another one is pressed.
         if (StageOf(wizard) == 2 && stage > 3) {
-            WhenLive(wizard, [&wizard] { QVERIFY(Hand(wizard).Click("btnNext")); });
+            WhenLive(wizard, [&wizard] { QVERIFY(WidgetDriver(wizard).Click("btnNext")); });
         }
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
     }
     QCOMPARE(StageOf(wizard), stage);
 }
@@ -38,7 +38,7 @@ void PNXMasterTest::ExpectSure(QDialog& wizard, bool yes, const std::function<vo
 
 void PNXMasterTest::CancelWizard(QDialog& wizard) {
     ExpectSure(wizard, true);
-    QVERIFY(Hand(wizard).Click("btnCancel"));
+    QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
     QVERIFY(!wizard.isVisible());
 }
 

@@ -23,5 +23,5 @@ protected:
     static void SetMasters(QDialog& wizard, double a, double b);
     /// The stage whose panel is seen, or 0 when none or several are.
     static int StageOf(QDialog& wizard);
-    static QString Shown(QDialog& wizard, const char* field) { return Hand(wizard).Text(field); }
+    static QString Shown(QDialog& wizard, const char* field) { return WidgetDriver(wizard).Text(field); }
 };

@@ -60,14 +60,14 @@ private:
 
 void PNXMasterWriteTest::Master(double a, double b, NozzlePart first, NozzlePart second) {
     During([&](QDialog& wizard) {
-        QVERIFY(Hand(wizard).Enter("sbMasterA", QString::number(a, 'f', 3)));
-        QVERIFY(Hand(wizard).Enter("sbMasterB", QString::number(b, 'f', 3)));
+        QVERIFY(WidgetDriver(wizard).Enter("sbMasterA", QString::number(a, 'f', 3)));
+        QVERIFY(WidgetDriver(wizard).Enter("sbMasterB", QString::number(b, 'f', 3)));
         GoTo(2, wizard);
         PutIn(first);
         GoTo(4, wizard);
         PutIn(second);
         GoTo(5, wizard);
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QVERIFY(!wizard.isVisible());
     });
 }
@@ -92,7 +92,7 @@ void PNXMasterWriteTest::writeWritesInOrder() {
         PutIn(NozzlePart::MasterB);
         GoTo(5, wizard);
         Calls::Mark();
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QVERIFY(!wizard.isVisible());
         const QStringList calls = TakeAirGaugeCalls();
         QStringList expected;
@@ -131,7 +131,7 @@ void PNXMasterWriteTest::lengthsAreWrittenInMillimetres() {
         PutIn(NozzlePart::MasterB);
         GoTo(5, wizard);
         Calls::Mark();
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         const QStringList calls = TakeAirGaugeCalls();
         QVERIFY(Near(ArgumentOf(calls.at(2)), millimetres, 1e-7));
         QVERIFY(Near(ArgumentOf(calls.at(3)), millimetres / 2.0, 1e-7));
@@ -157,12 +157,12 @@ void PNXMasterWriteTest::writeThatFails() {
         FailNext(writes[step], failure);
         boxes.ExpectError(&wizard, boxTitle, QStringLiteral("Error writing to PNX:\n") + failure);
         Calls::Mark();
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(TakeAirGaugeCalls().size(), step + 1);
         QVERIFY(wizard.isVisible());
         QCOMPARE(StageOf(wizard), 5);
         QCOMPARE(Shown(wizard, "btnNext"), QStringLiteral("Write"));
-        QVERIFY(Hand(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(TakeAirGaugeCalls().size(), 5);
         QVERIFY(!wizard.isVisible());
     });
@@ -179,8 +179,8 @@ void PNXMasterWriteTest::writtenValuesStayWritten() {
         GoTo(5, wizard);
         FailNext("ApplyMastering", failure);
         boxes.ExpectError(&wizard, boxTitle, QStringLiteral("Error writing to PNX:\n") + failure);
-        QVERIFY(Hand(wizard).Click("btnNext"));
-        QVERIFY(Hand(wizard).Click("btnCancel"));
+        QVERIFY(WidgetDriver(wizard).Click("btnNext"));
+        QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
     });
     QCOMPARE(Field("tbStatus"), QStringLiteral("Not Mastered"));
     QCOMPARE(Field("tbMasterA"), QStringLiteral("0.5000 mm"));

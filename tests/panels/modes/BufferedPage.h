@@ -110,9 +110,9 @@ protected:
     }
     void ExpectResults(const char* title, const std::function<void(QDialog& dialog, QTableView* table)>& look) {
         boxes.ExpectUse(Page(), QString::fromLatin1(title), [look](QDialog& dialog) {
-            Settle();
+            ProcessAllEvents();
             look(dialog, dialog.findChild<QTableView*>(QStringLiteral("tableResults")));
-            QVERIFY(Hand(dialog).Click("btnClose"));
+            QVERIFY(WidgetDriver(dialog).Click("btnClose"));
         });
     }
 };

@@ -324,7 +324,7 @@ void BufferedPageTest::theKeyboardReachesEverything() {
 void BufferedPageTest::thePageFitsTheWindow() {
     OpenBuffered();
     Window().resize(1100, 700);
-    Settle();
+    ProcessAllEvents();
     const auto* scroll = Window().findChild<QWidget*>(QStringLiteral("scrollBufferedModeWidget"));
     QVERIFY(Page()->minimumSizeHint().width() <= scroll->width());
     QVERIFY(Page()->minimumSizeHint().height() <= scroll->height());

@@ -4,7 +4,7 @@
 #include "library/TavikServer.h"
 #include "panels/modes/BufferedModeWidget.h"
 #include "tests/panels/modes/BufferedPage.h"
-#include "tests/support/HostStandIn.h"
+#include "tests/support/FakeHostWindow.h"
 
 using namespace TavikSimulator;
 
@@ -70,7 +70,7 @@ void BufferedRunTest::samplingIsOfferedInSampleMode() {
 // The window is told after the page has been refreshed; what may be pressed during the run is decided after that.
 void BufferedRunTest::theHostIsTold() {
     UseStillBenchText(Bench().toStdString(), "bench of the test");
-    HostStandIn host;
+    FakeHostWindow host;
     TavikLibrary::TavikServer server;
     server.Networks()->FindNetworks();
     server.Networks()->ConnectAll();
@@ -80,24 +80,24 @@ void BufferedRunTest::theHostIsTold() {
     host.setCentralWidget(page);
     page->setNetwork(&host, &server, network, network->GetModule(0));
     host.show();
-    Settle();
-    Hand hand(host);
-    QVERIFY(hand.Click("radioSample"));
-    QVERIFY(hand.Click("btnEnable"));
-    QVERIFY(hand.Click("btnStart"));
+    ProcessAllEvents();
+    WidgetDriver driver(host);
+    QVERIFY(driver.Click("radioSample"));
+    QVERIFY(driver.Click("btnEnable"));
+    QVERIFY(driver.Click("btnStart"));
     QCOMPARE(host.disabled, 1);
     QCOMPARE(host.enabled, 0);
-    QVERIFY(hand.IsEnabled("btnSample"));
-    QVERIFY(hand.Click("btnStop"));
+    QVERIFY(driver.IsEnabled("btnSample"));
+    QVERIFY(driver.Click("btnStop"));
     QCOMPARE(host.enabled, 1);
-    QVERIFY(!hand.IsEnabled("btnSample"));
-    QVERIFY(!hand.IsEnabled("btnStop"));
+    QVERIFY(!driver.IsEnabled("btnSample"));
+    QVERIFY(!driver.IsEnabled("btnStop"));
     page->setCommandsEnabled(false);
     for (const char* name : {"radioSync", "btnEnable", "btnDisable", "btnStart", "btnAllModules", "tbTTU"}) {
-        QVERIFY(!hand.IsEnabled(name));
+        QVERIFY(!driver.IsEnabled(name));
     }
     page->setCommandsEnabled(true);
-    QVERIFY(hand.IsEnabled("btnStart"));
+    QVERIFY(driver.IsEnabled("btnStart"));
     page->setNetwork(&host, &server, network, nullptr);
     page->setNetwork(&host, &server, nullptr, nullptr);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QStatusBar>
 
@@ -15,7 +15,7 @@ inline QString StillProbe(int number) {
 }
 
 /// A test on the page of difference mode.
-class DifferencePage : public ProgramTest {
+class DifferencePage : public ProgramFixture {
 protected:
     /// The page of the first module, in front.
     void OpenPage(const QString& modules) {
@@ -37,7 +37,7 @@ protected:
     /// last of them has to end the watching.
     void StartAndThen(const std::vector<std::function<void()>>& deeds) {
         std::size_t next = 0;
-        const auto hand = Repeatedly([&] {
+        const auto operation = Repeatedly([&] {
             if (next < deeds.size() && QApplication::activeModalWidget() == nullptr) {
                 TavikSimulator::AdvanceClock(1.0);
                 deeds[next++]();

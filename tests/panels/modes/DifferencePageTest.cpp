@@ -300,7 +300,7 @@ void DifferencePageTest::theResultsOfAllModules() {
         QCOMPARE(ColumnOf(*table, 1),
                  QStringList({QStringLiteral("No error."), QStringLiteral("1.00000"), QStringLiteral("1.00000"),
                               QStringLiteral("0.00000"), QStringLiteral("976"), QStringLiteral("976.00000")}));
-        QVERIFY(Hand(dialog).Click("btnClose"));
+        QVERIFY(WidgetDriver(dialog).Click("btnClose"));
     };
     boxes.ExpectDialog(Page(), QStringLiteral("Difference Mode Results"), reply);
     QVERIFY(Operator().Click("btnDisplayAllModuleResults"));
@@ -321,7 +321,7 @@ void DifferencePageTest::theResultsOfAMovingPart() {
         const auto* table = dialog.findChild<QTableWidget*>(QStringLiteral("tableResults"));
         QCOMPARE(ColumnOf(*table, 0), QStringList({QStringLiteral("No error."), QStringLiteral("1.25000"),
                                                    QStringLiteral("-0.75000"), QStringLiteral("2.00000"), reads, sum}));
-        QVERIFY(Hand(dialog).Click("btnClose"));
+        QVERIFY(WidgetDriver(dialog).Click("btnClose"));
     };
     boxes.ExpectDialog(Page(), QStringLiteral("Difference Mode Results"), reply);
     QVERIFY(Operator().Click("btnDisplayAllModuleResults"));
@@ -355,8 +355,8 @@ void DifferencePageTest::resultsAreCopied() {
     reply.meanwhile = [](QDialog& dialog) {
         auto* table = dialog.findChild<QTableWidget*>(QStringLiteral("tableResults"));
         table->setFocus();
-        Hand(dialog).Press(Qt::Key_A, Qt::ControlModifier);
-        Hand(dialog).Press(Qt::Key_C, Qt::ControlModifier);
+        WidgetDriver(dialog).Press(Qt::Key_A, Qt::ControlModifier);
+        WidgetDriver(dialog).Press(Qt::Key_C, Qt::ControlModifier);
     };
     boxes.ExpectDialog(Page(), QStringLiteral("Difference Mode Results"), reply);
     QVERIFY(Operator().Click("btnDisplayAllModuleResults"));

@@ -4,7 +4,7 @@
 #include "library/TavikServer.h"
 #include "panels/modes/DynamicWidget.h"
 #include "tests/panels/modes/DynamicPage.h"
-#include "tests/support/HostStandIn.h"
+#include "tests/support/FakeHostWindow.h"
 
 #include <QDialog>
 
@@ -115,10 +115,10 @@ void DynamicClosingTest::thePageGoesBeforeTheEnd() {
     server.Networks()->FindNetworks();
     server.Networks()->ConnectAll();
     TavikLibrary::TavikNetwork* network = server.Networks()->Network(0);
-    HostStandIn host;
+    FakeHostWindow host;
     auto* page = new DynamicWidget(&host);
     page->setNetwork(&host, &server, network, network->GetModule(0));
-    Hand hand(host);
+    WidgetDriver driver(host);
     for (const char* slot : {"on_btnEnable_clicked", "on_btnPrepare_clicked", "on_btnStart_clicked"}) {
         QVERIFY(QMetaObject::invokeMethod(page, slot));
     }

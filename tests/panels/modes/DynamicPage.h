@@ -1,14 +1,14 @@
 #pragma once
 
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QComboBox>
 #include <QListWidget>
 #include <QSpinBox>
 
 /// The base of tests that drive the page of dynamic mode.
-class DynamicPage : public ProgramTest {
+class DynamicPage : public ProgramFixture {
 protected:
     /// Two probes.
     static QString Probes() {

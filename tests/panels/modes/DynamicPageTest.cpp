@@ -317,7 +317,7 @@ void DynamicPageTest::networksOfBothKinds() {
 void DynamicPageTest::everythingIsReached() {
     OpenPage(Masters());
     Window().resize(1100, 700);
-    Settle();
+    ProcessAllEvents();
     // Every control can be brought into view and is not covered by another one.
     Click("radioSyncExternal");
     QVERIFY(Operator().Choose("cbExternalMaster", 1));

@@ -1,7 +1,7 @@
 #include "library/TavikModuleKX.h"
 #include "panels/modes/ReadBurstWidget.h"
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QClipboard>
 #include <QGroupBox>
@@ -27,7 +27,7 @@ void HoldProbe(int number, double position) {
 } // namespace
 
 /// The page of read bursts.
-class ReadBurstPageTest : public ProgramTest {
+class ReadBurstPageTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

@@ -3,7 +3,7 @@
 #include "panels/modes/AllResultsDialog.h"
 #include "panels/modes/CurrentModuleResultsDialog.h"
 #include "panels/modes/ReadingsFetch.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QClipboard>

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QDoubleSpinBox>
 #include <QStatusBar>
 
 /// The base of tests of the page that searches a linear encoder's reference mark: the first of two encoders, on a
 /// bench whose time passes while a search is on.
-class ReferenceMarkPage : public ProgramTest {
+class ReferenceMarkPage : public ProgramFixture {
 protected:
     void OpenPage(const QString& attributes = QStringLiteral("mark=\"4\" hand=\"0.3\"")) {
         OpenModule(Benches::With(QStringLiteral("<module type=\"RN\" identity=\"RN00000001\" capabilities=\"\" %1>"

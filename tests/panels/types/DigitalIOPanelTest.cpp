@@ -166,7 +166,7 @@ void DigitalIOPanelTest::theGridStaysWhereItIs() {
     QCOMPARE(before.size(), 8 * 9);
     for (int pin = 1; pin <= 8; ++pin) {
         QVERIFY(ClickPin("radioConfigOutput", pin));
-        Settle();
+        ProcessAllEvents();
         QCOMPARE(places(), before);
     }
 }

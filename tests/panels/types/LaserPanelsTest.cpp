@@ -200,7 +200,7 @@ void LaserPanelsTest::filterWithoutARow() {
     for (const int filter : {7, -1, 1000}) {
         AnswerFrom(1, "Filter", filter);
         Operator().The<QListWidget>("listModules")->setCurrentRow(-1);
-        Settle();
+        ProcessAllEvents();
         QVERIFY(Operator().SelectPage("tabNetwork"));
         QVERIFY(Operator().SelectRow("listModules", 0));
         QCOMPARE(Operator().The<QListWidget>("listAvailableFilters")->currentRow(), -1);

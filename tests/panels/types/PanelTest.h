@@ -2,7 +2,7 @@
 
 #include "panels/common/TypePanel.h"
 #include "tests/support/Benches.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>
@@ -11,7 +11,7 @@
 #include <vector>
 
 /// The base of tests of one panel, on a network with one module, the module page in front.
-class PanelTest : public ProgramTest {
+class PanelTest : public ProgramFixture {
 protected:
     /// A module of this kind with more attributes and content.
     void OpenPanel(const char* type, const QString& attributes = QString(), const QString& content = QString()) {
@@ -26,7 +26,7 @@ protected:
         boxes.Tolerate(true);
         setFaults();
         Operator().SelectRow("listModules", 0);
-        Settle();
+        ProcessAllEvents();
         Operator().SelectPage("tabModule");
         return boxes.Take();
     }

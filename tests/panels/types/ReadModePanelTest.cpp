@@ -4,7 +4,7 @@
 #include "library/TavikServer.h"
 #include "panels/types/ModuleHVXWidget.h"
 #include "tests/panels/types/PanelTest.h"
-#include "tests/support/HostStandIn.h"
+#include "tests/support/FakeHostWindow.h"
 
 using namespace TavikLibrary;
 using namespace TavikSimulator;
@@ -171,7 +171,7 @@ void ReadModePanelTest::updateAsksTheHost() {
     server.Networks()->FindNetworks();
     server.Networks()->ConnectAll();
     TavikNetwork* network = server.Networks()->Network(0);
-    HostStandIn host;
+    FakeHostWindow host;
     auto* panel = new ModuleHVXWidget(&host);
     panel->SetModule(&host, &server, network, dynamic_cast<TavikModuleHVX*>(network->GetModule(0)));
     host.show();

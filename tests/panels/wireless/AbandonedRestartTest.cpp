@@ -4,8 +4,8 @@
 #include "panels/common/BackgroundCalls.h"
 #include "panels/wireless/moduleRLKWidget.h"
 #include "tests/panels/wireless/WirelessBench.h"
-#include "tests/support/HostStandIn.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/FakeHostWindow.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QSignalSpy>
 
@@ -22,7 +22,7 @@ constexpr std::chrono::seconds longEnough(20);
 } // namespace
 
 /// A restart whose panel or window goes before it is over.
-class AbandonedRestartTest : public ProgramTest {
+class AbandonedRestartTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -56,7 +56,7 @@ void AbandonedRestartTest::panelThatGoesDuringTheRestart() {
     server.Networks()->FindNetworks();
     server.Networks()->ConnectAll();
     TavikLibrary::TavikNetwork* network = server.Networks()->Network(0);
-    HostStandIn host;
+    FakeHostWindow host;
     auto panel = std::make_unique<moduleRLKWidget>(&host);
     panel->SetModule(&host, &server, network, dynamic_cast<TavikLibrary::TavikModuleRLK*>(network->GetModule(0)));
     SlowRestart(0.1);
@@ -90,7 +90,7 @@ void AbandonedRestartTest::windowThatClosesDuringTheRestart() {
     Window().close();
     QVERIFY(BackgroundCalls::WaitForEnd(longEnough));
     QTRY_COMPARE(finished.count(), 1);
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(boxes.Count(), 0);
     // Nothing is asked of the library after the window has begun to close.
     QCOMPARE(Calls::TakeOperation("UpdateDeviceFieldData"), QStringList());

@@ -123,7 +123,7 @@ void ConfigModeTest::sleepingToolIsWoken() {
     OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"60\"")), 0);
     AdvanceClock(120);
     const ProgressWatch progress;
-    InSettings(QStringLiteral("KRV Settings"), [](QDialog&, const Hand&) {});
+    InSettings(QStringLiteral("KRV Settings"), [](QDialog&, const WidgetDriver&) {});
     QCOMPARE(progress.Steps().at(1), QStringLiteral("0 Connecting and entering config mode. (Try 2/10)"));
     QCOMPARE(progress.Steps().at(2), QStringLiteral("1 Reading Identity"));
 }
@@ -163,7 +163,7 @@ void ConfigModeTest::waitDialogIsModalAndStandsOverTheWindow() {
         QCOMPARE(wait->parentWidget(), &Window());
         QCOMPARE(Window().statusBar()->currentMessage(), QStringLiteral("Reading the settings of a hand tool"));
     });
-    InSettings(QStringLiteral("KRV Settings"), [this](QDialog&, const Hand&) {
+    InSettings(QStringLiteral("KRV Settings"), [this](QDialog&, const WidgetDriver&) {
         QVERIFY(ShownWaitDialog() == nullptr);
         QCOMPARE(Window().statusBar()->currentMessage(), QString());
     });

@@ -20,16 +20,16 @@ private slots:
 
 void HandToolLoopTest::readsUntilStopped() {
     OpenModule(StillTool(), 0);
-    InDialog([this](QDialog& dialog, Hand hand) {
+    InDialog([this](QDialog& dialog, WidgetDriver driver) {
         Calls::Mark();
         const auto hasRead = [] { return Reads() >= 4; };
-        When(this, hasRead, [&dialog, hand, this]() mutable {
+        When(this, hasRead, [&dialog, driver, this]() mutable {
             QCOMPARE(StartText(dialog), QStringLiteral("Stop Reading"));
             QCOMPARE(Window().statusBar()->currentMessage(), QStringLiteral("Reading the hand tool of slot 1"));
-            hand.Click("btnStartStopReading");
+            driver.Click("btnStartStopReading");
             Calls::Mark();
         });
-        QVERIFY(hand.Click("btnStartStopReading"));
+        QVERIFY(driver.Click("btnStartStopReading"));
         // The second click ended the loop without another read.
         QCOMPARE(Reads(), 0);
         QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
@@ -40,7 +40,7 @@ void HandToolLoopTest::readsUntilStopped() {
 
 void HandToolLoopTest::failureEndsTheLoop() {
     OpenModule(StillTool(), 0);
-    InDialog([this](QDialog& dialog, Hand hand) {
+    InDialog([this](QDialog& dialog, WidgetDriver driver) {
         Calls::Mark();
         Fault fault;
         fault.operation = "ReadAllChannels";
@@ -49,7 +49,7 @@ void HandToolLoopTest::failureEndsTheLoop() {
         fault.text = "Out of reach.";
         AddFault(fault);
         boxes.ExpectError(&dialog, readTitle, QStringLiteral("Out of reach."));
-        QVERIFY(hand.Click("btnStartStopReading"));
+        QVERIFY(driver.Click("btnStartStopReading"));
         QCOMPARE(Reads(), 4);
         QCOMPARE(boxes.Count(), 2);
         QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
@@ -59,15 +59,15 @@ void HandToolLoopTest::failureEndsTheLoop() {
 
 void HandToolLoopTest::changeOfModeAppliesToTheNextRead() {
     OpenModule(StillTool(), 0);
-    InDialog([this](QDialog&, Hand hand) {
+    InDialog([this](QDialog&, WidgetDriver driver) {
         Calls::Mark();
         When(
             this, [] { return Reads() >= 2; },
-            [hand, this]() mutable {
-                hand.Click("radioTagged");
-                StopAfterReads(hand, Reads() + 2);
+            [driver, this]() mutable {
+                driver.Click("radioTagged");
+                StopAfterReads(driver, Reads() + 2);
             });
-        QVERIFY(hand.Click("btnStartStopReading"));
+        QVERIFY(driver.Click("btnStartStopReading"));
         const QStringList reads = Calls::TakeOperation("ReadAllChannels");
         QCOMPARE(reads.first(), OfDevice({QStringLiteral("ReadAllChannels(1)")}).constFirst());
         QCOMPARE(reads.last(), OfDevice({QStringLiteral("ReadAllChannels(3)")}).constFirst());
@@ -84,11 +84,11 @@ void HandToolLoopTest::endsWithTheLoop_data() {
 void HandToolLoopTest::endsWithTheLoop() {
     QFETCH(QString, how);
     OpenModule(StillTool(), 0);
-    InDialog([how, this](QDialog& dialog, Hand hand) {
+    InDialog([how, this](QDialog& dialog, WidgetDriver driver) {
         Calls::Mark();
-        When(this, HasRead, [&dialog, hand, how]() mutable {
+        When(this, HasRead, [&dialog, driver, how]() mutable {
             if (how == QLatin1String("Close")) {
-                hand.Click("btnClose");
+                driver.Click("btnClose");
             } else if (how == QLatin1String("Escape")) {
                 QTest::keyClick(&dialog, Qt::Key_Escape);
             } else {
@@ -96,7 +96,7 @@ void HandToolLoopTest::endsWithTheLoop() {
             }
             Calls::Mark();
         });
-        QVERIFY(hand.Click("btnStartStopReading"));
+        QVERIFY(driver.Click("btnStartStopReading"));
         QCOMPARE(Reads(), 0);
         QVERIFY(!dialog.isVisible());
     });
@@ -106,13 +106,13 @@ void HandToolLoopTest::endsWithTheLoop() {
 
 void HandToolLoopTest::windowThatClosesEndsTheLoop() {
     OpenModule(StillTool(), 0);
-    InDialog([this](QDialog&, Hand hand) {
+    InDialog([this](QDialog&, WidgetDriver driver) {
         Calls::Mark();
         When(this, HasRead, [this] {
             Window().close();
             Calls::Mark();
         });
-        QVERIFY(hand.Click("btnStartStopReading"));
+        QVERIFY(driver.Click("btnStartStopReading"));
         QCOMPARE(Calls::Take(), QStringList());
     });
 }
@@ -121,7 +121,8 @@ void HandToolLoopTest::windowThatClosesOverTheFirstFailure() {
     OpenModule(StillTool(), 0);
     FailNext("NumChannels", QStringLiteral("No."));
     boxes.Tolerate(true);
-    QTimer::singleShot(0, this, [this] { Window().close(); });
+    When(
+        this, [] { return QApplication::activeModalWidget() != nullptr; }, [this] { Window().close(); });
     QVERIFY(Operator().Click("btnRead1"));
     // Only the box has been seen: the dialog does not open after the window has closed.
     QCOMPARE(boxes.Count(), 1);

@@ -33,7 +33,7 @@ private slots:
 
 void HandToolReadingsTest::showsTheTool() {
     OpenModule(StillTool(QStringLiteral("1"), QStringLiteral("battery=\"41\"")), 0);
-    InDialog([](QDialog& dialog, const Hand& hand) {
+    InDialog([](QDialog& dialog, const WidgetDriver& driver) {
         QVERIFY(!dialog.windowIcon().isNull());
         QVERIFY(dialog.isModal());
         QCOMPARE(dialog.findChild<QGroupBox*>(QStringLiteral("gbDevice"))->title(), QStringLiteral("RLK Device: 1"));
@@ -42,23 +42,23 @@ void HandToolReadingsTest::showsTheTool() {
             {"tbType", QStringLiteral("KRV")},           {"tbStatus", QStringLiteral("Connected")},
             {"tbChannels", QStringLiteral("1")},         {"tbBattery", QStringLiteral("41%")}};
         for (const auto& field : fields) {
-            const auto* edit = hand.The<QLineEdit>(field.first);
+            const auto* edit = driver.The<QLineEdit>(field.first);
             QCOMPARE(edit->text(), field.second);
             QVERIFY(edit->isReadOnly());
             QCOMPARE(edit->styleSheet(), QStringLiteral("background-color: white"));
         }
-        QVERIFY(hand.The<QRadioButton>("radioNormal")->isChecked());
-        QCOMPARE(hand.Text("radioNormal"), QStringLiteral("Normal Readings"));
-        QCOMPARE(hand.Text("radioTagged"), QStringLiteral("Tagged Readings"));
+        QVERIFY(driver.The<QRadioButton>("radioNormal")->isChecked());
+        QCOMPARE(driver.Text("radioNormal"), QStringLiteral("Normal Readings"));
+        QCOMPARE(driver.Text("radioTagged"), QStringLiteral("Tagged Readings"));
         QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
-        QCOMPARE(hand.Text("btnClose"), QStringLiteral("Close"));
+        QCOMPARE(driver.Text("btnClose"), QStringLiteral("Close"));
         QCOMPARE(Colour(dialog), green);
     });
 }
 
 void HandToolReadingsTest::readsInOrder() {
     OpenModule(StillTool(), 0);
-    InDialog([](QDialog&, const Hand&) {
+    InDialog([](QDialog&, const WidgetDriver&) {
         const QStringList reading = OfDevice({QStringLiteral("DeviceType()"), QStringLiteral("ConnectionStatus()"),
                                               QStringLiteral("NumChannels()"), QStringLiteral("BatteryStatus()"),
                                               QStringLiteral("ReadAllChannels(1)")}) +
@@ -73,8 +73,8 @@ void HandToolReadingsTest::readsInOrder() {
 
 void HandToolReadingsTest::showsTheReadings() {
     OpenModule(StillTool(), 0);
-    InDialog([](QDialog& dialog, const Hand& hand) {
-        const auto* table = hand.The<QTableWidget>("readingsTable");
+    InDialog([](QDialog& dialog, const WidgetDriver& driver) {
+        const auto* table = driver.The<QTableWidget>("readingsTable");
         QStringList headings;
         for (int row = 0; row < table->rowCount(); ++row) {
             headings.append(table->verticalHeaderItem(row)->text());
@@ -104,31 +104,31 @@ void HandToolReadingsTest::numbersAreShort() {
                     Tool(QStringLiteral("KRV0000001"), QStringLiteral("KRV"), QString(),
                          QStringLiteral("<channel id=\"G\" stroke=\"%1\"/>").arg(stroke))),
                0);
-    InDialog([shown](QDialog& dialog, const Hand&) { QCOMPARE(Column(dialog, 0).at(1), shown); });
+    InDialog([shown](QDialog& dialog, const WidgetDriver&) { QCOMPARE(Column(dialog, 0).at(1), shown); });
 }
 
 void HandToolReadingsTest::showsEightChannels() {
     OpenModule(EightChannels(), 0);
-    InDialog([](QDialog&, const Hand& hand) {
-        const auto* table = hand.The<QTableWidget>("readingsTable");
+    InDialog([](QDialog&, const WidgetDriver& driver) {
+        const auto* table = driver.The<QTableWidget>("readingsTable");
         QCOMPARE(table->columnCount(), 8);
         for (int channel = 0; channel < 8; ++channel) {
             QCOMPARE(table->horizontalHeaderItem(channel)->text(), QStringLiteral("Ch %1").arg(channel + 1));
             QVERIFY(table->item(0, channel)->text().startsWith(QStringLiteral("CH%1").arg(channel + 1)));
         }
-        QCOMPARE(hand.Text("tbType"), QStringLiteral("KRV-X"));
-        QCOMPARE(hand.Text("tbChannels"), QStringLiteral("8"));
+        QCOMPARE(driver.Text("tbType"), QStringLiteral("KRV-X"));
+        QCOMPARE(driver.Text("tbChannels"), QStringLiteral("8"));
     });
 }
 
 void HandToolReadingsTest::nothingTaggedGivesNoColumns() {
     OpenModule(StillTool(), 0);
-    InDialog([this](QDialog&, Hand hand) {
-        QVERIFY(hand.Click("radioTagged"));
+    InDialog([this](QDialog&, WidgetDriver driver) {
+        QVERIFY(driver.Click("radioTagged"));
         Calls::Mark();
-        StopAfterReads(hand, 1);
-        QVERIFY(hand.Click("btnStartStopReading"));
-        const auto* table = hand.The<QTableWidget>("readingsTable");
+        StopAfterReads(driver, 1);
+        QVERIFY(driver.Click("btnStartStopReading"));
+        const auto* table = driver.The<QTableWidget>("readingsTable");
         QCOMPARE(table->columnCount(), 0);
         QCOMPARE(table->rowCount(), 5);
     });
@@ -136,13 +136,13 @@ void HandToolReadingsTest::nothingTaggedGivesNoColumns() {
 
 void HandToolReadingsTest::taggedReadingsAreAskedForByTheirCode() {
     OpenModule(StillTool(), 0);
-    InDialog([this](QDialog& dialog, Hand hand) {
+    InDialog([this](QDialog& dialog, WidgetDriver driver) {
         PressToolButton("KRV0000001", 1);
         PressToolButton("KRV0000001", 1);
-        QVERIFY(hand.Click("radioTagged"));
+        QVERIFY(driver.Click("radioTagged"));
         Calls::Mark();
-        StopAfterReads(hand, 1);
-        QVERIFY(hand.Click("btnStartStopReading"));
+        StopAfterReads(driver, 1);
+        QVERIFY(driver.Click("btnStartStopReading"));
         QVERIFY(TakeToolCalls().contains(OfDevice({QStringLiteral("ReadAllChannels(3)")}).constFirst()));
         QCOMPARE(Column(dialog, 0).at(4), QStringLiteral("2"));
     });
@@ -157,7 +157,8 @@ void HandToolReadingsTest::colourFollowsTheConnection() {
         fault.effect = FaultEffect::Result;
         fault.code = status;
         const int number = AddFault(fault);
-        InDialog([status](QDialog& dialog, const Hand&) { QCOMPARE(Colour(dialog), status == 3 ? green : red); });
+        InDialog(
+            [status](QDialog& dialog, const WidgetDriver&) { QCOMPARE(Colour(dialog), status == 3 ? green : red); });
         RemoveFault(number);
     }
 }
@@ -177,7 +178,7 @@ void HandToolReadingsTest::failureOfARead() {
     bool opened = false;
     QDialog* parent = nullptr;
     boxes.Tolerate(true);
-    InDialog([&](QDialog& dialog, const Hand&) {
+    InDialog([&](QDialog& dialog, const WidgetDriver&) {
         opened = true;
         parent = &dialog;
         QCOMPARE(Colour(dialog), green);
@@ -195,7 +196,7 @@ void HandToolReadingsTest::failureOfARead() {
 
 void HandToolReadingsTest::failureKeepsWhatWasShownBefore() {
     OpenModule(StillTool(), 0);
-    InDialog([this](QDialog& dialog, Hand hand) {
+    InDialog([this](QDialog& dialog, WidgetDriver driver) {
         Fault fault;
         fault.operation = "NumChannels";
         fault.text = "No.";
@@ -210,10 +211,10 @@ void HandToolReadingsTest::failureKeepsWhatWasShownBefore() {
         // The colour waits until the box has been read.
         reply.meanwhile = [&dialog](QDialog&) { QCOMPARE(Colour(dialog), green); };
         boxes.ExpectError(&dialog, readTitle, QStringLiteral("No."), reply);
-        QVERIFY(hand.Click("btnStartStopReading"));
-        QCOMPARE(hand.Text("tbType"), QStringLiteral("KRV-X"));
-        QCOMPARE(hand.Text("tbStatus"), QStringLiteral("Out of range"));
-        QCOMPARE(hand.Text("tbChannels"), QStringLiteral("1"));
+        QVERIFY(driver.Click("btnStartStopReading"));
+        QCOMPARE(driver.Text("tbType"), QStringLiteral("KRV-X"));
+        QCOMPARE(driver.Text("tbStatus"), QStringLiteral("Out of range"));
+        QCOMPARE(driver.Text("tbChannels"), QStringLiteral("1"));
         QCOMPARE(Column(dialog, 0).at(2), QStringLiteral("1.2346"));
         QCOMPARE(Colour(dialog), red);
     });
@@ -227,14 +228,14 @@ void HandToolReadingsTest::failureOfTheLastQuestionColoursRed() {
     fault.n = 2;
     fault.text = "Never seen.";
     AddFault(fault);
-    InDialog([](QDialog& dialog, const Hand&) { QCOMPARE(Colour(dialog), red); });
+    InDialog([](QDialog& dialog, const WidgetDriver&) { QCOMPARE(Colour(dialog), red); });
     QCOMPARE(boxes.Count(), 1);
 }
 
 void HandToolReadingsTest::readingsCanBeCopied() {
     OpenModule(StillTool(), 0);
-    InDialog([](QDialog&, const Hand& hand) {
-        auto* table = hand.The<QTableWidget>("readingsTable");
+    InDialog([](QDialog&, const WidgetDriver& driver) {
+        auto* table = driver.The<QTableWidget>("readingsTable");
         table->setFocus();
         table->setCurrentCell(2, 0);
         QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
@@ -245,10 +246,10 @@ void HandToolReadingsTest::readingsCanBeCopied() {
 
 void HandToolReadingsTest::enterPressesNoButton() {
     OpenModule(StillTool(), 0);
-    InDialog([](QDialog& dialog, const Hand& hand) {
+    InDialog([](QDialog& dialog, const WidgetDriver& driver) {
         Calls::Mark();
-        hand.Find("readingsTable")->setFocus();
-        QTest::keyClick(hand.Find("readingsTable"), Qt::Key_Return);
+        driver.Find("readingsTable")->setFocus();
+        QTest::keyClick(driver.Find("readingsTable"), Qt::Key_Return);
         QVERIFY(dialog.isVisible());
         QCOMPARE(Reads(), 0);
     });

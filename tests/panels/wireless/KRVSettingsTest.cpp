@@ -74,7 +74,7 @@ private slots:
 
 void KRVSettingsTest::readsInOrderAndWritesNothing() {
     OpenModule(SingleChannel(), 0);
-    InSettings(title, [](QDialog&, const Hand&) {
+    InSettings(title, [](QDialog&, const WidgetDriver&) {
         COMPARE_CALLS(TakeToolCalls(),
                       OfSlot(QStringLiteral("device"), {QStringLiteral("DeviceType()"), QStringLiteral("Settings()")}) +
                           ReadingCalls());
@@ -86,7 +86,7 @@ void KRVSettingsTest::showsTheProgress() {
     const ProgressWatch progress;
     QElapsedTimer sinceClick;
     sinceClick.start();
-    InSettings(title, [&](QDialog&, const Hand&) {
+    InSettings(title, [&](QDialog&, const WidgetDriver&) {
         // One second until the first try, and one after each of the two that failed.
         QVERIFY2(sinceClick.elapsed() >= 3000, qPrintable(QString::number(sinceClick.elapsed())));
     });
@@ -122,27 +122,27 @@ void KRVSettingsTest::showsWhatTheToolIsSetTo() {
     tool->setLimitBuzzerEnable(true);
     tool->setLimitBuzzerRate(eKRV_LimitBuzzerRate::OneSlowOnFail);
     tool->setOperationMode(eKRV_OperationMode::TaggedMin);
-    InSettings(title, [](QDialog&, const Hand& hand) {
-        QCOMPARE(Chosen(hand, "cbBluetoothClass"), 2);
-        QVERIFY(Ticked(hand, "cbAutoPowerOffEnabled"));
-        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 4711);
-        QVERIFY(hand.IsEnabled("sbAutoPowerOffTime"));
-        QCOMPARE(hand.The<QSpinBox>("sbResolution")->value(), 5);
-        QCOMPARE(Chosen(hand, "cbOrientation"), 3);
-        QCOMPARE(Chosen(hand, "cbLayout"), 1);
-        QCOMPARE(Chosen(hand, "cbReadingSource"), 1);
-        QCOMPARE(hand.The<QDoubleSpinBox>("sbPreset")->value(), -12.3456);
-        QCOMPARE(Chosen(hand, "cbButton1Func"), 2);
-        QCOMPARE(Chosen(hand, "cbButton2Func"), 0);
-        QCOMPARE(Chosen(hand, "cbPowerOffBtn"), 3);
-        QVERIFY(!Ticked(hand, "cbButtonBuzzer"));
-        QVERIFY(Ticked(hand, "cbLimitsEnabled"));
-        QCOMPARE(hand.The<QDoubleSpinBox>("sbUpperLimit")->value(), 7.25);
-        QCOMPARE(hand.The<QDoubleSpinBox>("sbLowerLimit")->value(), -7.75);
-        QCOMPARE(Chosen(hand, "cbLimitLED"), 2);
-        QVERIFY(Ticked(hand, "cbLimitBuzzer"));
-        QCOMPARE(Chosen(hand, "cbBuzzRate"), 1);
-        QCOMPARE(Chosen(hand, "cbOperationMode"), 6);
+    InSettings(title, [](QDialog&, const WidgetDriver& driver) {
+        QCOMPARE(Chosen(driver, "cbBluetoothClass"), 2);
+        QVERIFY(Ticked(driver, "cbAutoPowerOffEnabled"));
+        QCOMPARE(driver.The<QSpinBox>("sbAutoPowerOffTime")->value(), 4711);
+        QVERIFY(driver.IsEnabled("sbAutoPowerOffTime"));
+        QCOMPARE(driver.The<QSpinBox>("sbResolution")->value(), 5);
+        QCOMPARE(Chosen(driver, "cbOrientation"), 3);
+        QCOMPARE(Chosen(driver, "cbLayout"), 1);
+        QCOMPARE(Chosen(driver, "cbReadingSource"), 1);
+        QCOMPARE(driver.The<QDoubleSpinBox>("sbPreset")->value(), -12.3456);
+        QCOMPARE(Chosen(driver, "cbButton1Func"), 2);
+        QCOMPARE(Chosen(driver, "cbButton2Func"), 0);
+        QCOMPARE(Chosen(driver, "cbPowerOffBtn"), 3);
+        QVERIFY(!Ticked(driver, "cbButtonBuzzer"));
+        QVERIFY(Ticked(driver, "cbLimitsEnabled"));
+        QCOMPARE(driver.The<QDoubleSpinBox>("sbUpperLimit")->value(), 7.25);
+        QCOMPARE(driver.The<QDoubleSpinBox>("sbLowerLimit")->value(), -7.75);
+        QCOMPARE(Chosen(driver, "cbLimitLED"), 2);
+        QVERIFY(Ticked(driver, "cbLimitBuzzer"));
+        QCOMPARE(Chosen(driver, "cbBuzzRate"), 1);
+        QCOMPARE(Chosen(driver, "cbOperationMode"), 6);
     });
 }
 
@@ -153,10 +153,10 @@ void KRVSettingsTest::ticksAreShownTheOtherWayRoundToo() {
     tool->setButtonBuzzerEnable(true);
     tool->Limits()->setEnabled(false);
     tool->setLimitBuzzerEnable(false);
-    InSettings(title, [](QDialog&, const Hand& hand) {
-        QVERIFY(Ticked(hand, "cbButtonBuzzer"));
-        QVERIFY(!Ticked(hand, "cbLimitsEnabled"));
-        QVERIFY(!Ticked(hand, "cbLimitBuzzer"));
+    InSettings(title, [](QDialog&, const WidgetDriver& driver) {
+        QVERIFY(Ticked(driver, "cbButtonBuzzer"));
+        QVERIFY(!Ticked(driver, "cbLimitsEnabled"));
+        QVERIFY(!Ticked(driver, "cbLimitBuzzer"));
     });
 }
 
@@ -167,20 +167,20 @@ void KRVSettingsTest::valuesOutsideTheFormAreClamped() {
     Answer("DisplayedResolution", 9);
     Answer("DisplayOrientation", 17);
     Answer("LimitLED", -1);
-    InSettings(title, [](QDialog&, const Hand& hand) {
-        QCOMPARE(Chosen(hand, "cbBluetoothClass"), 0);
-        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 15);
-        QVERIFY(Ticked(hand, "cbAutoPowerOffEnabled"));
-        QCOMPARE(hand.The<QSpinBox>("sbResolution")->value(), 5);
-        QCOMPARE(Chosen(hand, "cbOrientation"), 4);
-        QCOMPARE(Chosen(hand, "cbLimitLED"), 0);
+    InSettings(title, [](QDialog&, const WidgetDriver& driver) {
+        QCOMPARE(Chosen(driver, "cbBluetoothClass"), 0);
+        QCOMPARE(driver.The<QSpinBox>("sbAutoPowerOffTime")->value(), 15);
+        QVERIFY(Ticked(driver, "cbAutoPowerOffEnabled"));
+        QCOMPARE(driver.The<QSpinBox>("sbResolution")->value(), 5);
+        QCOMPARE(Chosen(driver, "cbOrientation"), 4);
+        QCOMPARE(Chosen(driver, "cbLimitLED"), 0);
         COMPARE_CALLS(TakeToolCalls().mid(2), ReadingCalls());
     });
 }
 
 void KRVSettingsTest::writesEachChangeAtOnce() {
     OpenModule(SingleChannel(), 0);
-    InSettings(title, [this](QDialog& dialog, const Hand& hand) {
+    InSettings(title, [this](QDialog& dialog, const WidgetDriver& driver) {
         TryList(dialog, "cbBluetoothClass", QStringLiteral("setBluetoothClass"), 1);
         TryNumber<QSpinBox>(dialog, "sbAutoPowerOffTime", 100,
                             OfSettings({QStringLiteral("setAutoPowerDownTime(100)")}), 101);
@@ -196,14 +196,14 @@ void KRVSettingsTest::writesEachChangeAtOnce() {
         TryButton(dialog, "btnSaveZero", QStringLiteral("SaveZero"));
         TryButton(dialog, "btnAbs", QStringLiteral("ABS"));
         TryButton(dialog, "btnResetMinMax", QStringLiteral("ResetMinMax"));
-        Choose(hand, "cbButton1Func", 2);
-        Choose(hand, "cbButton2Func", 1);
+        Choose(driver, "cbButton1Func", 2);
+        Choose(driver, "cbButton2Func", 1);
         Try(
-            dialog, [&] { Choose(hand, "cbButton1Func", 1); }, OfSettings({QStringLiteral("SetButtonFunctions(1, 1)")}),
-            [&] { Choose(hand, "cbButton1Func", 2); });
+            dialog, [&] { Choose(driver, "cbButton1Func", 1); },
+            OfSettings({QStringLiteral("SetButtonFunctions(1, 1)")}), [&] { Choose(driver, "cbButton1Func", 2); });
         Try(
-            dialog, [&] { Choose(hand, "cbButton2Func", 0); }, OfSettings({QStringLiteral("SetButtonFunctions(2, 0)")}),
-            [&] { Choose(hand, "cbButton2Func", 1); });
+            dialog, [&] { Choose(driver, "cbButton2Func", 0); },
+            OfSettings({QStringLiteral("SetButtonFunctions(2, 0)")}), [&] { Choose(driver, "cbButton2Func", 1); });
         TryList(dialog, "cbPowerOffBtn", QStringLiteral("setPowerOffButtonOptions"));
         TryCheckBox(dialog, "cbButtonBuzzer", QStringLiteral("settings"), QStringLiteral("setButtonBuzzerEnable"));
         TryCheckBox(dialog, "cbLimitsEnabled", QStringLiteral("limits"), QStringLiteral("setEnabled"));
@@ -220,33 +220,33 @@ void KRVSettingsTest::writesEachChangeAtOnce() {
 
 void KRVSettingsTest::toolThatNeverSwitchesOff() {
     OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"0\"")), 0);
-    InSettings(title, [](QDialog&, const Hand& hand) {
-        QVERIFY(!Ticked(hand, "cbAutoPowerOffEnabled"));
-        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 60);
-        QVERIFY(!hand.Find("sbAutoPowerOffTime")->isEnabled());
+    InSettings(title, [](QDialog&, const WidgetDriver& driver) {
+        QVERIFY(!Ticked(driver, "cbAutoPowerOffEnabled"));
+        QCOMPARE(driver.The<QSpinBox>("sbAutoPowerOffTime")->value(), 60);
+        QVERIFY(!driver.Find("sbAutoPowerOffTime")->isEnabled());
     });
 }
 
 void KRVSettingsTest::autoPowerOffIsUnticked() {
     OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"300\"")), 0);
-    InSettings(title, [](QDialog&, const Hand& hand) {
+    InSettings(title, [](QDialog&, const WidgetDriver& driver) {
         Calls::Mark();
-        Tick(hand, "cbAutoPowerOffEnabled", false);
+        Tick(driver, "cbAutoPowerOffEnabled", false);
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setAutoPowerDownTime(0)"),
                                                    QStringLiteral("setAutoPowerDownTime(60)")}));
-        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 60);
-        QVERIFY(!hand.Find("sbAutoPowerOffTime")->isEnabled());
+        QCOMPARE(driver.The<QSpinBox>("sbAutoPowerOffTime")->value(), 60);
+        QVERIFY(!driver.Find("sbAutoPowerOffTime")->isEnabled());
     });
 }
 
 void KRVSettingsTest::autoPowerOffIsTicked() {
     OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"0\"")), 0);
-    InSettings(title, [](QDialog&, const Hand& hand) {
+    InSettings(title, [](QDialog&, const WidgetDriver& driver) {
         Calls::Mark();
-        Tick(hand, "cbAutoPowerOffEnabled", true);
+        Tick(driver, "cbAutoPowerOffEnabled", true);
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setAutoPowerDownTime(60)")}));
-        QVERIFY(hand.Find("sbAutoPowerOffTime")->isEnabled());
-        Tick(hand, "cbAutoPowerOffEnabled", false);
+        QVERIFY(driver.Find("sbAutoPowerOffTime")->isEnabled());
+        Tick(driver, "cbAutoPowerOffEnabled", false);
         // The field shows 60 already, so that nothing more is written.
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setAutoPowerDownTime(0)")}));
     });
@@ -254,43 +254,43 @@ void KRVSettingsTest::autoPowerOffIsTicked() {
 
 void KRVSettingsTest::failureOfAutoPowerOff() {
     OpenModule(SingleChannel(QStringLiteral("auto-power-off=\"300\"")), 0);
-    InSettings(title, [this](QDialog& dialog, const Hand& hand) {
+    InSettings(title, [this](QDialog& dialog, const WidgetDriver& driver) {
         FailNext("setAutoPowerDownTime", QStringLiteral("No."));
         boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: No."));
-        Tick(hand, "cbAutoPowerOffEnabled", false);
-        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 300);
-        QVERIFY(hand.Find("sbAutoPowerOffTime")->isEnabled());
+        Tick(driver, "cbAutoPowerOffEnabled", false);
+        QCOMPARE(driver.The<QSpinBox>("sbAutoPowerOffTime")->value(), 300);
+        QVERIFY(driver.Find("sbAutoPowerOffTime")->isEnabled());
 
-        Tick(hand, "cbAutoPowerOffEnabled", true);
-        Tick(hand, "cbAutoPowerOffEnabled", false);
+        Tick(driver, "cbAutoPowerOffEnabled", true);
+        Tick(driver, "cbAutoPowerOffEnabled", false);
         FailNext("setAutoPowerDownTime", QStringLiteral("Not again."));
         boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: Not again."));
-        Tick(hand, "cbAutoPowerOffEnabled", true);
-        QVERIFY(!hand.Find("sbAutoPowerOffTime")->isEnabled());
-        QVERIFY(Ticked(hand, "cbAutoPowerOffEnabled"));
+        Tick(driver, "cbAutoPowerOffEnabled", true);
+        QVERIFY(!driver.Find("sbAutoPowerOffTime")->isEnabled());
+        QVERIFY(Ticked(driver, "cbAutoPowerOffEnabled"));
     });
 }
 
 void KRVSettingsTest::resetToFactory() {
     OpenModule(SingleChannel(), 0);
-    InSettings(title, [this](QDialog& dialog, Hand hand) {
+    InSettings(title, [this](QDialog& dialog, WidgetDriver driver) {
         Calls::Mark();
         boxes.ExpectInformation(
             &dialog, QStringLiteral("KRV Config"),
             QStringLiteral("Factory reset complete.\nPlease power cycle the KRV to apply the new settings."));
-        QVERIFY(hand.Click("btnResetFactory"));
+        QVERIFY(driver.Click("btnResetFactory"));
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("ResetFactorySettings()")}));
-        QVERIFY(hand.Click("btnClose"));
+        QVERIFY(driver.Click("btnClose"));
         QVERIFY(!dialog.isVisible());
     });
 }
 
 void KRVSettingsTest::failureOfTheReset() {
     OpenModule(SingleChannel(), 0);
-    InSettings(title, [this](QDialog& dialog, Hand hand) {
+    InSettings(title, [this](QDialog& dialog, WidgetDriver driver) {
         FailNext("ResetFactorySettings", QStringLiteral("No."));
         boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: No."));
-        QVERIFY(hand.Click("btnResetFactory"));
+        QVERIFY(driver.Click("btnResetFactory"));
         QCOMPARE(boxes.Count(), 2);
     });
 }
@@ -309,7 +309,7 @@ void KRVSettingsTest::firmware() {
     QFETCH(QString, reply);
     QFETCH(QString, firmware);
     OpenModule(SingleChannel(QStringLiteral("identify=\"%1\"").arg(reply)), 0);
-    InSettings(title, [firmware](QDialog& dialog, const Hand&) {
+    InSettings(title, [firmware](QDialog& dialog, const WidgetDriver&) {
         QCOMPARE(GroupTitle(dialog), QStringLiteral("KRV Configuration (KRV0000001) Firmware V%1     ").arg(firmware));
     });
 }
@@ -317,7 +317,7 @@ void KRVSettingsTest::firmware() {
 void KRVSettingsTest::failureOfTheFirmwareIsPassedOver() {
     OpenModule(SingleChannel(), 0);
     FailNext("SendCommand", QStringLiteral("What?"));
-    InSettings(title, [](QDialog& dialog, const Hand&) {
+    InSettings(title, [](QDialog& dialog, const WidgetDriver&) {
         QCOMPARE(GroupTitle(dialog), QStringLiteral("KRV Configuration (KRV0000001) Firmware V     "));
     });
     QCOMPARE(boxes.Count(), 1);
@@ -343,11 +343,11 @@ void KRVSettingsTest::failureWhileReading() {
 
 void KRVSettingsTest::enterPressesNoButton() {
     OpenModule(SingleChannel(), 0);
-    InSettings(title, [](QDialog& dialog, const Hand& hand) {
+    InSettings(title, [](QDialog& dialog, const WidgetDriver& driver) {
         Calls::Mark();
         for (const char* name : {"sbResolution", "cbOrientation", "sbPreset"}) {
-            hand.Find(name)->setFocus();
-            QTest::keyClick(hand.Find(name), Qt::Key_Return);
+            driver.Find(name)->setFocus();
+            QTest::keyClick(driver.Find(name), Qt::Key_Return);
         }
         QVERIFY(dialog.isVisible());
         // A number that is confirmed is written once more, and that is all.

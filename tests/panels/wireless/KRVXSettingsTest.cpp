@@ -72,11 +72,11 @@ void KRVXSettingsTest::readsInOrderAndWritesResolutionsBack() {
     QFETCH(int, written);
     OpenModule(EightChannels(), 0);
     Answer("GetDisplayedResolution", decimals);
-    InSettings(title, [=](QDialog&, const Hand& hand) {
+    InSettings(title, [=](QDialog&, const WidgetDriver& driver) {
         COMPARE_CALLS(TakeToolCalls(),
                       OfSlot(QStringLiteral("device"), {QStringLiteral("DeviceType()"), QStringLiteral("Settings()")}) +
                           ReadingCalls(decimals, written));
-        QCOMPARE(hand.The<QSpinBox>("sbChRes8")->value(), written);
+        QCOMPARE(driver.The<QSpinBox>("sbChRes8")->value(), written);
     });
 }
 
@@ -87,10 +87,10 @@ void KRVXSettingsTest::failedWriteBackDoesNotEndTheOpening() {
     boxes.Tolerate(true);
     QDialog* settings = nullptr;
     // The box belongs to a dialog that is not open yet; it is compared when that has opened.
-    InSettings(title, [&](QDialog& dialog, const Hand& hand) {
+    InSettings(title, [&](QDialog& dialog, const WidgetDriver& driver) {
         settings = &dialog;
-        QCOMPARE(hand.The<QSpinBox>("sbChRes1")->value(), 3);
-        QCOMPARE(hand.The<QSpinBox>("sbChRes8")->value(), 3);
+        QCOMPARE(driver.The<QSpinBox>("sbChRes1")->value(), 3);
+        QCOMPARE(driver.The<QSpinBox>("sbChRes8")->value(), 3);
     });
     const QVector<SeenBox> seen = boxes.Take();
     QCOMPARE(seen.size(), 2);
@@ -102,7 +102,7 @@ void KRVXSettingsTest::failedWriteBackDoesNotEndTheOpening() {
 void KRVXSettingsTest::showsTheProgress() {
     OpenModule(EightChannels(), 0);
     const ProgressWatch progress;
-    InSettings(title, [](QDialog&, const Hand&) {});
+    InSettings(title, [](QDialog&, const WidgetDriver&) {});
     QCOMPARE(
         progress.Steps(),
         QStringList({QStringLiteral("0 Connecting and entering config mode. (Try 1/10)"),
@@ -125,25 +125,25 @@ void KRVXSettingsTest::showsWhatTheToolIsSetTo() {
     Answer("LED1Function", 4);
     Answer("LED2Function", 99);
     Answer("LED3Function", 3);
-    InSettings(title, [](QDialog&, const Hand& hand) {
-        QVERIFY(Ticked(hand, "cbAutoPowerOffEnabled"));
-        QCOMPARE(hand.The<QSpinBox>("sbAutoPowerOffTime")->value(), 4711);
-        QVERIFY(hand.IsEnabled("sbAutoPowerOffTime"));
-        QCOMPARE(Chosen(hand, "cbBuzzer"), 1);
-        QCOMPARE(Chosen(hand, "cbOrientation"), 2);
-        QCOMPARE(Chosen(hand, "cbMode"), 1);
-        QCOMPARE(Chosen(hand, "cbButton1Conf"), 2);
-        QCOMPARE(Chosen(hand, "cbButton2Conf"), 1);
-        QCOMPARE(Chosen(hand, "cbLED1"), 4);
-        QCOMPARE(Chosen(hand, "cbLED2"), 4);
-        QCOMPARE(Chosen(hand, "cbLED3"), 3);
+    InSettings(title, [](QDialog&, const WidgetDriver& driver) {
+        QVERIFY(Ticked(driver, "cbAutoPowerOffEnabled"));
+        QCOMPARE(driver.The<QSpinBox>("sbAutoPowerOffTime")->value(), 4711);
+        QVERIFY(driver.IsEnabled("sbAutoPowerOffTime"));
+        QCOMPARE(Chosen(driver, "cbBuzzer"), 1);
+        QCOMPARE(Chosen(driver, "cbOrientation"), 2);
+        QCOMPARE(Chosen(driver, "cbMode"), 1);
+        QCOMPARE(Chosen(driver, "cbButton1Conf"), 2);
+        QCOMPARE(Chosen(driver, "cbButton2Conf"), 1);
+        QCOMPARE(Chosen(driver, "cbLED1"), 4);
+        QCOMPARE(Chosen(driver, "cbLED2"), 4);
+        QCOMPARE(Chosen(driver, "cbLED3"), 3);
     });
 }
 
 void KRVXSettingsTest::writesEachChangeAtOnce() {
     OpenModule(EightChannels(), 0);
     AnswerResolutions();
-    InSettings(title, [this](QDialog& dialog, const Hand&) {
+    InSettings(title, [this](QDialog& dialog, const WidgetDriver&) {
         TryNumber<QSpinBox>(dialog, "sbAutoPowerOffTime", 100, OfSettings({QStringLiteral("setOffTime(100)")}), 101);
         TryList(dialog, "cbBuzzer", QStringLiteral("setBuzzerFunction"));
         for (int channel = 1; channel <= 8; ++channel) {
@@ -162,25 +162,25 @@ void KRVXSettingsTest::writesEachChangeAtOnce() {
 
 void KRVXSettingsTest::autoPowerOff() {
     OpenModule(EightChannels(QStringLiteral("auto-power-off=\"0\"")), 0);
-    InSettings(title, [this](QDialog& dialog, const Hand& hand) {
-        auto* time = hand.The<QSpinBox>("sbAutoPowerOffTime");
-        QVERIFY(!Ticked(hand, "cbAutoPowerOffEnabled"));
+    InSettings(title, [this](QDialog& dialog, const WidgetDriver& driver) {
+        auto* time = driver.The<QSpinBox>("sbAutoPowerOffTime");
+        QVERIFY(!Ticked(driver, "cbAutoPowerOffEnabled"));
         QCOMPARE(time->value(), 60);
         QVERIFY(!time->isEnabled());
         Calls::Mark();
-        Tick(hand, "cbAutoPowerOffEnabled", true);
+        Tick(driver, "cbAutoPowerOffEnabled", true);
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setOffTime(60)")}));
         QVERIFY(time->isEnabled());
         time->setValue(90);
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setOffTime(90)")}));
-        Tick(hand, "cbAutoPowerOffEnabled", false);
+        Tick(driver, "cbAutoPowerOffEnabled", false);
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("setOffTime(0)"), QStringLiteral("setOffTime(60)")}));
         QVERIFY(!time->isEnabled());
-        Tick(hand, "cbAutoPowerOffEnabled", true);
+        Tick(driver, "cbAutoPowerOffEnabled", true);
         time->setValue(90);
         FailNext("setOffTime", QStringLiteral("No."));
         boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: No."));
-        Tick(hand, "cbAutoPowerOffEnabled", false);
+        Tick(driver, "cbAutoPowerOffEnabled", false);
         QCOMPARE(time->value(), 90);
         QVERIFY(time->isEnabled());
     });
@@ -188,17 +188,17 @@ void KRVXSettingsTest::autoPowerOff() {
 
 void KRVXSettingsTest::resetToFactory() {
     OpenModule(EightChannels(), 0);
-    InSettings(title, [this](QDialog& dialog, Hand hand) {
+    InSettings(title, [this](QDialog& dialog, WidgetDriver driver) {
         Calls::Mark();
         boxes.ExpectInformation(
             &dialog, QStringLiteral("KRV Config"),
             QStringLiteral("Factory reset complete.\nPlease power cycle the KRV to apply the new settings."));
-        QVERIFY(hand.Click("btnResetToFactory"));
+        QVERIFY(driver.Click("btnResetToFactory"));
         COMPARE_CALLS(TakeToolCalls(), OfSettings({QStringLiteral("ResetFactorySettings()")}));
         FailNext("ResetFactorySettings", QStringLiteral("No."));
         boxes.ExpectError(&dialog, QStringLiteral("KRV Config"), QStringLiteral("Error: No."));
-        QVERIFY(hand.Click("btnResetToFactory"));
-        QVERIFY(hand.Click("btnClose"));
+        QVERIFY(driver.Click("btnResetToFactory"));
+        QVERIFY(driver.Click("btnClose"));
         QVERIFY(!dialog.isVisible());
     });
 }
@@ -215,7 +215,7 @@ void KRVXSettingsTest::firmware() {
     QFETCH(QString, reply);
     QFETCH(QString, firmware);
     OpenModule(EightChannels(QStringLiteral("identify=\"%1\"").arg(reply)), 0);
-    InSettings(title, [firmware](QDialog& dialog, const Hand&) {
+    InSettings(title, [firmware](QDialog& dialog, const WidgetDriver&) {
         QCOMPARE(GroupTitle(dialog),
                  QStringLiteral("KRV-X Configuration (KRX0000001) Firmware V%1     ").arg(firmware));
     });

@@ -2,7 +2,7 @@
 
 #include "simulator/control/HandToolControl.h"
 #include "tests/panels/wireless/WirelessBench.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QGroupBox>
 #include <QTableWidget>
@@ -28,14 +28,14 @@ inline QStringList OfDevice(const QStringList& calls) {
 }
 
 /// The base of tests of the dialog that shows a hand tool's readings, which work on the tool in slot 1.
-class ReadingsTest : public ProgramTest {
+class ReadingsTest : public ProgramFixture {
     Q_OBJECT
 
 protected:
     /// Opens the dialog of slot 1, does something in it, and closes it unless that has been done.
-    void InDialog(const std::function<void(QDialog&, Hand)>& deed) {
+    void InDialog(const std::function<void(QDialog&, WidgetDriver)>& deed) {
         BoxReply reply;
-        reply.meanwhile = [deed](QDialog& dialog) { deed(dialog, Hand(dialog)); };
+        reply.meanwhile = [deed](QDialog& dialog) { deed(dialog, WidgetDriver(dialog)); };
         boxes.ExpectDialog(Operator().Find("moduleRLKWidget"), QStringLiteral("KRV Channel Readings"), reply);
         QVERIFY(Operator().Click("btnRead1"));
     }
@@ -50,7 +50,7 @@ protected:
     static QString Colour(QDialog& dialog) {
         return dialog.findChild<QGroupBox*>(QStringLiteral("gbDevice"))->styleSheet();
     }
-    static QString StartText(QDialog& dialog) { return Hand(dialog).Text("btnStartStopReading"); }
+    static QString StartText(QDialog& dialog) { return WidgetDriver(dialog).Text("btnStartStopReading"); }
     /// How many reads have been made since the mark.
     static int Reads() {
         int reads = 0;
@@ -61,8 +61,8 @@ protected:
     }
     static bool HasRead() { return Reads() > 0; }
     /// Ends the reading that is about to begin once there have been so many reads since the mark.
-    void StopAfterReads(Hand hand, int reads) {
+    void StopAfterReads(WidgetDriver driver, int reads) {
         When(
-            this, [reads] { return Reads() >= reads; }, [hand]() mutable { hand.Click("btnStartStopReading"); });
+            this, [reads] { return Reads() >= reads; }, [driver]() mutable { driver.Click("btnStartStopReading"); });
     }
 };

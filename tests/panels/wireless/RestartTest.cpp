@@ -2,7 +2,7 @@
 #include "panels/wireless/moduleRLKWidget.h"
 #include "tests/panels/wireless/FailingThreads.h"
 #include "tests/panels/wireless/WirelessBench.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -25,7 +25,7 @@ constexpr std::chrono::seconds longEnough(20);
 } // namespace
 
 /// Applying the settings of a wireless connection module: writing them, and the restart on its own thread.
-class RestartTest : public ProgramTest {
+class RestartTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:

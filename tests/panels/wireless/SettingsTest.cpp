@@ -59,7 +59,7 @@ void SettingsTest::InSettings(const QString& title, const Deed& deed) {
     BoxReply reply;
     reply.meanwhile = [&](QDialog& dialog) {
         opened = true;
-        deed(dialog, Hand(dialog));
+        deed(dialog, WidgetDriver(dialog));
     };
     boxes.ExpectDialog(&Window(), title, reply);
     QVERIFY(Operator().Click("btnConfig1"));
@@ -94,32 +94,32 @@ void SettingsTest::Try(QDialog& dialog, const std::function<void()>& change, con
 }
 
 void SettingsTest::TryList(QDialog& dialog, const char* list, const QString& call, int first) {
-    const Hand hand(dialog);
-    const int now = Chosen(hand, list);
+    const WidgetDriver driver(dialog);
+    const int now = Chosen(driver, list);
     const int other = now == 0 ? 1 : now - 1;
     Try(
-        dialog, [=] { Choose(hand, list, other); }, OfSettings({QStringLiteral("%1(%2)").arg(call).arg(other + first)}),
-        [=] { Choose(hand, list, now); });
-    QCOMPARE(Chosen(hand, list), now);
+        dialog, [=] { Choose(driver, list, other); },
+        OfSettings({QStringLiteral("%1(%2)").arg(call).arg(other + first)}), [=] { Choose(driver, list, now); });
+    QCOMPARE(Chosen(driver, list), now);
 }
 
 void SettingsTest::TryCheckBox(QDialog& dialog, const char* box, const QString& object, const QString& call) {
-    const Hand hand(dialog);
-    const bool now = Ticked(hand, box);
+    const WidgetDriver driver(dialog);
+    const bool now = Ticked(driver, box);
     const QString argument = now ? QStringLiteral("false") : QStringLiteral("true");
     Try(
-        dialog, [=] { Tick(hand, box, !now); }, OfSlot(object, {QStringLiteral("%1(%2)").arg(call, argument)}),
-        [=] { Tick(hand, box, now); });
-    QCOMPARE(Ticked(hand, box), now);
+        dialog, [=] { Tick(driver, box, !now); }, OfSlot(object, {QStringLiteral("%1(%2)").arg(call, argument)}),
+        [=] { Tick(driver, box, now); });
+    QCOMPARE(Ticked(driver, box), now);
 }
 
 void SettingsTest::TryButton(QDialog& dialog, const char* button, const QString& call) {
-    const auto press = [&dialog, button] { QVERIFY(Hand(dialog).Click(button)); };
+    const auto press = [&dialog, button] { QVERIFY(WidgetDriver(dialog).Click(button)); };
     Try(dialog, press, OfSettings({call + QStringLiteral("()")}), press);
 }
 
-void SettingsTest::Choose(Hand hand, const char* combo, int index) {
-    auto* list = hand.The<QComboBox>(combo);
+void SettingsTest::Choose(WidgetDriver driver, const char* combo, int index) {
+    auto* list = driver.The<QComboBox>(combo);
     QVERIFY(list->isEnabled());
     list->setFocus();
     // With the keys, as far as the wanted entry.
@@ -131,8 +131,8 @@ void SettingsTest::Choose(Hand hand, const char* combo, int index) {
     }
 }
 
-void SettingsTest::Tick(Hand hand, const char* box, bool on) {
-    auto* checkBox = hand.The<QCheckBox>(box);
+void SettingsTest::Tick(WidgetDriver driver, const char* box, bool on) {
+    auto* checkBox = driver.The<QCheckBox>(box);
     if (checkBox->isChecked() != on) {
         checkBox->setFocus();
         QTest::keyClick(checkBox, Qt::Key_Space);
@@ -140,8 +140,8 @@ void SettingsTest::Tick(Hand hand, const char* box, bool on) {
     QCOMPARE(checkBox->isChecked(), on);
 }
 
-QStringList SettingsTest::Entries(Hand hand, const char* combo) {
-    const auto* list = hand.The<QComboBox>(combo);
+QStringList SettingsTest::Entries(WidgetDriver driver, const char* combo) {
+    const auto* list = driver.The<QComboBox>(combo);
     QStringList entries;
     for (int index = 0; index < list->count(); ++index) {
         entries.append(list->itemText(index));
@@ -149,12 +149,12 @@ QStringList SettingsTest::Entries(Hand hand, const char* combo) {
     return entries;
 }
 
-int SettingsTest::Chosen(Hand hand, const char* combo) {
-    return hand.The<QComboBox>(combo)->currentIndex();
+int SettingsTest::Chosen(WidgetDriver driver, const char* combo) {
+    return driver.The<QComboBox>(combo)->currentIndex();
 }
 
-bool SettingsTest::Ticked(Hand hand, const char* box) {
-    return hand.The<QCheckBox>(box)->isChecked();
+bool SettingsTest::Ticked(WidgetDriver driver, const char* box) {
+    return driver.The<QCheckBox>(box)->isChecked();
 }
 
 QString SettingsTest::GroupTitle(QDialog& dialog) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "tests/panels/wireless/WirelessBench.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QSpinBox>
 #include <QVector>
@@ -25,11 +25,11 @@ private:
 };
 
 /// The base of the tests of settings dialogs, which work on the tool in slot 1.
-class SettingsTest : public ProgramTest {
+class SettingsTest : public ProgramFixture {
     Q_OBJECT
 
 protected:
-    using Deed = std::function<void(QDialog& dialog, Hand hand)>;
+    using Deed = std::function<void(QDialog& dialog, WidgetDriver driver)>;
 
     /// Presses Config and does something in the dialog that opens, which is then closed.
     void InSettings(const QString& title, const Deed& deed);
@@ -46,24 +46,25 @@ protected:
     void TryButton(QDialog& dialog, const char* button, const QString& call);
     template <class SpinBox, class Value>
     void TryNumber(QDialog& dialog, const char* name, Value value, const QStringList& calls, Value valueAgain) {
-        const Hand hand(dialog);
+        const WidgetDriver driver(dialog);
         Try(
-            dialog, [=] { Enter<SpinBox>(hand, name, value); }, calls, [=] { Enter<SpinBox>(hand, name, valueAgain); });
-        QCOMPARE(hand.The<SpinBox>(name)->value(), valueAgain);
+            dialog, [=] { Enter<SpinBox>(driver, name, value); }, calls,
+            [=] { Enter<SpinBox>(driver, name, valueAgain); });
+        QCOMPARE(driver.The<SpinBox>(name)->value(), valueAgain);
     }
 
-    // What the hand does to the controls.
-    static void Choose(Hand hand, const char* combo, int index);
-    static void Tick(Hand hand, const char* box, bool on);
+    // Operation of the controls.
+    static void Choose(WidgetDriver driver, const char* combo, int index);
+    static void Tick(WidgetDriver driver, const char* box, bool on);
     template <class SpinBox, class Value>
-    static void Enter(Hand hand, const char* name, Value value) {
-        auto* spin = hand.The<SpinBox>(name);
+    static void Enter(WidgetDriver driver, const char* name, Value value) {
+        auto* spin = driver.The<SpinBox>(name);
         QVERIFY(spin->isEnabled());
         spin->setValue(value);
     }
-    static QStringList Entries(Hand hand, const char* combo);
-    static int Chosen(Hand hand, const char* combo);
-    static bool Ticked(Hand hand, const char* box);
+    static QStringList Entries(WidgetDriver driver, const char* combo);
+    static int Chosen(WidgetDriver driver, const char* combo);
+    static bool Ticked(WidgetDriver driver, const char* box);
     static QString GroupTitle(QDialog& dialog);
     QWidget* Panel() { return Operator().Find("moduleRLKWidget"); }
 };

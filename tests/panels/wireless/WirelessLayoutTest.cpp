@@ -92,7 +92,7 @@ private slots:
 
 void WirelessLayoutTest::panel() {
     OpenModule(Full(), 0);
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(Faults(*Panel()).join(QLatin1Char('\n')), QString());
     QCOMPARE(SharedNames(*Panel()), QStringList());
     const auto* page = Window().findChild<QScrollArea*>(QStringLiteral("scrollModuleWidget"));
@@ -106,10 +106,10 @@ void WirelessLayoutTest::panel() {
 
 void WirelessLayoutTest::panelWhileRestarting() {
     OpenModule(Full(), 0);
-    Settle();
+    ProcessAllEvents();
     const QSize before = Panel()->size();
     Operator().Find("lblWait")->show();
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(Faults(*Panel()).join(QLatin1Char('\n')), QString());
     // The banner takes room that was left for it.
     QCOMPARE(Panel()->size(), before);
@@ -119,7 +119,7 @@ void WirelessLayoutTest::readings() {
     OpenModule(Full(), 0);
     BoxReply reply;
     reply.meanwhile = [](QDialog& dialog) {
-        Settle();
+        ProcessAllEvents();
         QCOMPARE(Faults(dialog).join(QLatin1Char('\n')), QString());
         QCOMPARE(dialog.focusWidget()->objectName(), QStringLiteral("btnStartStopReading"));
     };
@@ -138,8 +138,8 @@ void WirelessLayoutTest::settings() {
     QFETCH(QString, bench);
     QFETCH(QString, title);
     OpenModule(bench, 0);
-    InSettings(title, [](QDialog& dialog, const Hand&) {
-        Settle();
+    InSettings(title, [](QDialog& dialog, const WidgetDriver&) {
+        ProcessAllEvents();
         QCOMPARE(Faults(dialog).join(QLatin1Char('\n')), QString());
         QCOMPARE(SharedNames(dialog), QStringList());
         QVERIFY2(dialog.height() <= 700, qPrintable(QString::number(dialog.height())));

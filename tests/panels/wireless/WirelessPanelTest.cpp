@@ -1,7 +1,7 @@
 #include "library/TavikRLKDevice.h"
 #include "panels/wireless/moduleRLKWidget.h"
 #include "tests/panels/wireless/WirelessBench.h"
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -23,7 +23,7 @@ QByteArray Numbered(const char* name, int number) {
 } // namespace
 
 /// The panel of a wireless connection module: its six slots.
-class WirelessPanelTest : public ProgramTest {
+class WirelessPanelTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -332,7 +332,7 @@ void WirelessPanelTest::readOpensTheSlot() {
     reply.meanwhile = [number](QDialog& dialog) {
         QCOMPARE(dialog.findChild<QGroupBox*>(QStringLiteral("gbDevice"))->title(),
                  QStringLiteral("RLK Device: %1").arg(number));
-        QCOMPARE(Hand(dialog).Text("tbTavikID"), QStringLiteral("KRV000000%1").arg(number));
+        QCOMPARE(WidgetDriver(dialog).Text("tbTavikID"), QStringLiteral("KRV000000%1").arg(number));
     };
     boxes.ExpectDialog(Panel(), QStringLiteral("KRV Channel Readings"), reply);
     QVERIFY(Operator().Click(Numbered("btnRead", number).constData()));
@@ -363,7 +363,7 @@ void WirelessPanelTest::removedModuleIsNotAsked() {
     // As a notify run does it that begins and ends with an empty list.
     Window().DisableControls();
     Window().EnableControls();
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(CallsOnRemovedModules(), std::uint64_t{0});
     QCOMPARE(boxes.Count(), 0);
 }

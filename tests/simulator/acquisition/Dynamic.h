@@ -4,7 +4,7 @@
 #include "library/TavikModuleDigitalIO.h"
 #include "library/TavikModuleQTA.h"
 #include "tests/simulator/Bench.h"
-#include "tools/hand/Patience.h"
+#include "tools/driver/WaitTimeout.h"
 
 #include <atomic>
 #include <cmath>

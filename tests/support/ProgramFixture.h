@@ -3,18 +3,19 @@
 #include "app/Application.h"
 #include "app/MainWindow.h"
 #include "tests/support/Calls.h"
+#include "tests/support/GuardedTest.h"
 #include "tests/support/QtMessages.h"
-#include "tools/hand/BoxAnswerer.h"
-#include "tools/hand/Hand.h"
+#include "tools/driver/DialogResponder.h"
+#include "tools/driver/WidgetDriver.h"
 
 #include <QObject>
 #include <QTest>
 
 #include <memory>
 
-/// The base of tests that drive the program's window on a simulated bench. After each test there must be
-/// nothing left of the window and no complaint.
-class ProgramTest : public QObject {
+/// The base of tests that drive the program's window on a simulated bench. A test also fails by an entry in the
+/// FailureLog and by an error of its teardown.
+class ProgramFixture : public QObject {
     Q_OBJECT
 
 protected:
@@ -35,10 +36,10 @@ protected:
     QStringList Pages();
     QStringList Rows(const char* list);
 
-    BoxAnswerer boxes;
+    DialogResponder boxes;
     std::unique_ptr<QtMessages> qtMessages;
-    /// What the hand does is done to the main window.
-    Hand Operator() { return Hand(*window); }
+    /// Drives the main window.
+    WidgetDriver Operator() { return WidgetDriver(*window); }
 
 private slots:
     void init();
@@ -48,8 +49,8 @@ private:
     std::unique_ptr<MainWindow> window;
 };
 
-/// What is left of the program that should have gone: windows, a cursor, calls on modules that had been removed.
-QStringList Leftovers();
+/// Returns what a teardown must not leave: windows, an override cursor, calls on removed modules.
+QStringList TeardownErrors();
 
 /// Sets the one fault of a test: the next call of this operation throws this text.
 void FailNext(const char* operation, const QString& text, const char* object = "*");
@@ -59,6 +60,6 @@ void FailNextWithCode(const char* operation, int code, const QString& text);
 #define TAVIK_TEST_MAIN(Test)                                                                                          \
     int main(int argc, char* argv[]) {                                                                                 \
         const Application application(argc, argv);                                                                     \
-        Test test;                                                                                                     \
+        GuardedTest<Test> test;                                                                                        \
         return QTest::qExec(&test, argc, argv);                                                                        \
     }

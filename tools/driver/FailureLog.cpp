@@ -1,4 +1,4 @@
-#include "tools/hand/Complaints.h"
+#include "tools/driver/FailureLog.h"
 
 namespace {
 
@@ -9,11 +9,11 @@ QStringList& Texts() {
 
 } // namespace
 
-void Complaints::Add(const QString& text) {
+void FailureLog::Add(const QString& text) {
     Texts().append(text);
 }
 
-QStringList Complaints::Take() {
+QStringList FailureLog::Take() {
     QStringList texts;
     texts.swap(Texts());
     return texts;

@@ -1,6 +1,6 @@
 #include "app/Application.h"
-#include "tests/support/ProgramTest.h"
-#include "tools/hand/Complaints.h"
+#include "tests/support/ProgramFixture.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/sweep/Course.h"
 #include "tools/sweep/Walk.h"
 
@@ -93,14 +93,14 @@ public:
 } // namespace
 
 /// The tours use every control of every screen that they pass.
-class TouchTest : public QObject {
+class ControlCoverageTest : public QObject {
     Q_OBJECT
 
 private slots:
     void everyControlIsUsed();
 };
 
-void TouchTest::everyControlIsUsed() {
+void ControlCoverageTest::everyControlIsUsed() {
     Watcher watcher;
     for (const Course& course : Courses()) {
         const TourBench bench = course.bench();
@@ -125,5 +125,5 @@ void TouchTest::everyControlIsUsed() {
     QVERIFY2(watcher.shown.size() > fewestControls, qPrintable(QString::number(watcher.shown.size())));
 }
 
-TAVIK_TEST_MAIN(TouchTest)
-#include "TouchTest.moc"
+TAVIK_TEST_MAIN(ControlCoverageTest)
+#include "ControlCoverageTest.moc"

@@ -3,7 +3,7 @@
 #include "panels/common/HostWindow.h"
 
 /// The least that a panel needs of a window.
-class HostStandIn : public HostWindow {
+class FakeHostWindow : public HostWindow {
     Q_OBJECT
 
 public:

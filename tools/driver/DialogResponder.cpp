@@ -1,7 +1,7 @@
-#include "tools/hand/BoxAnswerer.h"
+#include "tools/driver/DialogResponder.h"
 
-#include "tools/hand/Complaints.h"
-#include "tools/hand/Hand.h"
+#include "tools/driver/FailureLog.h"
+#include "tools/driver/WidgetDriver.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int lookMilliseconds = 10;
+constexpr int pollIntervalMs = 10;
 
 QString CaptionsOf(const QDialog& dialog) {
     QStringList captions;
@@ -89,6 +89,7 @@ void Type(QDialog* dialog, const QString& text) {
     if (entry == nullptr || text.isEmpty()) {
         return;
     }
+    ProcessAllEvents();
     QTest::keyClick(entry, Qt::Key_A, Qt::ControlModifier);
     TypeInto(entry, text);
     // The list of file names that begin like this would take the next click for itself.
@@ -115,7 +116,7 @@ void PressButton(QDialog* dialog, bool accept) {
             wanted = accepts == accept ? button : wanted;
         }
     }
-    if (wanted == nullptr || !Hand(*dialog).Click(wanted)) {
+    if (wanted == nullptr || !WidgetDriver(*dialog).Click(wanted)) {
         dialog->done(accept ? QDialog::Accepted : QDialog::Rejected);
     }
 }
@@ -129,64 +130,68 @@ void NameParent(SeenBox& box) {
 }
 
 void CloseLeftOpen(QDialog& dialog) {
-    Complaints::Add(QStringLiteral("The dialog \"%1\" was left open.").arg(dialog.windowTitle()));
+    FailureLog::Add(QStringLiteral("The dialog \"%1\" was left open.").arg(dialog.windowTitle()));
     dialog.done(QDialog::Rejected);
 }
 
 } // namespace
 
-BoxAnswerer::BoxAnswerer() {
-    connect(&timer, &QTimer::timeout, this, &BoxAnswerer::Look);
-    timer.start(lookMilliseconds);
+DialogResponder::DialogResponder() {
+    connect(&timer, &QTimer::timeout, this, &DialogResponder::Look);
+    timer.start(pollIntervalMs);
 }
 
-void BoxAnswerer::Expect(BoxKind kind, QWidget* parent, const QString& title, const QString& text,
-                         const QString& buttons, const BoxReply& reply) {
+void DialogResponder::Expect(BoxKind kind, QWidget* parent, const QString& title, const QString& text,
+                             const QString& buttons, const BoxReply& reply) {
     SeenBox box{kind, parent, title, text, buttons, false, QString(), QString()};
     NameParent(box);
     expected.append({box, reply});
 }
 
-void BoxAnswerer::ExpectError(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply) {
+void DialogResponder::ExpectError(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply) {
     Expect(BoxKind::Critical, parent, title, text, QStringLiteral("OK"), reply);
 }
 
-void BoxAnswerer::ExpectInformation(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply) {
+void DialogResponder::ExpectInformation(QWidget* parent, const QString& title, const QString& text,
+                                        const BoxReply& reply) {
     Expect(BoxKind::Information, parent, title, text, QStringLiteral("OK"), reply);
 }
 
-void BoxAnswerer::ExpectQuestion(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply) {
+void DialogResponder::ExpectQuestion(QWidget* parent, const QString& title, const QString& text,
+                                     const BoxReply& reply) {
     Expect(BoxKind::Question, parent, title, text, QStringLiteral("No,Yes"), reply);
 }
 
-void BoxAnswerer::ExpectTextInput(QWidget* parent, const QString& title, const QString& label, const BoxReply& reply) {
+void DialogResponder::ExpectTextInput(QWidget* parent, const QString& title, const QString& label,
+                                      const BoxReply& reply) {
     Expect(BoxKind::TextInput, parent, title, label, QStringLiteral("Cancel,OK"), reply);
 }
 
-void BoxAnswerer::ExpectNumberInput(QWidget* parent, const QString& title, const QString& label,
-                                    const BoxReply& reply) {
+void DialogResponder::ExpectNumberInput(QWidget* parent, const QString& title, const QString& label,
+                                        const BoxReply& reply) {
     Expect(BoxKind::NumberInput, parent, title, label, QStringLiteral("Cancel,OK"), reply);
 }
 
-void BoxAnswerer::ExpectFile(BoxKind kind, QWidget* parent, const QString& title, const QString& filter,
-                             const BoxReply& reply) {
+void DialogResponder::ExpectFile(BoxKind kind, QWidget* parent, const QString& title, const QString& filter,
+                                 const BoxReply& reply) {
     Expect(kind, parent, title, filter, QString(), reply);
 }
 
-void BoxAnswerer::ExpectDialog(QWidget* parent, const QString& title, const BoxReply& reply) {
+void DialogResponder::ExpectDialog(QWidget* parent, const QString& title, const BoxReply& reply) {
     Expect(BoxKind::Dialog, parent, title, QString(), QString(), reply);
 }
 
-void BoxAnswerer::ExpectUse(QWidget* parent, const QString& title, const std::function<void(QDialog& dialog)>& use) {
-    constexpr int longestUse = 60000; // milliseconds
+void DialogResponder::ExpectUse(QWidget* parent, const QString& title,
+                                const std::function<void(QDialog& dialog)>& use) {
+    constexpr int longestUseMs = 60000;
     BoxReply reply;
     reply.leave = true;
     reply.meanwhile = [use](QDialog& dialog) {
         // Goes with the dialog, which is mostly closed long before.
-        auto* patience = new QTimer(&dialog);
-        patience->setSingleShot(true);
-        QObject::connect(patience, &QTimer::timeout, &dialog, [&dialog] { CloseLeftOpen(dialog); });
-        patience->start(longestUse);
+        auto* closing = new QTimer(&dialog);
+        closing->setSingleShot(true);
+        QObject::connect(closing, &QTimer::timeout, &dialog, [&dialog] { CloseLeftOpen(dialog); });
+        closing->start(longestUseMs);
         QTimer::singleShot(0, &dialog, [use, &dialog] {
             const QPointer<QDialog> open(&dialog);
             use(dialog);
@@ -198,20 +203,20 @@ void BoxAnswerer::ExpectUse(QWidget* parent, const QString& title, const std::fu
     ExpectDialog(parent, title, reply);
 }
 
-QVector<SeenBox> BoxAnswerer::Take() {
+QVector<SeenBox> DialogResponder::Take() {
     QVector<SeenBox> boxes;
     boxes.swap(seen);
     return boxes;
 }
 
-void BoxAnswerer::Finish() {
+void DialogResponder::Finish() {
     for (const Expected& missing : qAsConst(expected)) {
-        Complaints::Add(QStringLiteral("There was no %1.").arg(ToText(missing.box)));
+        FailureLog::Add(QStringLiteral("There was no %1.").arg(ToText(missing.box)));
     }
     expected.clear();
 }
 
-void BoxAnswerer::Look() {
+void DialogResponder::Look() {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (dialog == nullptr || !dialog->isVisible()) {
         return;
@@ -231,7 +236,7 @@ void BoxAnswerer::Look() {
     QMetaObject::invokeMethod(this, answer, Qt::QueuedConnection);
 }
 
-void BoxAnswerer::Answer(QDialog* dialog) {
+void DialogResponder::Answer(QDialog* dialog) {
     const QPointer<QDialog> box = dialog;
     const SeenBox description = Describe(*dialog);
     seen.append(description);
@@ -240,7 +245,7 @@ void BoxAnswerer::Answer(QDialog* dialog) {
         reply = expected.takeFirst().reply;
     } else if (!tolerating || !IsMessage(description.kind) || description.markup) {
         const QString instead = expected.isEmpty() ? QStringLiteral("none") : ToText(expected.first().box);
-        Complaints::Add(QStringLiteral("Unexpected %1; expected: %2.").arg(ToText(description), instead));
+        FailureLog::Add(QStringLiteral("Unexpected %1; expected: %2.").arg(ToText(description), instead));
         reply.accept = IsMessage(description.kind);
     }
     if (reply.meanwhile) {

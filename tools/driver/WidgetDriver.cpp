@@ -1,6 +1,6 @@
-#include "tools/hand/Hand.h"
+#include "tools/driver/WidgetDriver.h"
 
-#include "tools/hand/Complaints.h"
+#include "tools/driver/FailureLog.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -11,7 +11,9 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QTabBar>
@@ -21,6 +23,15 @@
 #include <QToolButton>
 
 namespace {
+
+/// While set, actions of When() and Repeatedly() wait: they belong to what the press starts.
+bool pressPending = false;
+
+/// Lets the event loop turn before a press.
+void TurnEventLoop() {
+    const QScopedValueRollback<bool> pending(pressPending, true);
+    ProcessAllEvents();
+}
 
 QString NameOf(const QWidget* widget) {
     return QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName();
@@ -60,34 +71,42 @@ bool WaitUntil(const std::function<bool()>& condition, int milliseconds) {
     return true;
 }
 
-void When(QObject* context, const std::function<bool()>& condition, const std::function<void()>& deed) {
+void When(QObject* context, const std::function<bool()>& condition, const std::function<void()>& action) {
     auto* timer = new QTimer(context);
-    const QDeadlineTimer deadline(patience);
-    QObject::connect(timer, &QTimer::timeout, context, [timer, deadline, condition, deed] {
+    const QDeadlineTimer deadline(waitTimeoutMs);
+    QObject::connect(timer, &QTimer::timeout, context, [timer, deadline, condition, action] {
+        if (pressPending) {
+            return;
+        }
         const bool holds = condition();
         if (!holds && !deadline.hasExpired()) {
             return;
         }
         if (!holds) {
-            Complaints::Add(QStringLiteral("What something was to be done after did not happen."));
+            FailureLog::Add(
+                QStringLiteral("Condition not met within %1 s; action run anyway.").arg(waitTimeoutMs / 1000));
         }
-        // The timer may be gone before the deed is done.
-        const std::function<void()> act = deed;
+        // The action may destroy the timer, and this function with it.
+        const std::function<void()> run = action;
         timer->stop();
         timer->deleteLater();
-        act();
+        run();
     });
     timer->start(1);
 }
 
 std::unique_ptr<QTimer> Repeatedly(const std::function<void()>& function) {
     auto timer = std::make_unique<QTimer>();
-    QObject::connect(timer.get(), &QTimer::timeout, function);
+    QObject::connect(timer.get(), &QTimer::timeout, [function] {
+        if (!pressPending) {
+            function();
+        }
+    });
     timer->start(0);
     return timer;
 }
 
-void Settle() {
+void ProcessAllEvents() {
     for (int round = 0; round < 3; ++round) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
@@ -100,7 +119,7 @@ void TypeInto(QWidget* widget, const QString& text) {
     }
 }
 
-QWidget* Hand::Find(const char* name) const {
+QWidget* WidgetDriver::Find(const char* name) const {
     const QList<QWidget*> found = window.findChildren<QWidget*>(QLatin1String(name));
     for (QWidget* widget : found) {
         if (widget->isVisible()) {
@@ -108,44 +127,50 @@ QWidget* Hand::Find(const char* name) const {
         }
     }
     if (found.isEmpty()) {
-        ComplainOf(name, QStringLiteral("does not exist"));
+        LogFailureOf(name, QStringLiteral("does not exist"));
         return nullptr;
     }
     return found.first();
 }
 
-void Hand::ComplainOf(const char* name, const QString& text) const {
-    Complaints::Add(QStringLiteral("The control %1 %2.").arg(QLatin1String(name), text));
+void WidgetDriver::LogFailureOf(const char* name, const QString& text) const {
+    FailureLog::Add(QStringLiteral("The control %1 %2.").arg(QLatin1String(name), text));
 }
 
-bool Hand::CanUse(QWidget* widget) const {
+bool WidgetDriver::CanUse(QWidget* widget) const {
     const QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr && widget->window() != modal) {
-        Complaints::Add(
+        FailureLog::Add(
             QStringLiteral("%1 cannot be used while \"%2\" is open.").arg(NameOf(widget), modal->windowTitle()));
         return false;
     }
     if (!widget->isVisible()) {
-        Complaints::Add(NameOf(widget) + QStringLiteral(" cannot be seen."));
+        FailureLog::Add(NameOf(widget) + QStringLiteral(" cannot be seen."));
         return false;
     }
     if (!widget->isEnabled()) {
-        Complaints::Add(NameOf(widget) + QStringLiteral(" is disabled."));
+        FailureLog::Add(NameOf(widget) + QStringLiteral(" is disabled."));
         return false;
     }
     return true;
 }
 
-bool Hand::Click(const char* name) {
+bool WidgetDriver::Click(const char* name) {
     QWidget* widget = Find(name);
     return widget != nullptr && Click(widget);
 }
 
-bool Hand::Click(QWidget* widget) {
+bool WidgetDriver::Click(QWidget* widget) {
     return ClickAt(widget, ActiveSpot(widget));
 }
 
-bool Hand::ClickAt(QWidget* widget, const QPoint& position) {
+bool WidgetDriver::ClickAt(QWidget* widget, const QPoint& position) {
+    const QPointer<QWidget> control = widget;
+    TurnEventLoop();
+    if (control == nullptr) {
+        FailureLog::Add(QStringLiteral("Click: the control was destroyed before the press."));
+        return false;
+    }
     if (!CanUse(widget)) {
         return false;
     }
@@ -154,7 +179,7 @@ bool Hand::ClickAt(QWidget* widget, const QPoint& position) {
     const QPoint spot = widget->mapTo(top, position);
     const QWidget* hit = top->childAt(spot);
     if (hit == nullptr || !Shows(widget, hit)) {
-        Complaints::Add(QStringLiteral("%1 is covered by %2 at %3, %4.")
+        FailureLog::Add(QStringLiteral("%1 is covered by %2 at %3, %4.")
                             .arg(NameOf(widget), hit != nullptr ? NameOf(hit) : QStringLiteral("the window's edge"))
                             .arg(spot.x())
                             .arg(spot.y()));
@@ -164,7 +189,7 @@ bool Hand::ClickAt(QWidget* widget, const QPoint& position) {
     return true;
 }
 
-bool Hand::ScrollToTab(QTabBar* bar, int index) {
+bool WidgetDriver::ScrollToTab(QTabBar* bar, int index) {
     for (int step = 0; step <= bar->count(); ++step) {
         const QPoint spot = bar->tabRect(index).center();
         if (bar->rect().contains(spot) && bar->childAt(spot) == nullptr) {
@@ -177,11 +202,11 @@ bool Hand::ScrollToTab(QTabBar* bar, int index) {
             break;
         }
     }
-    Complaints::Add(QStringLiteral("The tab \"%1\" cannot be reached.").arg(bar->tabText(index)));
+    FailureLog::Add(QStringLiteral("The tab \"%1\" cannot be reached.").arg(bar->tabText(index)));
     return false;
 }
 
-bool Hand::SelectPage(const char* name) {
+bool WidgetDriver::SelectPage(const char* name) {
     QWidget* wanted = Find(name);
     const QList<QTabWidget*> tabWidgets = window.findChildren<QTabWidget*>();
     for (QTabWidget* tabs : tabWidgets) {
@@ -193,66 +218,66 @@ bool Hand::SelectPage(const char* name) {
             }
         }
     }
-    ComplainOf(name, QStringLiteral("is on no page"));
+    LogFailureOf(name, QStringLiteral("is on no page"));
     return false;
 }
 
-bool Hand::SelectRow(const char* name, int row) {
+bool WidgetDriver::SelectRow(const char* name, int row) {
     auto* list = The<QListWidget>(name);
     QListWidgetItem* item = list != nullptr ? list->item(row) : nullptr;
     if (item == nullptr) {
-        ComplainOf(name, QStringLiteral("has no row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("has no row %1").arg(row));
         return false;
     }
     list->scrollToItem(item);
     return CanUse(list) && ClickAt(list->viewport(), list->visualItemRect(item).center());
 }
 
-bool Hand::SelectRow(const char* name, const QString& text) {
+bool WidgetDriver::SelectRow(const char* name, const QString& text) {
     auto* list = The<QListWidget>(name);
     const QList<QListWidgetItem*> items =
         list != nullptr ? list->findItems(text, Qt::MatchExactly) : QList<QListWidgetItem*>();
     if (items.isEmpty()) {
-        ComplainOf(name, QStringLiteral("has no row \"%1\"").arg(text));
+        LogFailureOf(name, QStringLiteral("has no row \"%1\"").arg(text));
         return false;
     }
     return SelectRow(name, list->row(items.first()));
 }
 
-bool Hand::SelectTableRow(const char* name, int row) {
+bool WidgetDriver::SelectTableRow(const char* name, int row) {
     auto* table = The<QTableWidget>(name);
     QTableWidgetItem* item = table != nullptr ? table->item(row, 0) : nullptr;
     if (item == nullptr) {
-        ComplainOf(name, QStringLiteral("has no row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("has no row %1").arg(row));
         return false;
     }
     table->scrollToItem(item);
     return CanUse(table) && ClickAt(table->viewport(), table->visualItemRect(item).center());
 }
 
-QWidget* Hand::CellButton(const char* name, int row, int column) const {
+QWidget* WidgetDriver::CellButton(const char* name, int row, int column) const {
     auto* table = The<QTableWidget>(name);
     QWidget* button = table != nullptr ? table->cellWidget(row, column) : nullptr;
     if (button == nullptr) {
-        ComplainOf(name, QStringLiteral("has no button in row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("has no button in row %1").arg(row));
     }
     return button;
 }
 
-bool Hand::ClickCellButton(const char* name, int row, int column) {
+bool WidgetDriver::ClickCellButton(const char* name, int row, int column) {
     QWidget* button = CellButton(name, row, column);
     return button != nullptr && Click(button);
 }
 
-bool Hand::Choose(const char* name, int row) {
+bool WidgetDriver::Choose(const char* name, int row) {
     auto* box = The<QComboBox>(name);
     if (box == nullptr || row < 0 || row >= box->count()) {
-        ComplainOf(name, QStringLiteral("has no row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("has no row %1").arg(row));
         return false;
     }
     QAbstractItemView* rows = box->view();
     if (!Click(box) || !WaitUntil([rows] { return rows->isVisible(); })) {
-        ComplainOf(name, QStringLiteral("does not open"));
+        LogFailureOf(name, QStringLiteral("does not open"));
         return false;
     }
     const auto goToRow = [rows, row] {
@@ -263,27 +288,30 @@ bool Hand::Choose(const char* name, int row) {
         return rows->currentIndex().row() == row;
     };
     if (!WaitUntil(goToRow)) {
-        ComplainOf(name, QStringLiteral("does not go to row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("does not go to row %1").arg(row));
         return false;
     }
+    TurnEventLoop();
     QTest::keyClick(rows, Qt::Key_Return);
     return WaitUntil([rows] { return !rows->isVisible(); });
 }
 
-bool Hand::Enter(const char* name, const QString& text) {
+bool WidgetDriver::Enter(const char* name, const QString& text) {
     QWidget* widget = Find(name);
     if (widget == nullptr || !Click(widget)) {
         return false;
     }
+    TurnEventLoop();
     QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
     TypeInto(widget, text);
     return true;
 }
 
-bool Hand::Use(QWidget* control) {
+bool WidgetDriver::Use(QWidget* control) {
     if (qobject_cast<QAbstractButton*>(control) != nullptr) {
         return Click(control);
     }
+    TurnEventLoop();
     if (!CanUse(control)) {
         return false;
     }
@@ -296,44 +324,47 @@ bool Hand::Use(QWidget* control) {
     return true;
 }
 
-bool Hand::Trigger(const char* menuName, const char* actionName) {
+bool WidgetDriver::Trigger(const char* menuName, const char* actionName) {
     auto* menu = The<QMenu>(menuName);
     auto* action = window.findChild<QAction*>(QLatin1String(actionName));
     auto* bar = window.findChild<QMenuBar*>();
     if (menu == nullptr || action == nullptr || bar == nullptr || !action->isEnabled()) {
-        ComplainOf(actionName, QStringLiteral("is not in the menu"));
+        LogFailureOf(actionName, QStringLiteral("is not in the menu"));
         return false;
     }
     if (!ClickAt(bar, bar->actionGeometry(menu->menuAction()).center()) ||
         !WaitUntil([&] { return menu->isVisible(); })) {
-        ComplainOf(menuName, QStringLiteral("does not open"));
+        LogFailureOf(menuName, QStringLiteral("does not open"));
         return false;
     }
+    TurnEventLoop();
     QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, Qt::NoModifier, menu->actionGeometry(action).center());
     return true;
 }
 
-void Hand::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+void WidgetDriver::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    TurnEventLoop();
     QWidget* focus = window.focusWidget();
     QTest::keyClick(focus != nullptr ? focus : &window, key, modifiers);
     QCoreApplication::processEvents();
 }
 
-void Hand::Type(const QString& text) {
+void WidgetDriver::Type(const QString& text) {
+    TurnEventLoop();
     QWidget* focus = window.focusWidget();
     if (focus == nullptr) {
-        Complaints::Add(QStringLiteral("There is nothing to type \"%1\" into.").arg(text));
+        FailureLog::Add(QStringLiteral("There is nothing to type \"%1\" into.").arg(text));
         return;
     }
     TypeInto(focus, text);
 }
 
-QString Hand::Text(const char* name) const {
+QString WidgetDriver::Text(const char* name) const {
     const QWidget* widget = Find(name);
     return widget != nullptr ? widget->property("text").toString() : QString();
 }
 
-bool Hand::IsEnabled(const char* name) const {
+bool WidgetDriver::IsEnabled(const char* name) const {
     const QWidget* widget = Find(name);
     return widget != nullptr && widget->isEnabled();
 }

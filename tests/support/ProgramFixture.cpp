@@ -1,36 +1,39 @@
-#include "tests/support/ProgramTest.h"
+#include "tests/support/ProgramFixture.h"
 
-#include "tools/hand/Complaints.h"
+#include "tools/driver/FailureLog.h"
 
 #include <QListWidget>
 #include <QTabWidget>
 
 using namespace TavikSimulator;
 
-void ProgramTest::init() {
+void ProgramFixture::init() {
     qtMessages = std::make_unique<QtMessages>();
 }
 
-void ProgramTest::cleanup() {
+void ProgramFixture::cleanup() {
     boxes.Finish();
     boxes.Take();
     boxes.Tolerate(false);
     Drop();
     qtMessages->Finish();
     qtMessages.reset();
-    const QStringList complaints = Complaints::Take() + Leftovers();
-    QVERIFY2(complaints.isEmpty(), qPrintable(complaints.join(QLatin1Char('\n'))));
+    const QStringList failures = FailureLog::Take() + TeardownErrors();
+    // Not QVERIFY: QtTest calls this function of the base without the handler of TestAbort.
+    if (!failures.isEmpty()) {
+        QTest::qFail(qPrintable(failures.join(QLatin1Char('\n'))), __FILE__, __LINE__);
+    }
 }
 
-void ProgramTest::Open(const QString& bench) {
+void ProgramFixture::Open(const QString& bench) {
     UseStillBenchText(bench.toStdString(), "bench of the test");
     StartJournal();
     window = std::make_unique<MainWindow>();
     window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get(), patience));
+    QVERIFY(QTest::qWaitForWindowExposed(window.get(), waitTimeoutMs));
 }
 
-void ProgramTest::OpenNetwork(const QString& bench, int row) {
+void ProgramFixture::OpenNetwork(const QString& bench, int row) {
     Open(bench);
     QVERIFY(Operator().Click("btnConnectAll"));
     if (row > 0) {
@@ -40,23 +43,23 @@ void ProgramTest::OpenNetwork(const QString& bench, int row) {
     // The list takes the focus when its page comes to the front, and with the focus its first row.
     window->findChild<QListWidget*>(QStringLiteral("listModules"))->setCurrentRow(-1);
     // The first row's panels are gone when the next ones are looked for.
-    Settle();
+    ProcessAllEvents();
     Calls::Mark();
 }
 
-void ProgramTest::OpenModule(const QString& bench, int moduleRow, int networkRow) {
+void ProgramFixture::OpenModule(const QString& bench, int moduleRow, int networkRow) {
     OpenNetwork(bench, networkRow);
     QVERIFY(Operator().SelectRow("listModules", moduleRow));
     QVERIFY(Operator().SelectPage("tabModule"));
     Calls::Mark();
 }
 
-void ProgramTest::Drop() {
+void ProgramFixture::Drop() {
     window.reset();
-    Settle();
+    ProcessAllEvents();
 }
 
-QStringList ProgramTest::Pages() {
+QStringList ProgramFixture::Pages() {
     QStringList captions;
     const auto* tabs = window->findChild<QTabWidget*>(QStringLiteral("tabWidget"));
     for (int index = 0; index < tabs->count(); ++index) {
@@ -65,7 +68,7 @@ QStringList ProgramTest::Pages() {
     return captions;
 }
 
-QStringList ProgramTest::Rows(const char* name) {
+QStringList ProgramFixture::Rows(const char* name) {
     QStringList rows;
     const auto* list = window->findChild<QListWidget*>(QLatin1String(name));
     for (int row = 0; row < list->count(); ++row) {
@@ -74,19 +77,19 @@ QStringList ProgramTest::Rows(const char* name) {
     return rows;
 }
 
-QStringList Leftovers() {
+QStringList TeardownErrors() {
     QStringList left;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (const QWidget* widget : windows) {
-        left.append(QStringLiteral("A window is left: %1 \"%2\".")
+        left.append(QStringLiteral("Teardown: window left open: %1 \"%2\".")
                         .arg(QLatin1String(widget->metaObject()->className()), widget->windowTitle()));
     }
     while (QApplication::overrideCursor() != nullptr) {
-        left.append(QStringLiteral("A cursor is left."));
+        left.append(QStringLiteral("Teardown: override cursor left."));
         QApplication::restoreOverrideCursor();
     }
     if (CallsOnRemovedModules() > 0) {
-        left.append(QStringLiteral("%1 calls on modules that had been removed.").arg(CallsOnRemovedModules()));
+        left.append(QStringLiteral("Teardown: %1 calls on removed modules, expected 0.").arg(CallsOnRemovedModules()));
     }
     return left;
 }

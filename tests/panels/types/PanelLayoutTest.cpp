@@ -48,7 +48,7 @@ QString PlaceOf(const QWidget* panel, const QRect& reading, const QWidget* probe
 } // namespace
 
 /// Where the panels of all kinds of modules stand on the module page, and whether there is room for them.
-class PlacesTest : public PanelTest {
+class PanelLayoutTest : public PanelTest {
     Q_OBJECT
 
 private slots:
@@ -71,7 +71,7 @@ private:
     QStringList ClippedIn(const QWidget* panel);
 };
 
-void PlacesTest::Modules() {
+void PanelLayoutTest::Modules() {
     QTest::addColumn<int>("row");
     QTest::addColumn<QStringList>("places");
     const QString probe = QStringLiteral("ModuleKXwidget at reference");
@@ -92,7 +92,7 @@ void PlacesTest::Modules() {
     }
 }
 
-QVector<TypePanel*> PlacesTest::Panels() {
+QVector<TypePanel*> PanelLayoutTest::Panels() {
     QVector<TypePanel*> panels;
     const auto children =
         Operator().Find("moduleWidget")->findChildren<TypePanel*>(QString(), Qt::FindDirectChildrenOnly);
@@ -104,7 +104,7 @@ QVector<TypePanel*> PlacesTest::Panels() {
     return panels;
 }
 
-QStringList PlacesTest::Places() {
+QStringList PanelLayoutTest::Places() {
     const QRect reading = Operator().Find("gbReading")->geometry();
     const QWidget* probe = nullptr;
     const QVector<TypePanel*> panels = Panels();
@@ -122,14 +122,14 @@ QStringList PlacesTest::Places() {
     return places;
 }
 
-void PlacesTest::eachModuleHasItsPanels() {
+void PanelLayoutTest::eachModuleHasItsPanels() {
     QFETCH(int, row);
     QFETCH(QStringList, places);
     OpenModule(Bench(), row);
     QCOMPARE(Places(), places);
 }
 
-void PlacesTest::firstModuleBeforeThePageWasShown() {
+void PanelLayoutTest::firstModuleBeforeThePageWasShown() {
     QFETCH(int, row);
     QFETCH(QStringList, places);
     OpenNetwork(Bench());
@@ -145,37 +145,37 @@ void PlacesTest::firstModuleBeforeThePageWasShown() {
     QCOMPARE(Panels().constFirst()->geometry(), first);
 }
 
-void PlacesTest::afterThePageIsLaidOutAnew() {
+void PanelLayoutTest::afterThePageIsLaidOutAnew() {
     OpenModule(Bench(), 6);
     const QStringList places = Places();
     QVERIFY(places.filter(QStringLiteral("nowhere")).isEmpty());
     Window().resize(1500, 1000);
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(Places(), places);
     Operator().The<QLabel>("lblCPUOM")->setText(QStringLiteral("Counts per unit of measure"));
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(Places(), places);
     Window().resize(1100, 700);
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(Places(), places);
 }
 
-void PlacesTest::oldPanelsAreGone() {
+void PanelLayoutTest::oldPanelsAreGone() {
     OpenModule(Bench(), 0);
     for (int row = 1; row < 9; ++row) {
         QVERIFY(Operator().SelectPage("tabNetwork"));
         QVERIFY(Operator().SelectRow("listModules", row));
         QVERIFY(Operator().SelectPage("tabModule"));
-        Settle();
+        ProcessAllEvents();
         const int expected = row < 5 || row == 8 ? 1 : row == 5 ? 2 : 3;
         QCOMPARE(Window().findChildren<TypePanel*>().size(), expected);
     }
 }
 
-void PlacesTest::thePageHasRoom() {
+void PanelLayoutTest::thePageHasRoom() {
     QFETCH(int, row);
     OpenModule(Bench(), row);
-    Settle();
+    ProcessAllEvents();
     QCOMPARE(Window().size(), QSize(1100, 700));
     const QWidget* page = Operator().Find("moduleWidget");
     QCOMPARE(page->size(), page->parentWidget()->size());
@@ -191,7 +191,7 @@ void PlacesTest::thePageHasRoom() {
 }
 
 /// What has less room in a panel than it needs to be read.
-QStringList PlacesTest::ClippedIn(const QWidget* panel) {
+QStringList PanelLayoutTest::ClippedIn(const QWidget* panel) {
     QStringList clipped;
     const auto widgets = panel->findChildren<QWidget*>();
     for (const QWidget* widget : widgets) {
@@ -226,10 +226,10 @@ QStringList PlacesTest::ClippedIn(const QWidget* panel) {
     return clipped;
 }
 
-void PlacesTest::nothingIsClipped() {
+void PanelLayoutTest::nothingIsClipped() {
     QFETCH(int, row);
     OpenModule(Bench(), row);
-    Settle();
+    ProcessAllEvents();
     const QVector<TypePanel*> panels = Panels();
     for (const TypePanel* panel : panels) {
         const QStringList clipped = ClippedIn(panel);
@@ -237,6 +237,6 @@ void PlacesTest::nothingIsClipped() {
     }
 }
 
-TAVIK_TEST_MAIN(PlacesTest)
+TAVIK_TEST_MAIN(PanelLayoutTest)
 
-#include "PlacesTest.moc"
+#include "PanelLayoutTest.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/hand/Patience.h"
+#include "tools/driver/WaitTimeout.h"
 
 #include <QString>
 #include <QTabBar>
@@ -11,27 +11,30 @@
 #include <memory>
 
 /// Processes events until the condition holds. Returns whether it came to hold within the time.
-bool WaitUntil(const std::function<bool()>& condition, int milliseconds = patience);
+bool WaitUntil(const std::function<bool()>& condition, int milliseconds = waitTimeoutMs);
 
-/// Does something once, as soon as a condition holds while events are processed; complains of one that does not come
-/// to hold, and does it all the same, so that no loop waits for ever. Nothing is done once the context is gone.
-void When(QObject* context, const std::function<bool()>& condition, const std::function<void()>& deed);
+/// Runs an action once, as soon as a condition holds while events are processed. A condition that does not hold within
+/// waitTimeoutMs is logged as a failure; the action runs then, so that the loop that it ends does end. Destroying the
+/// context cancels the action.
+void When(QObject* context, const std::function<bool()>& condition, const std::function<void()>& action);
 
 /// Calls a function again and again, for as long as the timer lives, whenever events are processed.
 std::unique_ptr<QTimer> Repeatedly(const std::function<void()>& function);
 
-/// Processes events until nothing is left to be laid out, painted or deleted.
-void Settle();
+/// Processes events until all widgets are laid out and painted, and deferred deletions done. Every press of the
+/// WidgetDriver begins with it, as an operator presses in a later turn of the event loop than the one before;
+/// actions of When() and Repeatedly() wait until after that press.
+void ProcessAllEvents();
 
 /// Types a text, of whatever letters, into a control that has the focus.
 void TypeInto(QWidget* widget, const QString& text);
 
-/// An operator's hand on one window. It finds controls by object name and uses them as mouse and keyboard do:
-/// only what can be seen, is enabled and is not covered. What it cannot do goes to the Complaints, and the
-/// function answers false or null.
-class Hand {
+/// Drives one window as an operator does. It finds controls by object name and uses them by mouse and keyboard: only
+/// those that are visible, enabled and not covered. A failure goes to the FailureLog, and the function returns false
+/// or null.
+class WidgetDriver {
 public:
-    explicit Hand(QWidget& window) : window(window) {}
+    explicit WidgetDriver(QWidget& window) : window(window) {}
 
     /// A control of this name; one that can be seen goes before one that cannot.
     QWidget* Find(const char* name) const;
@@ -39,7 +42,7 @@ public:
     Widget* The(const char* name) const {
         auto* widget = qobject_cast<Widget*>(Find(name));
         if (widget == nullptr) {
-            ComplainOf(name, QStringLiteral("is of another class"));
+            LogFailureOf(name, QStringLiteral("is of another class"));
         }
         return widget;
     }
@@ -76,7 +79,7 @@ private:
     /// Clicks the arrows of a tab bar until this tab can be clicked.
     bool ScrollToTab(QTabBar* bar, int index);
     bool CanUse(QWidget* widget) const;
-    void ComplainOf(const char* name, const QString& text) const;
+    void LogFailureOf(const char* name, const QString& text) const;
 
     QWidget& window;
 };

@@ -31,13 +31,13 @@ struct BoxReply {
 };
 
 /// Answers the modal boxes and dialogs that open, as an operator would who expects them in this order. A box
-/// that is not expected, or is other than expected, goes to the Complaints and is closed, so that nothing
+/// that is not expected, or is other than expected, goes to the FailureLog and is closed, so that nothing
 /// hangs.
-class BoxAnswerer : public QObject {
+class DialogResponder : public QObject {
     Q_OBJECT
 
 public:
-    BoxAnswerer();
+    DialogResponder();
 
     void ExpectError(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply = {});
     void ExpectInformation(QWidget* parent, const QString& title, const QString& text, const BoxReply& reply = {});
