@@ -1,11 +1,13 @@
 #include "app/Application.h"
 
+#include "panels/common/FieldStyle.h"
 #include "panels/common/LastResort.h"
 
 #include <QAbstractButton>
 #include <QFont>
 #include <QPointer>
 #include <QShortcutEvent>
+#include <QStyle>
 
 /// The linker leaves out pictures of a static library that nobody asks for. (The macro cannot stand in a namespace.)
 static void KeepPictures() {
@@ -38,6 +40,7 @@ bool PressedByMnemonic(QObject* receiver, QEvent* event) {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     KeepPictures();
+    setStyle(new FieldStyle(style()->objectName()));
     constexpr int pointSize = 10;
     QFont font = QApplication::font();
     font.setPointSize(pointSize);
