@@ -1,6 +1,6 @@
 #include "panels/common/TypePanel.h"
 
-#include <QWidget>
+#include <QPointer>
 
 void TypePanel::SetEnabled(bool enable) {
     for (QWidget* command : Commands()) {
@@ -11,7 +11,11 @@ void TypePanel::SetEnabled(bool enable) {
 void TypePanel::FillAnew() {
     filled = false;
     SetEnabled(false);
+    const QPointer<TypePanel> panel(this);
     Fill();
-    filled = true;
-    SetEnabled(true);
+    // A box that the filling opens may outlive the panel.
+    if (panel != nullptr) {
+        filled = true;
+        SetEnabled(true);
+    }
 }
