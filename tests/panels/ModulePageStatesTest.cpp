@@ -275,7 +275,8 @@ void ModulePageStatesTest::pulledCableIsToldOnce() {
     OpenModule(Benches::Two(), 0);
     boxes.Tolerate(true);
     When(
-        &Window(), [] { return Calls::CountOf("ErrorString") == 1; }, [] { SetNetworkPresent("Alpha", false); });
+        &Window(), [] { return Calls::CountOf("ErrorString") == 1; },
+        [] { FailCall(1, 0x2101, "Cable pulled.", true); });
     Calls::Mark();
     QVERIFY(Operator().Click("btnStartContinuous"));
     ProcessAllEvents();
@@ -283,6 +284,9 @@ void ModulePageStatesTest::pulledCableIsToldOnce() {
     const QVector<SeenBox> seen = boxes.Take();
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen.first().title, readingError);
+    // The reading, and the refreshes of the pages of modes.
+    const std::vector<JournalEntry> calls = Calls::Entries();
+    QVERIFY(std::count_if(calls.begin(), calls.end(), [](const JournalEntry& call) { return call.failed; }) > 2);
     // What the page offers is offered again, and the failure of a press is told again.
     QVERIFY(Operator().Click("btnRead"));
     QCOMPARE(boxes.Take().size(), 1);
