@@ -27,8 +27,11 @@ RadioPair FindInputPair(const QWidget* panel, int number) {
     const RadioPair pair = FindPair(panel, "radioInputLow", "radioInputHigh", number);
     QWidget* frame = pair.low->parentWidget();
     constexpr QRgb lightGray = 0xefefef;
-    frame->setPalette(QPalette(QColor(lightGray)));
     frame->setAutoFillBackground(true);
+    // A button with a style sheet does not take its parent's palette.
+    for (QWidget* widget : {frame, static_cast<QWidget*>(pair.low), static_cast<QWidget*>(pair.high)}) {
+        widget->setPalette(QPalette(QColor(lightGray)));
+    }
     return pair;
 }
 

@@ -55,6 +55,8 @@ private slots:
     void setsARowAndReadsBack();
     void showsWhatIsReadBack();
     void noCurrentRowIsSentAndRefused();
+    void tabIntoAListChoosesNoRow();
+    void clickWithControlKeepsTheRow();
     void failedSetKeepsTheText();
     void failedReadBackKeepsTheText();
     void presetsTheCount();
@@ -143,6 +145,29 @@ void EncoderPanelTest::noCurrentRowIsSentAndRefused() {
         QVERIFY(seen.first().parent == ThePanel<ModuleQTAWidget>());
         COMPARE_CALLS(ModuleCalls(), {SetCall(setting, -1)});
         QCOMPARE(Operator().Text(setting.field), before);
+    }
+}
+
+void EncoderPanelTest::tabIntoAListChoosesNoRow() {
+    OpenPanel("QTA");
+    boxes.Tolerate(true);
+    for (const Setting& setting : settings) {
+        Operator().Find(setting.list)->setFocus(Qt::TabFocusReason);
+        QVERIFY(Operator().Click(setting.button));
+        COMPARE_CALLS(ModuleCalls(), {SetCall(setting, -1)});
+    }
+}
+
+void EncoderPanelTest::clickWithControlKeepsTheRow() {
+    OpenPanel("QTA");
+    for (const Setting& setting : settings) {
+        QVERIFY(Operator().SelectRow(setting.list, 1));
+        auto* list = Operator().The<QListWidget>(setting.list);
+        const QPoint row = list->visualItemRect(list->item(1)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier, row);
+        QVERIFY(list->item(1)->isSelected());
+        QVERIFY(Operator().Click(setting.button));
+        COMPARE_CALLS(ModuleCalls(), {SetCall(setting, 1), GetCall(setting)});
     }
 }
 

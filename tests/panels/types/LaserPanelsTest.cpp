@@ -1,8 +1,11 @@
 #include "library/TavikModuleLaser.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
 #include "panels/types/ModuleBWKWidget.h"
 #include "panels/types/ModuleBWRWidget.h"
 #include "panels/types/ModuleBWWidget.h"
 #include "tests/panels/types/PanelTest.h"
+#include "tests/support/FakeHostWindow.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -47,6 +50,7 @@ private slots:
     void beamIsShown_data();
     void beamIsShown();
     void beamIsSwitched();
+    void unknownBeamIsNeitherOnNorOff();
     void refusedBeamLeavesTheCheckBox();
     void beamPanelIsEnabledAndDisabled();
 
@@ -59,6 +63,7 @@ private slots:
     void filterWithoutARow();
     void filterIsSetAndShownAsSent();
     void filterWithNoCurrentRow();
+    void tabIntoTheFiltersChoosesNone();
     void levelCutTimeIsSetAndShownAsSent();
     void failedSetKeepsTheText_data();
     void failedSetKeepsTheText();
@@ -68,6 +73,7 @@ private slots:
     void ratesAreTheModules();
     void rateIsSetAndShownAsSent();
     void nothingSelectedDoesNothing();
+    void tabIntoTheRatesChoosesNone();
     void failedRateKeepsTheText();
     void ratePanelIsEnabledAndDisabled();
 
@@ -95,6 +101,25 @@ void LaserPanelsTest::beamIsShown() {
     QFETCH(bool, on);
     OpenPanel("BW", attributes);
     QCOMPARE(Operator().The<QCheckBox>("cbBeamOn")->isChecked(), on);
+}
+
+void LaserPanelsTest::unknownBeamIsNeitherOnNorOff() {
+    OpenPanel("BW");
+    FakeHostWindow host;
+    TavikServer server;
+    server.Networks()->FindNetworks();
+    server.Networks()->ConnectAll();
+    auto* laser = dynamic_cast<TavikModuleBW*>(server.Networks()->Network(0)->GetModule(0));
+    ModuleBWWidget panel(&host);
+    const auto* beam = panel.findChild<QCheckBox*>(QStringLiteral("cbBeamOn"));
+    FailNext("BeamOn", ForeignText());
+    QVERIFY_EXCEPTION_THROWN(panel.SetModule(&host, &server, nullptr, laser), std::runtime_error);
+    QCOMPARE(beam->checkState(), Qt::PartiallyChecked);
+    panel.SetEnabled(true);
+    QVERIFY(!beam->isEnabled());
+    panel.SetModule(&host, &server, nullptr, laser);
+    QCOMPARE(beam->checkState(), Qt::Checked);
+    QVERIFY(beam->isEnabled() && !beam->isTristate());
 }
 
 void LaserPanelsTest::beamIsSwitched() {
@@ -236,6 +261,18 @@ void LaserPanelsTest::filterWithNoCurrentRow() {
     QCOMPARE(Operator().Text("tbCurrentFilter"), before);
 }
 
+void LaserPanelsTest::tabIntoTheFiltersChoosesNone() {
+    OpenNetwork(BenchWith("BWR", QString(), QString()));
+    boxes.Tolerate(true);
+    AnswerFrom(1, "Filter", 7);
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    Operator().Find("listAvailableFilters")->setFocus(Qt::TabFocusReason);
+    ModuleCalls();
+    QVERIFY(Operator().Click("btnSetFilter"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setFilter(-1)")});
+}
+
 void LaserPanelsTest::levelCutTimeIsSetAndShownAsSent() {
     OpenPanel("BWR", QStringLiteral("level-cut-max=\"32767\""));
     AnswerFrom(1, "LevelCutTime", 2);
@@ -340,6 +377,13 @@ void LaserPanelsTest::nothingSelectedDoesNothing() {
     COMPARE_CALLS(ModuleCalls(), {});
     QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), before);
     QCOMPARE(boxes.Count(), 0);
+}
+
+void LaserPanelsTest::tabIntoTheRatesChoosesNone() {
+    OpenPanel("BWK");
+    Operator().Find("listAvailableMeasuringRates")->setFocus(Qt::TabFocusReason);
+    QVERIFY(Operator().Click("btnSetMeasuringRate"));
+    COMPARE_CALLS(ModuleCalls(), {});
 }
 
 void LaserPanelsTest::failedRateKeepsTheText() {

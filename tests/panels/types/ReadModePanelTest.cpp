@@ -41,6 +41,7 @@ private slots:
     void failureShowsABox();
     void enablingConcernsTheButtons();
     void failureWhileFilling();
+    void tabIntoTheListChoosesNoRow();
 };
 
 void ReadModePanelTest::theFormIsAsKnown() {
@@ -236,6 +237,18 @@ void ReadModePanelTest::failureWhileFilling() {
     QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
     QCOMPARE(seen.first().text, ForeignText());
     CompareFailedAt(QStringLiteral("ReadMode"));
+}
+
+void ReadModePanelTest::tabIntoTheListChoosesNoRow() {
+    OpenNetwork(BenchWith("HVX", QString(), QString()));
+    boxes.Tolerate(true);
+    AnswerFrom(1, "ReadMode", 3);
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    Operator().Find("listAvailableReadMode")->setFocus(Qt::TabFocusReason);
+    ModuleCalls();
+    QVERIFY(Operator().Click("btnSetReadMode"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setReadMode(-1)")});
 }
 
 TAVIK_TEST_MAIN(ReadModePanelTest)
