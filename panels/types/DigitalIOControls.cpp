@@ -25,12 +25,10 @@ RadioPair FindPair(const QWidget* panel, const char* low, const char* high, int 
 
 RadioPair FindInputPair(const QWidget* panel, int number) {
     const RadioPair pair = FindPair(panel, "radioInputLow", "radioInputHigh", number);
-    QWidget* frame = pair.low->parentWidget();
     constexpr QRgb lightGray = 0xefefef;
-    frame->setAutoFillBackground(true);
-    // A button with a style sheet does not take its parent's palette.
-    for (QWidget* widget : {frame, static_cast<QWidget*>(pair.low), static_cast<QWidget*>(pair.high)}) {
-        widget->setPalette(QPalette(QColor(lightGray)));
+    for (QRadioButton* button : {pair.low, pair.high}) {
+        button->setPalette(QPalette(QColor(lightGray)));
+        button->setAutoFillBackground(true);
     }
     return pair;
 }

@@ -20,7 +20,7 @@ struct RadioPair {
 
 /// The buttons of a panel that have these names and the number of a channel.
 RadioPair FindPair(const QWidget* panel, const char* low, const char* high, int number);
-/// The same of an input, whose level is shown in black. Its frame is light in every palette.
+/// The same of an input, whose level is shown in black: its buttons are light in every palette.
 RadioPair FindInputPair(const QWidget* panel, int number);
 
 /// Shows a level: 0 checks the low button, 1 the high one, any other level neither. Each button has the
