@@ -1,7 +1,6 @@
 #include "library/TavikModuleLaser.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
-#include "panels/types/ModuleBWKWidget.h"
 #include "panels/types/ModuleBWRWidget.h"
 #include "panels/types/ModuleBWWidget.h"
 #include "tests/panels/types/PanelTest.h"
@@ -22,26 +21,13 @@ QString FilterText(int filter) {
     return QString::fromStdString(eFilter_ToString(static_cast<eFilter>(filter)));
 }
 
-QString RateText(eMeasuringRate rate) {
-    return QString::fromStdString(eMeasuringRate_ToString(rate));
-}
-
-QStringList LabelsOf(const QWidget* panel) {
-    QStringList texts;
-    const auto labels = panel->findChildren<QLabel*>();
-    for (const QLabel* label : labels) {
-        texts.append(label->text());
-    }
-    return texts;
-}
-
 bool WaitCursorShows() {
     return QApplication::overrideCursor() != nullptr && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
 }
 
 } // namespace
 
-/// The panels of the three kinds of lasers.
+/// The panels of the beam and of the filter of lasers, and what fails while the panels of a laser are filled.
 class LaserPanelsTest : public PanelTest {
     Q_OBJECT
 
@@ -68,14 +54,6 @@ private slots:
     void failedSetKeepsTheText_data();
     void failedSetKeepsTheText();
     void filterPanelIsEnabledAndDisabled();
-
-    void rateForm();
-    void ratesAreTheModules();
-    void rateIsSetAndShownAsSent();
-    void nothingSelectedDoesNothing();
-    void tabIntoTheRatesChoosesNone();
-    void failedRateKeepsTheText();
-    void ratePanelIsEnabledAndDisabled();
 
     void failureWhileFilling_data();
     void failureWhileFilling();
@@ -333,79 +311,6 @@ void LaserPanelsTest::filterPanelIsEnabledAndDisabled() {
     QVERIFY(Operator().IsEnabled("listAvailableFilters") && Operator().IsEnabled("sbAvailableLevelCutTime"));
     hold.Release();
     QCOMPARE(EnabledButtons(ThePanel<ModuleBWRWidget>()), all);
-}
-
-void LaserPanelsTest::rateForm() {
-    OpenPanel("BWK");
-    const auto* panel = ThePanel<ModuleBWKWidget>();
-    QCOMPARE(panel->windowTitle(), QStringLiteral("Form"));
-    QCOMPARE(Operator().The<QGroupBox>("groupBoxMeasuringRate")->title(), QStringLiteral("Measuring Rate"));
-    QCOMPARE(LabelsOf(panel), QStringList({QStringLiteral("Current"), QStringLiteral("Available")}));
-    QVERIFY(Operator().Find("tbCurrentMeasuringRate")->property("readOnly").toBool());
-    QCOMPARE(Operator().Text("btnSetMeasuringRate"), QStringLiteral("Set"));
-}
-
-void LaserPanelsTest::ratesAreTheModules() {
-    OpenPanel("BWK", QStringLiteral("rates=\"2kHz 100Hz 1kHz\" rate=\"1kHz\""));
-    QCOMPARE(Rows("listAvailableMeasuringRates"),
-             QStringList({RateText(eMeasuringRate::Rate2KHz), RateText(eMeasuringRate::Rate100Hz),
-                          RateText(eMeasuringRate::Rate1KHz)}));
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), RateText(eMeasuringRate::Rate1KHz));
-    const QStringList calls = Calls::TakeOperation("MeasuringRate");
-    QVERIFY(calls.isEmpty());
-}
-
-void LaserPanelsTest::rateIsSetAndShownAsSent() {
-    OpenPanel("BWK", QStringLiteral("rates=\"100Hz 500Hz\""));
-    AnswerFrom(1, "MeasuringRate", 4);
-    QVERIFY(Operator().SelectRow("listAvailableMeasuringRates", 1));
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setMeasuringRate(1)")});
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), RateText(eMeasuringRate::Rate500Hz));
-    QCOMPARE(Rows("listAvailableMeasuringRates").size(), 2);
-}
-
-void LaserPanelsTest::nothingSelectedDoesNothing() {
-    OpenPanel("BWK");
-    const QString before = Operator().Text("tbCurrentMeasuringRate");
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    COMPARE_CALLS(ModuleCalls(), {});
-    // A row may be the current one, as it is for the keyboard, without being selected.
-    auto* list = Operator().The<QListWidget>("listAvailableMeasuringRates");
-    list->setCurrentRow(2, QItemSelectionModel::NoUpdate);
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    COMPARE_CALLS(ModuleCalls(), {});
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), before);
-    QCOMPARE(boxes.Count(), 0);
-}
-
-void LaserPanelsTest::tabIntoTheRatesChoosesNone() {
-    OpenPanel("BWK");
-    Operator().Find("listAvailableMeasuringRates")->setFocus(Qt::TabFocusReason);
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    COMPARE_CALLS(ModuleCalls(), {});
-}
-
-void LaserPanelsTest::failedRateKeepsTheText() {
-    OpenPanel("BWK");
-    const QString before = Operator().Text("tbCurrentMeasuringRate");
-    QVERIFY(Operator().SelectRow("listAvailableMeasuringRates", 3));
-    FailNext("setMeasuringRate", ForeignText());
-    boxes.ExpectError(ThePanel<ModuleBWKWidget>(), QStringLiteral("BWK Module"), ForeignText());
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    QCOMPARE(boxes.Count(), 1);
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), before);
-}
-
-void LaserPanelsTest::ratePanelIsEnabledAndDisabled() {
-    OpenPanel("BWK");
-    const QStringList all{QStringLiteral("btnSetMeasuringRate")};
-    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), all);
-    auto hold = Window().DisableControls(QStringLiteral("test"));
-    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), QStringList());
-    QVERIFY(Operator().IsEnabled("listAvailableMeasuringRates"));
-    hold.Release();
-    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), all);
 }
 
 void LaserPanelsTest::failureWhileFilling_data() {

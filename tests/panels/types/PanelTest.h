@@ -90,6 +90,16 @@ protected:
         return titles;
     }
 
+    /// The texts of a panel's labels, in order.
+    static QStringList LabelsOf(const QWidget* panel) {
+        QStringList texts;
+        const auto labels = panel->findChildren<QLabel*>();
+        for (const QLabel* label : labels) {
+            texts.append(label->text());
+        }
+        return texts;
+    }
+
     /// The names of the panel's enabled buttons, sorted.
     static QStringList EnabledButtons(const QWidget* panel) {
         QStringList names;
