@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
 class HostWindow;
@@ -55,9 +56,10 @@ private:
 };
 
 /// A panel of the modules of one class.
-template <class Module>
+template <class ModuleClass>
 class TypePanelOf : public TypePanel {
 public:
+    using Module = ModuleClass;
     using TypePanel::TypePanel;
 
     /// Takes the module and fills the panel. Propagates library exceptions; the panel's commands are disabled then.
@@ -72,4 +74,15 @@ public:
 
 protected:
     Module* module = nullptr;
+};
+
+/// The same, with its form, which the panel's constructor sets up.
+template <class Module, class Form>
+class TypePanelWithForm : public TypePanelOf<Module> {
+protected:
+    TypePanelWithForm(QWidget* parent, const QString& boxTitle)
+        : TypePanelOf<Module>(parent, boxTitle), ui(std::make_shared<Form>()) {}
+
+    /// Not a unique_ptr, which would need the form's declaration wherever a panel is deleted.
+    const std::shared_ptr<Form> ui;
 };
