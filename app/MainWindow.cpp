@@ -22,11 +22,13 @@
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QScopeGuard>
+#include <QScrollArea>
 #include <QSignalBlocker>
 
 #include <initializer_list>
 
 using TavikLibrary::TavikModule;
+using TavikLibrary::TavikModuleRN;
 using TavikLibrary::TavikNetwork;
 
 namespace {
@@ -45,9 +47,7 @@ std::vector<ModulePages::Page> PagesOf(const Ui::MainWindow& ui) {
         {ui.tabBuffered, ui.bufferedModeWidget, QStringLiteral("Buffered Mode"),
          [](TavikNetwork&, TavikModule& module) { return module.BufferedCapable(); }},
         {ui.tabRefMark, ui.refMarkWidget, QStringLiteral("Ref Mark Mode"),
-         [](TavikNetwork&, TavikModule& module) {
-             return dynamic_cast<TavikLibrary::TavikModuleRN*>(&module) != nullptr;
-         }},
+         [](TavikNetwork&, TavikModule& module) { return dynamic_cast<TavikModuleRN*>(&module) != nullptr; }},
         {ui.tabDifference, ui.differenceModeWidget, QStringLiteral("Difference Mode"),
          [](TavikNetwork&, TavikModule& module) { return module.DifferenceCapable(); }},
         {ui.tabDynamic, ui.dynamicWidget, QStringLiteral("Dynamic Mode"),
@@ -61,6 +61,12 @@ std::vector<ModulePages::Page> PagesOf(const Ui::MainWindow& ui) {
 
 MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_unique<Ui::MainWindow>()) {
     ui->setupUi(this);
+    // The pages that scroll have the background of those that do not.
+    const auto scrolling = ui->tabWidget->findChildren<QScrollArea*>();
+    for (QScrollArea* area : scrolling) {
+        area->viewport()->setAutoFillBackground(false);
+        area->widget()->setAutoFillBackground(false);
+    }
     modulePages = std::make_unique<ModulePages>(ui->tabWidget, PagesOf(*ui), *this, server);
     networkPage = std::make_unique<NetworkPage>(*this, *ui);
     ui->tableNetworks->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -266,12 +272,12 @@ void MainWindow::on_btnStopNotify_clicked() {
 }
 
 void MainWindow::on_btnAddModule_clicked() {
-    bool accepted = false;
-    const QString identity = !MayAct() ? QString()
-                                       : QInputDialog::getText(this, QStringLiteral("Add module by ID"),
-                                                               QStringLiteral("Enter the module tavik identity."),
-                                                               QLineEdit::Normal, QString(), &accepted)
-                                             .toUpper();
+    bool accepted = MayAct();
+    const QString identity = accepted ? QInputDialog::getText(this, QStringLiteral("Add module by ID"),
+                                                              QStringLiteral("Enter the module tavik identity."),
+                                                              QLineEdit::Normal, QString(), &accepted)
+                                            .toUpper()
+                                      : QString();
     if (accepted) {
         CallAndRefresh(QStringLiteral("Add Module"), QStringLiteral("Adding a module..."),
                        QStringLiteral("Added: ") + identity,
@@ -323,10 +329,8 @@ void MainWindow::MoveSelectedModule(int step) {
             moved = true;
         }
     });
-    LastResort::Run([&] {
-        RefreshNetworkPage();
-        ui->listModules->setCurrentRow(moved ? otherRow : ui->listModules->currentRow());
-    });
+    LastResort::Run([this] { RefreshNetworkPage(); });
+    ui->listModules->setCurrentRow(moved ? otherRow : ui->listModules->currentRow());
 }
 
 void MainWindow::on_btnHotswap_clicked() {

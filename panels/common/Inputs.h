@@ -3,11 +3,15 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QWheelEvent>
+
+#include <functional>
+#include <vector>
 
 // The controls in which an operator chooses or enters something, used in every form. What is chosen or entered is what
 // the operator did: the focus chooses nothing, the wheel changes nothing without the focus, and a number that is typed
@@ -21,6 +25,10 @@ public:
     using View::View;
 
 protected:
+    QItemSelectionModel::SelectionFlags Selecting() const {
+        const bool rows = this->selectionBehavior() == QAbstractItemView::SelectRows;
+        return QItemSelectionModel::ClearAndSelect | (rows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate);
+    }
     /// The operator chose the row that was chosen already.
     virtual void ChosenAgain() = 0;
 
@@ -33,6 +41,8 @@ protected:
         const bool again = event->button() == Qt::LeftButton && this->currentIndex().isValid() &&
                            this->indexAt(event->pos()).row() == this->currentIndex().row();
         View::mousePressEvent(event);
+        // A slot of the row change may have taken the change back, but the view selects the pressed row after it.
+        this->selectionModel()->select(this->currentIndex(), Selecting());
         if (again) {
             ChosenAgain();
         }
@@ -48,8 +58,7 @@ protected:
         if (!index.isValid() || (event != nullptr && event->type() == QEvent::MouseButtonRelease)) {
             return QItemSelectionModel::NoUpdate;
         }
-        const bool rows = this->selectionBehavior() == QAbstractItemView::SelectRows;
-        return QItemSelectionModel::ClearAndSelect | (rows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate);
+        return Selecting();
     }
     QStyleOptionViewItem viewOptions() const override {
         QStyleOptionViewItem options = View::viewOptions();
@@ -94,7 +103,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// A control whose value the wheel changes only while it has the focus; otherwise the wheel scrolls the page.
+/// A control whose value the wheel changes only while it has the focus; otherwise the wheel scrolls the page. While it
+/// is disabled it shows no selection.
 template <class Control>
 class WheelWithFocus : public Control {
 public:
@@ -107,6 +117,25 @@ protected:
         } else {
             event->ignore();
         }
+    }
+    void changeEvent(QEvent* event) override {
+        Control::changeEvent(event);
+        auto* field = this->template findChild<QLineEdit*>();
+        if (event->type() == QEvent::EnabledChange && !this->isEnabled() && field != nullptr) {
+            field->deselect();
+        }
+    }
+};
+
+/// A box for numbers. A group separator cannot be typed: taken for a decimal point, it would give a far larger number.
+template <class Box>
+class NumberEntry : public WheelWithFocus<Box> {
+public:
+    using WheelWithFocus<Box>::WheelWithFocus;
+
+protected:
+    QValidator::State validate(QString& text, int& position) const override {
+        return text.contains(this->locale().groupSeparator()) ? QValidator::Invalid : Box::validate(text, position);
     }
 };
 
@@ -128,7 +157,7 @@ private:
 };
 
 /// A whole number. It is entered in the digits 0 to 9 in every language of the computer, without group separators.
-class NumberBox : public WheelWithFocus<QSpinBox> {
+class NumberBox : public NumberEntry<QSpinBox> {
     Q_OBJECT
 
 public:
@@ -136,12 +165,13 @@ public:
 };
 
 /// A number with a decimal point. It keeps the number it was given or that was entered when fewer decimals are shown.
-class DecimalBox : public WheelWithFocus<QDoubleSpinBox> {
+class DecimalBox : public NumberEntry<QDoubleSpinBox> {
     Q_OBJECT
 
 public:
     explicit DecimalBox(QWidget* parent = nullptr);
 
+    /// A value beyond the box's range becomes the nearest one within it.
     void ShowExact(double value);
     /// The number that was entered or given to ShowExact() last, with all its decimals.
     double Exact() const { return exact; }
@@ -151,4 +181,17 @@ public:
 private:
     double exact = 0.0;
     bool typed = false;
+};
+
+/// The values of the whole-number boxes, combo boxes, lists and radio buttons below a widget at one time.
+class InputValues {
+public:
+    InputValues() = default;
+    explicit InputValues(const QWidget* page);
+
+    /// Gives the inputs these values. They signal the changes.
+    void Restore() const;
+
+private:
+    std::vector<std::function<void()>> restorers;
 };

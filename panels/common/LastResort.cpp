@@ -34,7 +34,7 @@ QWidget* BoxParent() {
     return modal != nullptr ? modal : MainHost();
 }
 
-/// The texts that pages are showing or have shown in the current event. Touched on the GUI thread only.
+/// The texts that pages show, or have shown in the current event. Touched on the GUI thread only.
 QStringList& ShownByPages() {
     static QStringList texts;
     return texts;
@@ -81,15 +81,19 @@ LastResort::ShownByPage::ShownByPage(const QString& shownText) : text(shownText)
 
 LastResort::ShownByPage::~ShownByPage() {
     QMetaObject::invokeMethod(
-        qApp, [text = text] { ShownByPages().removeOne(text); }, Qt::QueuedConnection);
+        qApp, [over = text] { ShownByPages().removeOne(over); }, Qt::QueuedConnection);
 }
 
-void LastResort::ReportCurrentException() {
+QString LastResort::CurrentText() {
     try {
         throw;
     } catch (const std::exception& error) {
-        Report(FromLibrary(error.what()));
+        return FromLibrary(error.what());
     } catch (...) {
-        Report(QStringLiteral("An error of an unknown kind has occurred."));
+        return QStringLiteral("An error of an unknown kind has occurred.");
     }
+}
+
+void LastResort::ReportCurrentException() {
+    Report(CurrentText());
 }

@@ -13,11 +13,14 @@ namespace LastResort {
 /// from any thread.
 void Report(const QString& text);
 
+/// The text of the exception that is being handled; to be called from a catch block only.
+QString CurrentText();
+
 /// Reports the exception that is being handled; to be called from a catch block only.
 void ReportCurrentException();
 
-/// A text that a page shows itself: while this exists, and until the event in which it is destroyed is over, the text
-/// is not reported again. GUI thread only.
+/// A page shows this text itself: while this exists, and until the event in which it ends is over, the text is not
+/// reported again. GUI thread only.
 class ShownByPage {
 public:
     explicit ShownByPage(const QString& shownText);
@@ -26,7 +29,7 @@ public:
     ShownByPage& operator=(const ShownByPage&) = delete;
 
 private:
-    QString text;
+    const QString text;
 };
 
 /// Runs calls in a place that no exception may pass through, such as a slot of a list's row change. Returns whether

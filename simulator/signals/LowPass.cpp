@@ -8,19 +8,14 @@ namespace TavikSimulator {
 namespace {
 
 constexpr double Pi = 3.14159265358979323846;
-/// Time constants after which a sample is forgotten: 0.03 % of it is left.
+/// Time constants after which 0.03 % of a sample is left; older samples are ignored.
 constexpr double TimeConstantsKept = 8.0;
-
-std::int64_t FloorDivision(std::int64_t number, std::int64_t divisor) {
-    const std::int64_t quotient = number / divisor;
-    return number % divisor < 0 ? quotient - 1 : quotient;
-}
 
 } // namespace
 
-LowPass::LowPass(double cutoffFrequency, std::int64_t period)
+LowPass::LowPass(double cutoffFrequency, Nanoseconds period)
     : cutoff(cutoffFrequency), samplePeriod(period), share(0.0), memory(1), anchors(), latest() {
-    const double samplesPerTimeConstant = 1e9 / (2.0 * Pi * cutoff * static_cast<double>(period));
+    const double samplesPerTimeConstant = 1e9 / (2.0 * Pi * cutoff * static_cast<double>(period.count()));
     share = 1.0 - std::exp(-1.0 / samplesPerTimeConstant);
     memory = std::max<std::int64_t>(1, std::llround(TimeConstantsKept * samplesPerTimeConstant));
 }
@@ -36,8 +31,8 @@ double LowPass::MeanOf(const Signal& signal, std::int64_t last, int samples) con
     return sum / samples;
 }
 
-// Every value is worked out from the anchor before it, a sample at which the filter was started anew far
-// enough back: so the way to it is always the same, wherever the asking began.
+// Each value is computed from the previous anchor, a sample at which the filter is restarted: results do not depend on
+// the order of the calls.
 double LowPass::At(const Signal& signal, std::int64_t index) const {
     const std::int64_t anchor = FloorDivision(index, memory) * memory;
     if (latest.index < anchor || latest.index > index) {
@@ -51,14 +46,14 @@ double LowPass::AtAnchor(const Signal& signal, std::int64_t index) const {
     Value& kept = anchors[static_cast<std::size_t>((index / memory) & 1)];
     if (kept.index != index) {
         const std::int64_t start = index - memory;
-        kept = {index, Walk(signal, {start, signal.AtNanoseconds(start * samplePeriod)}, index)};
+        kept = {index, Walk(signal, {start, signal.At(start * samplePeriod)}, index)};
     }
     return kept.filtered;
 }
 
 double LowPass::Walk(const Signal& signal, Value from, std::int64_t to) const {
     for (std::int64_t index = from.index + 1; index <= to; ++index) {
-        from.filtered += share * (signal.AtNanoseconds(index * samplePeriod) - from.filtered);
+        from.filtered += share * (signal.At(index * samplePeriod) - from.filtered);
     }
     return from.filtered;
 }

@@ -75,7 +75,7 @@ void KeyboardTest::tabVisitsEveryControl() {
     QFETCH(QString, page);
     Show(page);
     QList<QWidget*> missing = ControlsOf(qPrintable(page));
-    QVERIFY(missing.size() > 2);
+    QVERIFY(!missing.isEmpty());
     constexpr int mostPresses = 80;
     for (int press = 0; press < mostPresses && !missing.isEmpty(); ++press) {
         Operator().Press(Qt::Key_Tab);
