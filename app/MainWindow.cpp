@@ -222,13 +222,9 @@ bool MainWindow::HasNetwork() const {
     return network != nullptr && ui->tabWidget->indexOf(ui->tabNetwork) >= 0 && !IsClosing();
 }
 
-bool MainWindow::MayAct() const {
-    return HasNetwork() && !ControlsAreHeld();
-}
-
 template <class Calls>
 void MainWindow::CallAndRefresh(const QString& title, const QString& activity, const QString& outcome, Calls&& calls) {
-    if (!MayAct()) {
+    if (!HasNetwork()) {
         return;
     }
     const BlockingOperation blocking(this, activity);
@@ -242,7 +238,7 @@ void MainWindow::CallAndRefresh(const QString& title, const QString& activity, c
 
 template <class Calls>
 void MainWindow::CallAndRefreshIfDone(const QString& activity, const QString& outcome, Calls&& calls) {
-    if (!MayAct()) {
+    if (!HasNetwork()) {
         return;
     }
     const BlockingOperation blocking(this, activity);
@@ -254,7 +250,7 @@ void MainWindow::CallAndRefreshIfDone(const QString& activity, const QString& ou
 }
 
 void MainWindow::on_btnNotify_clicked() {
-    if (!MayAct()) {
+    if (ControlsAreHeld() || !HasNetwork()) {
         return;
     }
     Run run(*this, QStringLiteral("notify"), ui->btnStopNotify);
@@ -272,7 +268,7 @@ void MainWindow::on_btnStopNotify_clicked() {
 }
 
 void MainWindow::on_btnAddModule_clicked() {
-    bool accepted = MayAct();
+    bool accepted = HasNetwork();
     const QString identity = accepted ? QInputDialog::getText(this, QStringLiteral("Add module by ID"),
                                                               QStringLiteral("Enter the module tavik identity."),
                                                               QLineEdit::Normal, QString(), &accepted)
@@ -315,7 +311,7 @@ void MainWindow::on_btnMoveDown_clicked() {
 void MainWindow::MoveSelectedModule(int step) {
     const int row = ui->listModules->currentRow();
     const int otherRow = row + step;
-    if (!MayAct() || row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
+    if (!HasNetwork() || row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
         return;
     }
     const BlockingOperation blocking(this, QStringLiteral("Moving the module..."));
@@ -345,7 +341,7 @@ void MainWindow::on_btnPing_clicked() {
 
 void MainWindow::on_btnSetSpeed_clicked() {
     const QList<QListWidgetItem*> selected = ui->listAvailableSpeeds->selectedItems();
-    if (!MayAct()) {
+    if (!HasNetwork()) {
         return;
     }
     if (selected.isEmpty()) {
@@ -358,7 +354,7 @@ void MainWindow::on_btnSetSpeed_clicked() {
 }
 
 void MainWindow::on_btnLoadXML_clicked() {
-    const QString name = MayAct() ? AskFileToLoad(this) : QString();
+    const QString name = HasNetwork() ? AskFileToLoad(this) : QString();
     if (!name.isEmpty()) {
         CallAndRefresh(QStringLiteral("Error Loading File"), QStringLiteral("Loading the file..."),
                        QStringLiteral("Loaded: ") + name, [&] { network->Load(ToLibrary(name)); });
@@ -366,7 +362,7 @@ void MainWindow::on_btnLoadXML_clicked() {
 }
 
 void MainWindow::on_btnSaveXML_clicked() {
-    const QString name = MayAct() ? AskFileToSave(this) : QString();
+    const QString name = HasNetwork() ? AskFileToSave(this) : QString();
     if (!name.isEmpty()) {
         CallAndRefresh(QStringLiteral("Error Saving File"), QStringLiteral("Saving the file..."),
                        QStringLiteral("Saved: ") + name, [&] { network->Save(ToLibrary(name)); });

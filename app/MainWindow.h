@@ -68,7 +68,6 @@ private:
     void RefreshNetworkPage();
 
     bool HasNetwork() const;
-    bool MayAct() const;
     /// For calls that may change the network although they fail: the page is refreshed in any case. The title stands
     /// over the box of a failure; the outcome is shown when the calls came to their end.
     template <class Calls>
