@@ -1,5 +1,5 @@
 #include "app/AboutBox.h"
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
 
 #include <QLabel>

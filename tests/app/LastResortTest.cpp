@@ -1,6 +1,6 @@
 #include "panels/common/LastResort.h"
 
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
 
 #include <stdexcept>

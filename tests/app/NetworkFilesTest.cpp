@@ -1,4 +1,4 @@
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
 
 #include <QDir>

@@ -2,7 +2,7 @@
 
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
 
 #include <QPushButton>

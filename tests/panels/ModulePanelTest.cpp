@@ -2,7 +2,7 @@
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
 #include "panels/module/TavikModuleWidget.h"
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/FakeHostWindow.h"
 #include "tests/support/ProgramFixture.h"
 

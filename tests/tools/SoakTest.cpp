@@ -2,6 +2,7 @@
 
 #include "app/Application.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/oracle/Oracle.h"
 #include "tools/tour/Steps.h"
 
 #include <QTemporaryFile>
@@ -149,7 +150,7 @@ void SoakTest::shortRun() {
         QCOMPARE(finding.verdict, Verdict::NotJudged);
         QCOMPARE(finding.first, finding.last);
     }
-    QCOMPARE(TeardownErrors(), QStringList());
+    QCOMPARE(Oracle::TeardownErrors(), QStringList());
 }
 
 void SoakTest::whatGoesWrongIsTold() {

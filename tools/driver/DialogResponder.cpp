@@ -1,6 +1,7 @@
 #include "tools/driver/DialogResponder.h"
 
 #include "tools/driver/FailureLog.h"
+#include "tools/driver/Screen.h"
 #include "tools/driver/WidgetDriver.h"
 
 #include <QAbstractButton>
@@ -98,25 +99,10 @@ void Type(QDialog* dialog, const QString& text) {
     }
 }
 
-/// A dialog that its window frame does not let the operator close: it goes by itself.
-bool OnlyTells(const QDialog& dialog) {
-    const Qt::WindowFlags flags = dialog.windowFlags();
-    return flags.testFlag(Qt::CustomizeWindowHint) && !flags.testFlag(Qt::WindowCloseButtonHint);
-}
-
-/// Presses the button that accepts or leaves the box.
+/// Presses the button that accepts or rejects the box.
 void PressButton(QDialog* dialog, bool accept) {
-    QAbstractButton* wanted = nullptr;
-    const QList<QDialogButtonBox*> boxes = dialog->findChildren<QDialogButtonBox*>();
-    for (const QDialogButtonBox* box : boxes) {
-        const QList<QAbstractButton*> buttons = box->buttons();
-        for (QAbstractButton* button : buttons) {
-            const QDialogButtonBox::ButtonRole role = box->buttonRole(button);
-            const bool accepts = role == QDialogButtonBox::AcceptRole || role == QDialogButtonBox::YesRole;
-            wanted = accepts == accept ? button : wanted;
-        }
-    }
-    if (wanted == nullptr || !WidgetDriver(*dialog).Click(wanted)) {
+    QAbstractButton* button = Screen::ButtonOf(*dialog, accept);
+    if (button == nullptr || !WidgetDriver(*dialog).Click(button)) {
         dialog->done(accept ? QDialog::Accepted : QDialog::Rejected);
     }
 }
@@ -222,7 +208,8 @@ void DialogResponder::Look() {
         return;
     }
     answered.removeAll(QPointer<QDialog>());
-    if (answered.contains(dialog) || OnlyTells(*dialog)) {
+    // A dialog without a close button closes by itself.
+    if (answered.contains(dialog) || !Screen::CanBeClosed(*dialog)) {
         return;
     }
     answered.append(dialog);

@@ -1,20 +1,18 @@
 #include "tools/driver/WidgetDriver.h"
 
 #include "tools/driver/FailureLog.h"
+#include "tools/driver/Screen.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
-#include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QScrollArea>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
@@ -35,22 +33,6 @@ void TurnEventLoop() {
 
 QString NameOf(const QWidget* widget) {
     return QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName();
-}
-
-/// Where a control answers to a click.
-QPoint ActiveSpot(const QWidget* widget) {
-    // The text of a choice may end long before its widget does.
-    const bool choice =
-        qobject_cast<const QRadioButton*>(widget) != nullptr || qobject_cast<const QCheckBox*>(widget) != nullptr;
-    return choice ? QPoint(8, widget->height() / 2) : widget->rect().center();
-}
-
-void ScrollTo(QWidget* widget) {
-    for (QWidget* ancestor = widget->parentWidget(); ancestor != nullptr; ancestor = ancestor->parentWidget()) {
-        if (auto* area = qobject_cast<QScrollArea*>(ancestor)) {
-            area->ensureWidgetVisible(widget, 0, 0);
-        }
-    }
 }
 
 bool Shows(QWidget* page, const QWidget* widget) {
@@ -161,7 +143,7 @@ bool WidgetDriver::Click(const char* name) {
 }
 
 bool WidgetDriver::Click(QWidget* widget) {
-    return ClickAt(widget, ActiveSpot(widget));
+    return ClickAt(widget, Screen::ActiveSpot(*widget));
 }
 
 bool WidgetDriver::ClickAt(QWidget* widget, const QPoint& position) {
@@ -174,11 +156,11 @@ bool WidgetDriver::ClickAt(QWidget* widget, const QPoint& position) {
     if (!CanUse(widget)) {
         return false;
     }
-    ScrollTo(widget);
+    Screen::ScrollTo(*widget);
     QWidget* top = widget->window();
     const QPoint spot = widget->mapTo(top, position);
-    const QWidget* hit = top->childAt(spot);
-    if (hit == nullptr || !Shows(widget, hit)) {
+    if (!Screen::IsReached(*widget, position)) {
+        const QWidget* hit = top->childAt(spot);
         FailureLog::Add(QStringLiteral("%1 is covered by %2 at %3, %4.")
                             .arg(NameOf(widget), hit != nullptr ? NameOf(hit) : QStringLiteral("the window's edge"))
                             .arg(spot.x())

@@ -2,7 +2,7 @@
 
 #include "tools/driver/FailureLog.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
+#include "tools/bench/TourClock.h"
 
 #include <QCoreApplication>
 #include <QEvent>

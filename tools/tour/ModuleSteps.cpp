@@ -50,9 +50,7 @@ void AddReadingSteps(std::vector<TourStep>& steps, const Place& probe) {
                      HasReading, Always(readingError, QString())});
     steps.push_back(
         {QStringLiteral("read-continuously"), probe, ReadContinuously, HasReading, Always(readingError, QString())});
-    TourStep timed{QStringLiteral("timed"), probe, TimeReadings, HasReading, Always(readingError, QString())};
-    timed.slow = true;
-    steps.push_back(timed);
+    steps.push_back({QStringLiteral("timed"), probe, TimeReadings, HasReading, Always(readingError, QString())});
     steps.push_back({QStringLiteral("status"), probe, [](Tour& tour) { tour.Operator().Click("btnGetStatus"); },
                      [](Tour& tour) { return !tour.Operator().Text("tbErrorText").isEmpty(); }, LastResortOnly});
     steps.push_back(SetChosen(QStringLiteral("resolution-set"), "listResolutions", "btnSetResolution",

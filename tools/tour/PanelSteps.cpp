@@ -2,7 +2,7 @@
 #include "library/TavikModuleLaser.h"
 #include "library/TavikModuleQTA.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
+#include "tools/bench/TourClock.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -4,7 +4,7 @@
 #include "simulator/control/BenchControl.h"
 #include "tools/driver/DialogResponder.h"
 #include "tools/driver/WidgetDriver.h"
-#include "tools/tour/TourBench.h"
+#include "tools/bench/TourBench.h"
 
 #include <QTemporaryDir>
 
@@ -76,10 +76,9 @@ struct TourStep {
     std::function<FailureBox(const std::vector<TavikSimulator::JournalEntry>& calls)> failure;
     /// The box for a value from the library that the screen cannot do anything with, if there is one.
     FailureBox unusable{false, QString(), QString()};
-    bool closes = false;   ///< the window closes by this step
-    bool slow = false;     ///< takes seconds in any case
-    bool pictured = false; ///< a slow step that shows something worth a picture
-    bool changes = false;  ///< taking it once more changes something once more
+    bool closes = false;  ///< the window closes by this step
+    bool slow = false;    ///< takes seconds; scenarios take it only for a failure in it
+    bool changes = false; ///< taking it once more changes something once more
 };
 
 /// All steps, in order. A screen that joins the program joins the tour by adding its steps.

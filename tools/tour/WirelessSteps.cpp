@@ -162,7 +162,6 @@ TourStep SettingsStep(const QString& name, const Place& place, const char* butto
     step.failure = OfSettings;
     step.unusable = {true, QStringLiteral("RLK Config"), QStringLiteral("Unsupported KRV type")};
     step.slow = true;
-    step.pictured = true;
     return step;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
 
 #include <QDialog>

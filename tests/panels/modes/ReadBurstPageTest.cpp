@@ -1,6 +1,6 @@
 #include "library/TavikModuleKX.h"
 #include "panels/modes/ReadBurstWidget.h"
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
 
 #include <QClipboard>

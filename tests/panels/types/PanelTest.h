@@ -1,7 +1,7 @@
 #pragma once
 
 #include "panels/common/TypePanel.h"
-#include "tests/support/Benches.h"
+#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
 
 #include <QAbstractButton>
