@@ -2,10 +2,13 @@
 
 #include "panels/common/LastResort.h"
 
+#include <QAbstractButton>
 #include <QFont>
-#include <QPushButton>
-#include <QSignalBlocker>
-#include <QTimerEvent>
+#include <QPalette>
+#include <QPointer>
+#include <QShortcutEvent>
+
+#include <cmath>
 
 /// The linker leaves out pictures of a static library that nobody asks for. (The macro cannot stand in a namespace.)
 static void KeepPictures() {
@@ -14,15 +17,50 @@ static void KeepPictures() {
 
 namespace {
 
-/// A button's key clicks the button 0.1 s later, whatever has happened meanwhile. By then it may be a button that no
-/// mouse could press: disabled, on a page that has gone, or under a dialog that needs what the button would take away.
-bool ComesTooLate(const QObject* receiver, const QEvent* event) {
-    const auto* button = event->type() == QEvent::Timer ? qobject_cast<const QPushButton*>(receiver) : nullptr;
-    if (button == nullptr) {
+/// Presses a button at once when its mnemonic is pressed. Qt would click it 0.1 s later, whatever is shown by then, and
+/// without taking the focus from a field in which a number is being typed.
+bool PressedByMnemonic(QObject* receiver, QEvent* event) {
+    if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
         return false;
     }
-    const QWidget* modal = QApplication::activeModalWidget();
-    return !button->isEnabled() || !button->isVisible() || (modal != nullptr && button->window() != modal);
+    const QPointer<QAbstractButton> button(qobject_cast<QAbstractButton*>(receiver));
+    if (button == nullptr || !button->isEnabled()) {
+        return false;
+    }
+    if (button->focusPolicy() != Qt::NoFocus) {
+        // Ends the entry elsewhere, which may disable or remove this button.
+        button->setFocus(Qt::ShortcutFocusReason);
+    }
+    if (button != nullptr && button->isVisible()) {
+        button->click();
+    }
+    return true;
+}
+
+/// WCAG 2.1, relative luminance.
+double Luminance(const QColor& colour) {
+    const auto linear = [](double share) {
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+/// The selection's colour of some styles is too light for the text on it: darkened until the contrast is 4.5 to 1.
+QPalette WithReadableSelection(QPalette palette) {
+    constexpr double leastContrast = 4.5;
+    constexpr int darkerPercent = 105;
+    const double text = Luminance(palette.color(QPalette::HighlightedText)) + 0.05;
+    QColor selection = palette.color(QPalette::Highlight);
+    if (text < Luminance(selection) + 0.05) {
+        return palette;
+    }
+    while (text / (Luminance(selection) + 0.05) < leastContrast) {
+        selection = selection.darker(darkerPercent);
+    }
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Highlight, selection);
+    }
+    return palette;
 }
 
 } // namespace
@@ -33,13 +71,12 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     QFont font = QApplication::font();
     font.setPointSize(pointSize);
     setFont(font);
+    setPalette(WithReadableSelection(palette()));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-    // The button is released, but tells nobody.
-    const QSignalBlocker silence(ComesTooLate(receiver, event) ? receiver : nullptr);
     try {
-        return QApplication::notify(receiver, event);
+        return PressedByMnemonic(receiver, event) || QApplication::notify(receiver, event);
     } catch (...) {
         LastResort::ReportCurrentException();
         return false;

@@ -3,8 +3,8 @@
 #include <QApplication>
 
 /// The application object. Its dialogs have the main window's size of font. An exception that leaves an event's
-/// handling does not end the program: it is shown by the last resort. A button that was pressed by its key and cannot
-/// be used any more when it is about to be clicked is not clicked.
+/// handling does not end the program: it is shown by the top-level exception handler. A mnemonic presses its button at
+/// once.
 class Application : public QApplication {
     Q_OBJECT
 

@@ -1,11 +1,11 @@
 #include "app/Connections.h"
 
-#include "app/Quietly.h"
 #include "library/TavikBuffered.h"
 #include "library/TavikDifference.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
+#include "panels/common/IgnoreErrors.h"
 #include "panels/common/Wait.h"
 
 using TavikLibrary::TavikNetwork;
@@ -54,15 +54,15 @@ void ReconnectAllNetworks(TavikServer& server) {
 
 void ShutDown(TavikServer& server) {
     constexpr unsigned int windDownMicroseconds = 500000;
-    Quietly([&] {
+    IgnoreErrors([&] {
         TavikNetworks* networks = server.Networks();
         const int count = networks->Count();
         for (int index = 0; index < count; ++index) {
-            Quietly([&] { NetworkAt(networks, index)->CancelNotifying(); });
-            Quietly([&] { StopAcquisition(NetworkAt(networks, index)); });
+            IgnoreErrors([&] { NetworkAt(networks, index)->CancelNotifying(); });
+            IgnoreErrors([&] { StopAcquisition(NetworkAt(networks, index)); });
         }
     });
-    Quietly([&] { server.StopAllDynamic(); });
+    IgnoreErrors([&] { server.StopAllDynamic(); });
     SleepMicroseconds(windDownMicroseconds);
-    Quietly([&] { server.Networks()->DisconnectAll(); });
+    IgnoreErrors([&] { server.Networks()->DisconnectAll(); });
 }

@@ -8,13 +8,15 @@
 #include "app/NetworkFiles.h"
 #include "app/NetworksTable.h"
 #include "app/NotifyRun.h"
-#include "app/Quietly.h"
 #include "library/TavikModule.h"
+#include "library/TavikModuleRN.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
 #include "panels/common/Fields.h"
+#include "panels/common/IgnoreErrors.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
+#include "panels/common/Run.h"
 #include "panels/common/WaitCursor.h"
 #include "ui_MainWindow.h"
 
@@ -25,6 +27,7 @@
 
 #include <initializer_list>
 
+using TavikLibrary::TavikModule;
 using TavikLibrary::TavikNetwork;
 
 namespace {
@@ -36,39 +39,38 @@ const QLatin1String errorPrefix("Error: ");
 /// Pages before the ones of the selected network.
 constexpr int serverPages = 1;
 
-ModulePages::Pages PagesOf(const Ui::MainWindow& ui) {
-    return {ui.tabWidget,
-            {ui.tabModule, ui.moduleWidget},
-            {ui.tabBuffered, ui.bufferedModeWidget},
-            {ui.tabRefMark, ui.refMarkWidget},
-            {ui.tabDifference, ui.differenceModeWidget},
-            {ui.tabDynamic, ui.dynamicWidget},
-            {ui.tabReadburst, ui.readBurstWidget}};
+/// In the order of their tabs.
+std::vector<ModulePages::Page> PagesOf(const Ui::MainWindow& ui) {
+    return {
+        {ui.tabModule, ui.moduleWidget, QStringLiteral("Module %1"), [](TavikNetwork&, TavikModule&) { return true; }},
+        {ui.tabBuffered, ui.bufferedModeWidget, QStringLiteral("Buffered Mode"),
+         [](TavikNetwork&, TavikModule& module) { return module.BufferedCapable(); }},
+        {ui.tabRefMark, ui.refMarkWidget, QStringLiteral("Ref Mark Mode"),
+         [](TavikNetwork&, TavikModule& module) {
+             return dynamic_cast<TavikLibrary::TavikModuleRN*>(&module) != nullptr;
+         }},
+        {ui.tabDifference, ui.differenceModeWidget, QStringLiteral("Difference Mode"),
+         [](TavikNetwork&, TavikModule& module) { return module.DifferenceCapable(); }},
+        {ui.tabDynamic, ui.dynamicWidget, QStringLiteral("Dynamic Mode"),
+         [](TavikNetwork& network, TavikModule&) { return network.DynamicCapable() || network.Dynamic2Capable(); }},
+        {ui.tabReadburst, ui.readBurstWidget, QStringLiteral("Readburst Mode"),
+         [](TavikNetwork& network, TavikModule&) { return network.ReadBurstCapable(); }},
+    };
 }
 
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_unique<Ui::MainWindow>()) {
     ui->setupUi(this);
-    modulePages = std::make_unique<ModulePages>(PagesOf(*ui), *this, server);
+    modulePages = std::make_unique<ModulePages>(ui->tabWidget, PagesOf(*ui), *this, server);
     ui->tableNetworks->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     LastResort::Run([this] { ShowLibrary(); });
     modulePages->RemoveFrom(serverPages);
-    // Nothing to read from until a network is selected.
-    ui->readBurstWidget->setCommandsEnabled(false);
 }
 
 MainWindow::~MainWindow() {
     // The library goes before the widgets. What these do when they lose the focus must not reach it.
     modulePages->RemoveFrom(serverPages);
-}
-
-void MainWindow::DisableControls() {
-    SetControlsEnabled(false);
-}
-
-void MainWindow::EnableControls() {
-    SetControlsEnabled(true);
 }
 
 void MainWindow::RedisplayModuleInformation() {
@@ -78,7 +80,7 @@ void MainWindow::RedisplayModuleInformation() {
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!IsClosing()) {
         BeginClosing();
-        modulePages->RaiseStopFlags();
+        modulePages->Stop();
         ShutDown(server);
     }
     HostWindow::closeEvent(event);
@@ -106,7 +108,7 @@ void MainWindow::FillNetworksTable() {
 void MainWindow::on_btnConnectAll_clicked() {
     LastResort::Run([this] {
         const WaitCursor waitCursor;
-        auto showWhatBecame = qScopeGuard([this] { Quietly([this] { FillNetworksTable(); }); });
+        auto showWhatBecame = qScopeGuard([this] { IgnoreErrors([this] { FillNetworksTable(); }); });
         ReconnectAllNetworks(server);
         if (!AllConnected(server.Networks())) {
             ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to all network(s)."));
@@ -121,7 +123,7 @@ void MainWindow::on_btnConnectAll_clicked() {
 
 void MainWindow::on_btnDisconnectAll_clicked() {
     LastResort::Run([this] {
-        auto showWhatBecame = qScopeGuard([this] { Quietly([this] { FillNetworksTable(); }); });
+        auto showWhatBecame = qScopeGuard([this] { IgnoreErrors([this] { FillNetworksTable(); }); });
         DisconnectAllNetworks(server);
         FillNetworksTable();
         showWhatBecame.dismiss();
@@ -135,7 +137,7 @@ void MainWindow::tableNetConnectionButton_clicked() {
         const int row = RowOfButton(qobject_cast<QPushButton*>(sender()));
         TavikNetwork* rowNetwork = NetworkOfRow(server.Networks(), row);
         auto showWhatBecame =
-            qScopeGuard([&] { Quietly([&] { RefreshNetworkRow(ui->tableNetworks, row, rowNetwork); }); });
+            qScopeGuard([&] { IgnoreErrors([&] { RefreshNetworkRow(ui->tableNetworks, row, rowNetwork); }); });
         ToggleConnection(rowNetwork);
         RefreshNetworkRow(ui->tableNetworks, row, rowNetwork);
         showWhatBecame.dismiss();
@@ -234,7 +236,7 @@ bool MainWindow::HasNetwork() const {
 template <class Calls>
 void MainWindow::ChangeModules(const QString& title, Calls&& calls) {
     if (HasNetwork()) {
-        Guarded(this, title, errorPrefix, [&] {
+        ErrorBox(this, title, errorPrefix).Try([&] {
             calls();
             modulePages->Forget();
         });
@@ -247,18 +249,10 @@ void MainWindow::on_btnNotify_clicked() {
         return;
     }
     notifyRunning = true;
-    const auto idleAgain = qScopeGuard([this] {
-        notifyRunning = false;
-        ShowActivity(QString());
-        if (!IsClosing()) {
-            EnableControls();
-            ui->btnStopNotify->setEnabled(false);
-        }
-    });
-    DisableControls();
-    ui->btnStopNotify->setEnabled(true);
-    LastResort::Run([this] {
-        RunNotify(*this, network);
+    const auto over = qScopeGuard([this] { notifyRunning = false; });
+    Run run(*this, QStringLiteral("notify"), ui->btnStopNotify);
+    LastResort::Run([&] {
+        RunNotify(run, network);
         RefreshNetworkPage();
     });
 }
@@ -327,7 +321,7 @@ void MainWindow::on_btnHotswap_clicked() {
         return;
     }
     const WaitCursor waitCursor;
-    Guarded(this, errorTitle, QString(), [this] {
+    ErrorBox(this, errorTitle).Try([this] {
         network->FindHotswapped();
         modulePages->Forget();
         RefreshNetworkPage();
@@ -339,7 +333,7 @@ void MainWindow::on_btnPing_clicked() {
         return;
     }
     const WaitCursor waitCursor;
-    Guarded(this, errorTitle, QString(), [this] {
+    ErrorBox(this, errorTitle).Try([this] {
         network->Ping();
         RefreshNetworkPage();
     });
@@ -354,7 +348,7 @@ void MainWindow::on_btnSetSpeed_clicked() {
         ShowErrorBox(this, errorTitle, QStringLiteral("A speed to set has not been selected."));
         return;
     }
-    Guarded(this, errorTitle, QString(), [&] {
+    ErrorBox(this, errorTitle).Try([&] {
         network->setNetSpeed(TavikLibrary::eNetSpeed_FromString(ToLibrary(selected.first()->text())));
         RefreshNetworkPage();
     });

@@ -25,11 +25,10 @@ public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
 
-    void DisableControls() override;
-    void EnableControls() override;
     void RedisplayModuleInformation() override;
 
 protected:
+    void SetControlsEnabled(bool enable) override;
     /// Stops and disconnects everything. A step that fails does not keep the later ones from being made.
     void closeEvent(QCloseEvent* event) override;
 
@@ -74,7 +73,6 @@ private:
     template <class Calls>
     void ChangeModules(const QString& title, Calls&& calls);
     void MoveSelectedModule(int step);
-    void SetControlsEnabled(bool enable);
 
     TavikLibrary::TavikServer server;
     std::unique_ptr<Ui::MainWindow> ui;

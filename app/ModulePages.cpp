@@ -1,20 +1,16 @@
 #include "app/ModulePages.h"
 
-#include "library/TavikModuleRN.h"
+#include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
-#include "panels/common/HostWindow.h"
+#include "panels/common/BlockingOperation.h"
 #include "panels/common/LastResort.h"
+#include "panels/common/ModePage.h"
 #include "panels/common/Text.h"
-#include "panels/common/WaitCursor.h"
-#include "panels/modes/BufferedModeWidget.h"
-#include "panels/modes/DifferenceModeWidget.h"
-#include "panels/modes/DynamicWidget.h"
-#include "panels/modes/ReadBurstWidget.h"
-#include "panels/modes/ReferenceMarkWidget.h"
-#include "panels/module/TavikModuleWidget.h"
 
 #include <QTabBar>
 #include <QTabWidget>
+
+#include <utility>
 
 namespace {
 
@@ -23,42 +19,26 @@ constexpr int networkPages = 2;
 
 } // namespace
 
-ModulePages::ModulePages(const Pages& windowPages, HostWindow& mainWindow, TavikLibrary::TavikServer& mainServer)
-    : pages(windowPages), window(mainWindow), server(mainServer) {}
+ModulePages::ModulePages(QTabWidget* tabWidget, std::vector<Page> modulePages, HostWindow& mainWindow,
+                         TavikLibrary::TavikServer& mainServer)
+    : pages(std::move(modulePages)), tabs(tabWidget), window(mainWindow), server(mainServer) {}
 
 void ModulePages::Show(TavikLibrary::TavikNetwork* network, int row) {
-    const WaitCursor waitCursor;
+    const BlockingOperation blocking(&window);
     RemoveFrom(networkPages);
     if (row < 0) {
-        pages.difference.panel->setNetwork(&window, &server, network, nullptr);
         return;
     }
-    Add(network, network->GetModule(static_cast<unsigned int>(row)));
-}
-
-void ModulePages::Add(TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module) {
-    pages.tabs->addTab(pages.module.page, QStringLiteral("Module ") + FromLibrary(module->Identity()));
-    pages.module.panel->SetModule(&window, &server, network, module);
-    if (module->BufferedCapable()) {
-        pages.tabs->addTab(pages.buffered.page, QStringLiteral("Buffered Mode"));
-        pages.buffered.panel->setNetwork(&window, &server, network, module);
-    }
-    if (auto* encoder = dynamic_cast<TavikLibrary::TavikModuleRN*>(module)) {
-        pages.tabs->addTab(pages.refMark.page, QStringLiteral("Ref Mark Mode"));
-        pages.refMark.panel->setNetwork(&window, &server, network, encoder);
-    }
-    if (module->DifferenceCapable()) {
-        pages.tabs->addTab(pages.difference.page, QStringLiteral("Difference Mode"));
-        pages.difference.panel->setNetwork(&window, &server, network, module);
-    }
-    if (network->DynamicCapable() || network->Dynamic2Capable()) {
-        pages.tabs->addTab(pages.dynamic.page, QStringLiteral("Dynamic Mode"));
-        pages.dynamic.panel->setNetwork(&window, &server, network, module);
-    }
-    if (network->ReadBurstCapable()) {
-        pages.tabs->addTab(pages.readBurst.page, QStringLiteral("Readburst Mode"));
-        pages.readBurst.panel->setNetwork(&server, network);
-        pages.readBurst.panel->setCommandsEnabled(network->IsConnected());
+    TavikLibrary::TavikModule* module = network->GetModule(static_cast<unsigned int>(row));
+    const QString identity = FromLibrary(module->Identity());
+    for (const Page& page : pages) {
+        LastResort::Run([&] {
+            if (page.isOffered(*network, *module)) {
+                tabs->addTab(page.tab,
+                             page.caption.contains(QLatin1String("%1")) ? page.caption.arg(identity) : page.caption);
+                page.page->setNetwork(&window, &server, network, module);
+            }
+        });
     }
 }
 
@@ -67,33 +47,29 @@ void ModulePages::Forget() {
 }
 
 void ModulePages::RemoveFrom(int index) {
-    // A page that goes loses the focus, which ends editing in it; that must not reach a library object that is gone.
-    pages.module.panel->ForgetModule();
-    pages.buffered.panel->ForgetModule();
-    pages.refMark.panel->ForgetModule();
-    pages.difference.panel->ForgetModule();
-    pages.dynamic.panel->ForgetNetwork();
-    // Nor must the focus wander into a list or table, which would select its first row.
-    const QWidget* focused = pages.tabs->focusWidget();
-    while (pages.tabs->count() > index) {
-        if (focused != nullptr && pages.tabs->widget(index)->isAncestorOf(focused)) {
-            pages.tabs->tabBar()->setFocus();
+    // A page that is taken away loses the focus, which ends editing in it; that must not reach a library object that
+    // is destroyed.
+    for (const Page& page : pages) {
+        page.page->Forget();
+    }
+    // Nor must the focus wander into a list or table.
+    const QWidget* focused = tabs->focusWidget();
+    while (tabs->count() > index) {
+        if (focused != nullptr && tabs->widget(index)->isAncestorOf(focused)) {
+            tabs->tabBar()->setFocus();
         }
-        pages.tabs->removeTab(index);
+        tabs->removeTab(index);
     }
 }
 
 void ModulePages::SetEnabled(bool enable) {
-    pages.module.panel->SetEnabled(enable);
-    LastResort::Run([&] { pages.buffered.panel->setCommandsEnabled(enable); });
-    LastResort::Run([&] { pages.refMark.panel->setCommandsEnabled(enable); });
-    LastResort::Run([&] { pages.difference.panel->setCommandsEnabled(enable); });
-    LastResort::Run([&] { pages.dynamic.panel->setCommandsEnabled(enable); });
-    LastResort::Run([&] { pages.readBurst.panel->setCommandsEnabled(enable); });
+    for (const Page& page : pages) {
+        page.page->setCommandsEnabled(enable);
+    }
 }
 
-void ModulePages::RaiseStopFlags() {
-    pages.module.panel->RaiseStopFlag();
-    pages.difference.panel->RaiseStopFlag();
-    pages.refMark.panel->AbandonSearch();
+void ModulePages::Stop() {
+    for (const Page& page : pages) {
+        page.page->Stop();
+    }
 }

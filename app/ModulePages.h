@@ -1,14 +1,14 @@
 #pragma once
 
-class BufferedModeWidget;
-class DifferenceModeWidget;
-class DynamicWidget;
+#include <QString>
+
+#include <functional>
+#include <vector>
+
 class HostWindow;
+class ModePage;
 class QTabWidget;
 class QWidget;
-class ReadBurstWidget;
-class ReferenceMarkWidget;
-class TavikModuleWidget;
 
 namespace TavikLibrary {
 class TavikModule;
@@ -20,45 +20,38 @@ class TavikServer;
 /// their fixed order, and what they are told.
 class ModulePages {
 public:
-    /// A page of the tab set and the panel on it.
-    template <class Panel>
+    /// A page of the tab set, the panel on it, and which selection has such a page.
     struct Page {
-        QWidget* page;
-        Panel* panel;
-    };
-    struct Pages {
-        QTabWidget* tabs;
-        Page<TavikModuleWidget> module;
-        Page<BufferedModeWidget> buffered;
-        Page<ReferenceMarkWidget> refMark;
-        Page<DifferenceModeWidget> difference;
-        Page<DynamicWidget> dynamic;
-        Page<ReadBurstWidget> readBurst;
+        QWidget* tab;
+        ModePage* page;
+        QString caption;
+        /// Propagates library exceptions.
+        std::function<bool(TavikLibrary::TavikNetwork& network, TavikLibrary::TavikModule& module)> isOffered;
     };
 
-    ModulePages(const Pages& pages, HostWindow& window, TavikLibrary::TavikServer& server);
+    ModulePages(QTabWidget* tabs, std::vector<Page> pages, HostWindow& window, TavikLibrary::TavikServer& server);
 
-    /// Builds the pages for the module in a row of the network's list; for a negative row there are none. Throws
-    /// what the library throws; the pages added until then stay.
+    /// Builds the pages for the module in a row of the network's list; for a negative row there are none. A page whose
+    /// set-up fails is empty, and the failure is reported; the other pages are set up all the same. Propagates what
+    /// the library throws when it is asked for the module or its identity.
     void Show(TavikLibrary::TavikNetwork* network, int row);
 
-    /// Takes away the module's pages. A module that leaves the list dies; its pages must not stay, should showing the
-    /// list as it is now fail.
+    /// Takes away the module's pages. A module that leaves the list is destroyed; its pages must not stay, should
+    /// showing the list as it is now fail.
     void Forget();
 
     /// Takes away the pages from an index of the tab set on.
     void RemoveFrom(int index);
 
-    /// Enables or disables what the pages' panels offer. Never throws.
+    /// Enables or disables what the pages offer. Never throws.
     void SetEnabled(bool enable);
 
-    /// Ends the loops that panels are running.
-    void RaiseStopFlags();
+    /// Ends the loops that pages are running. Never throws.
+    void Stop();
 
 private:
-    void Add(TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module);
-
-    const Pages pages;
+    const std::vector<Page> pages;
+    QTabWidget* tabs;
     HostWindow& window;
     TavikLibrary::TavikServer& server;
 };

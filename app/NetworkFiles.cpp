@@ -18,7 +18,7 @@ bool LoadNetwork(QWidget* parent, TavikLibrary::TavikNetwork* network) {
     if (name.isEmpty()) {
         return false;
     }
-    Guarded(parent, QStringLiteral("Error Loading File"), errorPrefix, [&] { network->Load(ToLibrary(name)); });
+    ErrorBox(parent, QStringLiteral("Error Loading File"), errorPrefix).Try([&] { network->Load(ToLibrary(name)); });
     return true;
 }
 
@@ -31,6 +31,6 @@ bool SaveNetwork(QWidget* parent, TavikLibrary::TavikNetwork* network) {
     if (!name.endsWith(suffix, Qt::CaseSensitive)) {
         name += suffix;
     }
-    Guarded(parent, QStringLiteral("Error Saving File"), errorPrefix, [&] { network->Save(ToLibrary(name)); });
+    ErrorBox(parent, QStringLiteral("Error Saving File"), errorPrefix).Try([&] { network->Save(ToLibrary(name)); });
     return true;
 }

@@ -1,28 +1,19 @@
 #include "app/NotifyRun.h"
 
-#include "app/Quietly.h"
 #include "library/TavikNetwork.h"
-#include "panels/common/HostWindow.h"
+#include "panels/common/IgnoreErrors.h"
+#include "panels/common/Run.h"
 #include "panels/common/Wait.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QScopeGuard>
 
-void RunNotify(HostWindow& window, TavikLibrary::TavikNetwork* network) {
+void RunNotify(Run& run, TavikLibrary::TavikNetwork* network) {
     constexpr unsigned int pauseMicroseconds = 50;
-    constexpr int activityMilliseconds = 200;
-    auto abandon = qScopeGuard([&] { Quietly([&] { network->CancelNotifying(); }); });
-
+    auto abandon = qScopeGuard([&] { IgnoreErrors([&] { network->CancelNotifying(); }); });
     network->BeginNotifying();
-    const int modulesBefore = network->ModuleCount();
-    QElapsedTimer sinceActivity;
-    while (!window.IsClosing() && network->Notifying()) {
-        if (!sinceActivity.isValid() || sinceActivity.hasExpired(activityMilliseconds)) {
-            sinceActivity.start();
-            window.ShowActivity(
-                QStringLiteral("Notifying, modules found: %1").arg(network->ModuleCount() - modulesBefore));
-        }
+    run.activity.ShowSeconds(QStringLiteral("Notifying"));
+    while (run.MayGoOn() && network->Notifying()) {
         QCoreApplication::processEvents();
         SleepMicroseconds(pauseMicroseconds);
     }

@@ -16,7 +16,7 @@ namespace {
 /// Null, after a box that says why, when the gauge library cannot be started.
 std::unique_ptr<MainWindow> OpenMainWindow() {
     std::unique_ptr<MainWindow> window;
-    Guarded(nullptr, QStringLiteral("Tavik Library Test"), QString(), [&] { window = std::make_unique<MainWindow>(); });
+    ErrorBox(nullptr, QStringLiteral("Tavik Library Test")).Try([&] { window = std::make_unique<MainWindow>(); });
     return window;
 }
 

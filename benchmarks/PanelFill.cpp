@@ -26,9 +26,10 @@ constexpr int turns = 51;
 
 class Host : public HostWindow {
 public:
-    void DisableControls() override {}
-    void EnableControls() override {}
     void RedisplayModuleInformation() override {}
+
+protected:
+    void SetControlsEnabled(bool) override {}
 };
 
 double MillisecondsPerCall(TavikLibrary::TavikModule* module) {
@@ -86,7 +87,7 @@ private:
 
 void Measure(Host& host, TavikModuleWidget& panel, TavikLibrary::TavikServer& server,
              TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module) {
-    const auto fill = [&] { panel.SetModule(&host, &server, network, module); };
+    const auto fill = [&] { panel.setNetwork(&host, &server, network, module); };
     const std::uint64_t before = TavikSimulator::CallCount();
     fill();
     const auto calls = static_cast<double>(TavikSimulator::CallCount() - before);

@@ -6,15 +6,13 @@
 #include "panels/airgauge/PNXMaster.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
-#include "panels/common/MessageBoxes.h"
+#include "panels/common/ModalDialog.h"
 #include "panels/common/WaitCursor.h"
 #include "ui_ModulePNXWidget.h"
 
 #include <QPointer>
 
 namespace {
-
-const QLatin1String boxTitle("PNX Module");
 
 /// How a reading's failure begins after something was changed at the air gauge itself.
 const QLatin1String informationIsOld("Module Information needs reading.");
@@ -26,27 +24,20 @@ double PressureOf(int counts) {
 
 } // namespace
 
-ModulePNXWidget::ModulePNXWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModulePNXWidget>()) {
+ModulePNXWidget::ModulePNXWidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("PNX Module")), ui(std::make_unique<Ui::ModulePNXWidget>()) {
     ui->setupUi(this);
 }
 
 ModulePNXWidget::~ModulePNXWidget() = default;
 
-void ModulePNXWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModulePNX* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModulePNXWidget::Fill() {
     ShowInformation();
     RefreshFromModule();
 }
 
-void ModulePNXWidget::SetEnabled(bool enable) {
-    ui->btnMaster->setEnabled(enable);
-    ui->btnConfigure->setEnabled(enable);
-    ui->btnUpdateModuleInfo->setEnabled(enable);
+std::vector<QWidget*> ModulePNXWidget::Commands() const {
+    return {ui->btnMaster, ui->btnConfigure, ui->btnUpdateModuleInfo};
 }
 
 void ModulePNXWidget::ShowInformation() {
@@ -60,20 +51,21 @@ void ModulePNXWidget::ShowInformation() {
 }
 
 void ModulePNXWidget::UpdateModuleInformation() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         module->UpdateInfo();
         ShowInformation();
         mainWindow->RedisplayModuleInformation();
     });
 }
 
-void ModulePNXWidget::RefreshFromModule() {
+bool ModulePNXWidget::RefreshFromModule() {
     const double length = ReadLength();
     ShowInField(ui->tbPressure, PressureText(module->PressureReading()));
     const TavikLibrary::ePNX_UOM unit = module->DisplayUnitsOfMeasure();
     const bool asPressure = module->OutputReadingAsPressure();
     ShowInField(ui->tbReading,
                 asPressure ? PressureText(PressureOf(module->ReadInCounts())) : LengthText(length, unit));
+    return true;
 }
 
 double ModulePNXWidget::ReadLength() {
@@ -88,24 +80,23 @@ double ModulePNXWidget::ReadLength() {
     return module->ReadInUnits();
 }
 
-bool ModulePNXWidget::RunDialog(QDialog* dialog) {
-    // Whoever deletes this panel while the dialog is open deletes the dialog with it.
+template <class Dialog>
+bool ModulePNXWidget::RunDialog() {
+    ModalDialog<Dialog> dialog(module, this);
     const QPointer<ModulePNXWidget> panel(this);
-    const QPointer<QDialog> stillThere(dialog);
-    dialog->exec();
-    delete stillThere.data();
+    dialog.Run();
     return panel != nullptr && !mainWindow->IsClosing();
 }
 
 void ModulePNXWidget::on_btnMaster_clicked() {
-    if (RunDialog(new PNXMaster(module, this))) {
+    if (RunDialog<PNXMaster>()) {
         UpdateModuleInformation();
     }
 }
 
 void ModulePNXWidget::on_btnConfigure_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
-        if (RunDialog(new PNXConfigurationDialog(module, this))) {
+    errors.Try([this] {
+        if (RunDialog<PNXConfigurationDialog>()) {
             UpdateModuleInformation();
             RefreshFromModule();
         }

@@ -21,7 +21,7 @@ constexpr int greatestPasscode = 99999999;
 /// Runs a slot's calls with the box that all of them share.
 template <class Calls>
 void GuardedSetting(QWidget* parent, Calls&& calls) {
-    Guarded(parent, QStringLiteral("PNX Module"), QString(), std::forward<Calls>(calls));
+    ErrorBox(parent, QStringLiteral("PNX Module")).Try(std::forward<Calls>(calls));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "panels/airgauge/PNXMaster.h"
 
 #include "panels/airgauge/LengthUnits.h"
+#include "panels/common/Activity.h"
 #include "panels/common/HostWindow.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
@@ -32,7 +33,7 @@ constexpr double roundingOfDistance = 1e-9;
 PNXMaster::PNXMaster(TavikLibrary::TavikModulePNX* newModule, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::PNXMaster>()), module(newModule) {
     ui->setupUi(this);
-    Guarded(this, boxTitle, QString(), [this] { ShowLastMasters(); });
+    ErrorBox(this, boxTitle).Try([this] { ShowLastMasters(); });
     EnterStage(firstStage);
 }
 
@@ -76,19 +77,13 @@ void PNXMaster::RunLivePressure() {
         return;
     }
     const QPointer<PNXMaster> wizard(this);
-    const QPointer<HostWindow> host(HostWindow::Of(this));
     const auto idleAgain = qScopeGuard([&] {
         if (wizard != nullptr) {
             inLiveLoop = false;
         }
-        if (host != nullptr) {
-            host->ShowActivity(QString());
-        }
     });
     inLiveLoop = true;
-    if (host != nullptr) {
-        host->ShowActivity(QStringLiteral("Mastering: reading the air pressure"));
-    }
+    const Activity activity(HostWindow::Of(this), QStringLiteral("Mastering: reading the air pressure"));
     GuardedReading([this] { RepeatLivePressure(); });
 }
 
@@ -159,7 +154,7 @@ void PNXMaster::on_btnNext_clicked() {
 }
 
 void PNXMaster::Write() {
-    const bool written = Guarded(this, boxTitle, QStringLiteral("Error writing to PNX:\n"), [this] {
+    const bool written = ErrorBox(this, boxTitle, QStringLiteral("Error writing to PNX:\n")).Try([this] {
         module->setMasterMinPressure(pressureA);
         module->setMasterMaxPressure(pressureB);
         module->setMasterMinReadingInUOM(SizeA());

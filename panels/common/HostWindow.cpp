@@ -3,6 +3,43 @@
 #include <QEvent>
 #include <QStatusBar>
 
+#include <algorithm>
+
+namespace {
+
+constexpr int outcomeMs = 8000;
+
+} // namespace
+
+ControlsHold::ControlsHold(HostWindow& heldWindow, int holdNumber) : window(&heldWindow), number(holdNumber) {}
+
+ControlsHold::ControlsHold(ControlsHold&& other) noexcept
+    : window(other.window), number(std::exchange(other.number, 0)) {}
+
+ControlsHold& ControlsHold::operator=(ControlsHold&& other) noexcept {
+    if (this != &other) {
+        Release();
+        window = other.window;
+        number = std::exchange(other.number, 0);
+    }
+    return *this;
+}
+
+void ControlsHold::Release() noexcept {
+    const int released = std::exchange(number, 0);
+    if (released != 0 && window != nullptr) {
+        window->ReleaseHold(released);
+    }
+}
+
+HostWindow::HostWindow(QWidget* parent) : QMainWindow(parent) {
+    connect(statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
+        if (text.isEmpty()) {
+            ShowLatestActivity();
+        }
+    });
+}
+
 HostWindow* HostWindow::Of(QWidget* widget) {
     for (; widget != nullptr; widget = widget->parentWidget()) {
         if (auto* host = qobject_cast<HostWindow*>(widget)) {
@@ -17,16 +54,56 @@ bool HostWindow::IsClosingOver(QWidget* widget) {
     return host != nullptr && host->IsClosing();
 }
 
-bool HostWindow::IsClosing() const {
-    return closing;
+ControlsHold HostWindow::DisableControls(const QString& holder) {
+    const bool first = holds.empty();
+    holds.push_back({++lastHoldNumber, holder});
+    if (first) {
+        SetControlsEnabled(false);
+    }
+    return ControlsHold(*this, lastHoldNumber);
 }
 
-void HostWindow::ShowActivity(const QString& text) {
-    statusBar()->showMessage(text);
+void HostWindow::ReleaseHold(int number) noexcept {
+    holds.erase(
+        std::remove_if(holds.begin(), holds.end(), [number](const Hold& hold) { return hold.number == number; }),
+        holds.end());
+    if (holds.empty() && !closing) {
+        SetControlsEnabled(true);
+    }
 }
 
-void HostWindow::BeginClosing() {
-    closing = true;
+QStringList HostWindow::Holders() const {
+    QStringList names;
+    for (const Hold& hold : holds) {
+        names.append(hold.holder);
+    }
+    return names;
+}
+
+void HostWindow::ShowOutcome(const QString& text) {
+    statusBar()->showMessage(text, outcomeMs);
+}
+
+void HostWindow::SetActivity(const void* owner, const QString& text) {
+    const auto own = std::find_if(activities.begin(), activities.end(),
+                                  [owner](const auto& activity) { return activity.first == owner; });
+    const QString before = own == activities.end() ? QString() : own->second;
+    if (own != activities.end()) {
+        activities.erase(own);
+    }
+    if (!text.isEmpty()) {
+        activities.emplace_back(owner, text);
+        ShowLatestActivity();
+    } else if (!before.isEmpty() && statusBar()->currentMessage() == before) {
+        ShowLatestActivity();
+    }
+}
+
+void HostWindow::ShowLatestActivity() {
+    const QString text = activities.empty() ? QString() : activities.back().second;
+    if (statusBar()->currentMessage() != text) {
+        statusBar()->showMessage(text);
+    }
 }
 
 bool HostWindow::event(QEvent* event) {

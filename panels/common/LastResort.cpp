@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QStringList>
+#include <QThread>
 
 #include <exception>
 
@@ -31,25 +32,53 @@ QWidget* BoxParent() {
     return nullptr;
 }
 
+/// The texts that pages have shown themselves in the current event. Touched on the GUI thread only.
+QStringList& ShownByPages() {
+    static QStringList texts;
+    return texts;
+}
+
 void ShowWaiting() {
     if (showing) {
         return;
     }
     showing = true;
     while (!Waiting().isEmpty()) {
-        ShowErrorBox(BoxParent(), QStringLiteral("Tavik Library Test"), Waiting().takeFirst());
+        // Stays in the list while it is shown, so that the same text does not queue up behind it.
+        ShowErrorBox(BoxParent(), QStringLiteral("Tavik Library Test"), Waiting().first());
+        Waiting().removeFirst();
     }
     showing = false;
+}
+
+void AddToWaiting(const QString& text) {
+    if (!Waiting().contains(text)) {
+        Waiting().append(text);
+    }
 }
 
 } // namespace
 
 void LastResort::Report(const QString& text) {
-    const auto show = [text] {
-        Waiting().append(text);
-        ShowWaiting();
-    };
-    QMetaObject::invokeMethod(qApp, show, Qt::QueuedConnection);
+    const bool onGuiThread = QThread::currentThread() == qApp->thread();
+    if (onGuiThread && ShownByPages().contains(text)) {
+        return;
+    }
+    QMetaObject::invokeMethod(
+        qApp,
+        [text] {
+            AddToWaiting(text);
+            ShowWaiting();
+        },
+        Qt::QueuedConnection);
+}
+
+void LastResort::MarkAsShown(const QString& text) {
+    if (ShownByPages().isEmpty()) {
+        QMetaObject::invokeMethod(
+            qApp, [] { ShownByPages().clear(); }, Qt::QueuedConnection);
+    }
+    ShownByPages().append(text);
 }
 
 void LastResort::ReportCurrentException() {

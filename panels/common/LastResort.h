@@ -4,23 +4,30 @@
 
 #include <utility>
 
-// What becomes of a failure that no slot has an answer to: a critical box, titled with the program's
-// name, once the event that failed is over. The program goes on.
+// The top-level exception handler: a failure that has no box of its own becomes a critical box, titled with the
+// program's name, once the event that failed is over. The program goes on.
 namespace LastResort {
 
-/// Queues the box. Boxes of several failures come one after another. May be called from any thread.
+/// Queues the box. Boxes of several failures come one after another; a text that waits, is shown, or was shown by a
+/// page in the same event, is not shown again. May be called from any thread.
 void Report(const QString& text);
 
 /// Reports the exception that is being handled; to be called from a catch block only.
 void ReportCurrentException();
 
-/// Runs calls in a place that no exception may pass through, such as a slot of a list's row change.
+/// A page shows this text itself: until the current event is over it is not reported again. GUI thread only.
+void MarkAsShown(const QString& text);
+
+/// Runs calls in a place that no exception may pass through, such as a slot of a list's row change. Returns whether
+/// they came to their end.
 template <class Calls>
-void Run(Calls&& calls) {
+bool Run(Calls&& calls) {
     try {
         std::forward<Calls>(calls)();
+        return true;
     } catch (...) {
         ReportCurrentException();
+        return false;
     }
 }
 

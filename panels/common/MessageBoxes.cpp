@@ -1,9 +1,10 @@
 #include "panels/common/MessageBoxes.h"
 
+#include "panels/common/BlockingOperation.h"
 #include "panels/common/HostWindow.h"
+#include "panels/common/ModalDialog.h"
 
 #include <QMessageBox>
-#include <QPointer>
 
 namespace {
 
@@ -12,12 +13,12 @@ QMessageBox::StandardButton ShowBox(QMessageBox::Icon icon, QWidget* parent, con
     if (HostWindow::IsClosingOver(parent)) {
         return QMessageBox::NoButton;
     }
-    // The parent may be deleted while the box is open, and the box with it.
-    QPointer<QMessageBox> box = new QMessageBox(icon, title, text, buttons, parent);
+    if (BlockingOperation::IsOn()) {
+        BlockingOperation::DropQueuedInput();
+    }
+    ModalDialog<QMessageBox> box(icon, title, text, buttons, parent);
     box->setTextFormat(Qt::PlainText);
-    const int pressed = box->exec();
-    delete box;
-    return static_cast<QMessageBox::StandardButton>(pressed);
+    return static_cast<QMessageBox::StandardButton>(box.Run());
 }
 
 } // namespace

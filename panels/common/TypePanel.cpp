@@ -1,3 +1,17 @@
 #include "panels/common/TypePanel.h"
 
-void TypePanel::RefreshFromModule() {}
+#include <QWidget>
+
+void TypePanel::SetEnabled(bool enable) {
+    for (QWidget* command : Commands()) {
+        command->setEnabled(enable && filled);
+    }
+}
+
+void TypePanel::FillAnew() {
+    filled = false;
+    SetEnabled(false);
+    Fill();
+    filled = true;
+    SetEnabled(true);
+}

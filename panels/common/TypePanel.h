@@ -1,17 +1,62 @@
 #pragma once
 
+#include "panels/common/MessageBoxes.h"
+
 #include <QWidget>
 
-/// What the panels of all kinds of modules have in common. A panel is made by the module panel, handed
-/// its module at once, and deleted when another module is shown.
+#include <vector>
+
+class HostWindow;
+
+namespace TavikLibrary {
+class TavikNetwork;
+class TavikServer;
+} // namespace TavikLibrary
+
+/// The base of the panels of all module types. A panel is made by the module page, handed its module at once, and
+/// deleted when another module is shown. Its commands can be used only when it is filled.
 class TypePanel : public QWidget {
     Q_OBJECT
 
 public:
-    using QWidget::QWidget;
+    /// The title stands over the boxes of failures.
+    TypePanel(QWidget* parent, const QString& boxTitle) : QWidget(parent), errors(this, boxTitle) {}
 
     /// Enables or disables the panel's commands.
-    virtual void SetEnabled(bool enable) = 0;
-    /// Shows anew what a read of the module may have changed; nothing for most kinds of modules.
-    virtual void RefreshFromModule();
+    virtual void SetEnabled(bool enable);
+    /// Shows what a read of the module may have changed. Returns false if that failed and a box has been shown.
+    virtual bool RefreshFromModule() { return true; }
+
+protected:
+    /// Asks the module and shows its answers. Propagates library exceptions.
+    virtual void Fill() = 0;
+    virtual std::vector<QWidget*> Commands() const = 0;
+    /// Disables the commands, fills the panel and enables them. After a failure they stay disabled.
+    void FillAnew();
+
+    HostWindow* mainWindow = nullptr;
+    TavikLibrary::TavikServer* server = nullptr;
+    TavikLibrary::TavikNetwork* network = nullptr;
+    const ErrorBox errors;
+    bool filled = false;
+};
+
+/// A panel of the modules of one class.
+template <class Module>
+class TypePanelOf : public TypePanel {
+public:
+    using TypePanel::TypePanel;
+
+    /// Takes the module and fills the panel. Propagates library exceptions; the panel's commands are disabled then.
+    void SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
+                   TavikLibrary::TavikNetwork* newNetwork, Module* newModule) {
+        mainWindow = newMainWindow;
+        server = newServer;
+        network = newNetwork;
+        module = newModule;
+        FillAnew();
+    }
+
+protected:
+    Module* module = nullptr;
 };

@@ -6,12 +6,12 @@
 #include "library/TavikNetwork.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
-#include "panels/common/MessageBoxes.h"
+#include "panels/common/IgnoreErrors.h"
+#include "panels/common/Run.h"
 #include "panels/common/Text.h"
 #include "panels/modes/AllResultsDialog.h"
 #include "panels/modes/CurrentModuleResultsDialog.h"
-#include "panels/modes/RunClock.h"
-#include "panels/modes/RunResultsDialog.h"
+#include "panels/modes/ReadingsFetch.h"
 #include "ui_BufferedModeWidget.h"
 
 #include <QScopeGuard>
@@ -29,8 +29,6 @@ using TavikLibrary::TavikModuleSWAX2;
 
 namespace {
 
-const QLatin1String boxTitle("Buffered Mode");
-const QLatin1String boxPrefix("Error: ");
 const QLatin1String controllerText("Controller");
 
 constexpr int controllerIndex = -1;
@@ -72,45 +70,46 @@ void SetCountsPerSampleOf(TavikModule* master, short counts) {
 } // namespace
 
 BufferedModeWidget::BufferedModeWidget(QWidget* parent)
-    : QWidget(parent), ui(std::make_unique<Ui::BufferedModeWidget>()), runClock(std::make_unique<RunClock>()) {
+    : ModePage(parent, QStringLiteral("Buffered Mode"), QStringLiteral("Error: ")),
+      ui(std::make_unique<Ui::BufferedModeWidget>()) {
     ui->setupUi(this);
 }
 
 BufferedModeWidget::~BufferedModeWidget() = default;
 
-void BufferedModeWidget::setNetwork(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                    TavikLibrary::TavikNetwork* newNetwork, TavikModule* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
+void BufferedModeWidget::Clear() {
+    const QScopedValueRollback<bool> ownChanges(updating, true);
+    for (QLineEdit* field :
+         {ui->tbModuleID, ui->tbEnabled, ui->tbSubMode, ui->tbIntervalError, ui->tbTTU, ui->tbEnabledModCount}) {
+        ShowInField(field, QString());
+    }
+    CheckMode(eBufferedMode::None);
+    ui->sbInterval->setValue(ui->sbInterval->minimum());
+    ui->cbMasterAddress->clear();
+    ui->sbCountsPerSample->setValue(0);
+}
+
+bool BufferedModeWidget::Fill() {
     FillMasters();
     Refresh();
+    return network->IsConnected();
 }
 
-void BufferedModeWidget::setCommandsEnabled(bool enable) {
-    if (enable) {
-        Refresh();
-        return;
-    }
-    for (QWidget* widget : std::initializer_list<QWidget*>{
-             ui->radioSample, ui->radioSync, ui->sbInterval, ui->tbIntervalError, ui->tbTTU, ui->cbMasterAddress,
-             ui->sbCountsPerSample, ui->btnEnable, ui->btnDisable, ui->btnAllModules, ui->btnCurrentModule,
-             ui->btnSample, ui->btnStart, ui->btnStop}) {
-        widget->setEnabled(false);
-    }
+std::vector<QWidget*> BufferedModeWidget::Commands() const {
+    return {ui->radioSample,       ui->radioSync, ui->sbInterval, ui->tbIntervalError, ui->tbTTU,
+            ui->cbMasterAddress,   ui->btnEnable, ui->btnDisable, ui->btnAllModules,   ui->btnCurrentModule,
+            ui->sbCountsPerSample, ui->btnSample, ui->btnStart,   ui->btnStop};
 }
 
-void BufferedModeWidget::ForgetModule() {
-    module = nullptr;
-    runClock->End();
+void BufferedModeWidget::Leave() {
+    run.reset();
 }
 
 void BufferedModeWidget::FillMasters() {
     const QScopedValueRollback<bool> ownChanges(updating, true);
     ui->cbMasterAddress->clear();
     ui->cbMasterAddress->addItem(controllerText);
-    const int count = network == nullptr ? 0 : network->ModuleCount();
+    const int count = network->ModuleCount();
     for (int index = 0; index < count; ++index) {
         TavikModule* candidate = network->GetModule(static_cast<unsigned int>(index));
         if (candidate->BufferedMasterCapable()) {
@@ -120,7 +119,7 @@ void BufferedModeWidget::FillMasters() {
 }
 
 void BufferedModeWidget::Refresh() {
-    if (module == nullptr || !network->IsConnected()) {
+    if (!network->IsConnected()) {
         return;
     }
     const QScopedValueRollback<bool> ownChanges(updating, true);
@@ -203,14 +202,14 @@ void BufferedModeWidget::ShowSettingsAsBefore() {
 
 template <class Calls>
 void BufferedModeWidget::Change(Calls&& calls) {
-    if (updating || module == nullptr) {
+    if (updating || !MayAct()) {
         return;
     }
-    Guarded(this, boxTitle, boxPrefix, [&] {
+    errors.Try([&] {
         auto asBefore = qScopeGuard([this] { ShowSettingsAsBefore(); });
         calls();
         asBefore.dismiss();
-        Refresh();
+        RefreshPage();
     });
 }
 
@@ -260,81 +259,73 @@ void BufferedModeWidget::on_sbCountsPerSample_valueChanged(int value) {
 }
 
 void BufferedModeWidget::on_btnStart_clicked() {
-    if (module == nullptr) {
+    if (!MayAct()) {
         return;
     }
-    Guarded(this, boxTitle, boxPrefix, [this] {
+    errors.Try([this] {
         network->Buffered()->Start();
         // It runs, also if it cannot be shown, and then it must be possible to stop it.
         const auto running = qScopeGuard([this] { BeginRun(); });
-        Refresh();
+        RefreshPage();
     });
 }
 
 void BufferedModeWidget::BeginRun() {
-    mainWindow->DisableControls();
+    run = std::make_unique<Run>(*mainWindow, QStringLiteral("buffered mode"), ui->btnStop);
     ui->btnSample->setEnabled(ui->radioSample->isChecked());
-    ui->btnStop->setEnabled(true);
-    runClock->Begin(mainWindow,
-                    QStringLiteral("Buffered mode runs, modules enabled: %1").arg(ui->tbEnabledModCount->text()));
+    run->activity.ShowSeconds(
+        QStringLiteral("Buffered mode runs, modules enabled: %1").arg(ui->tbEnabledModCount->text()));
 }
 
 void BufferedModeWidget::on_btnSample_clicked() {
-    if (module == nullptr) {
+    if (!MayAct()) {
         return;
     }
-    Guarded(this, boxTitle, boxPrefix, [this] { network->Buffered()->Sample(); });
+    errors.Try([this] { network->Buffered()->Sample(); });
 }
 
 void BufferedModeWidget::on_btnStop_clicked() {
-    if (module == nullptr) {
+    if (!MayAct()) {
         return;
     }
-    Guarded(this, boxTitle, boxPrefix, [this] {
+    errors.Try([this] {
         bool stopped = false;
         const auto over = qScopeGuard([&] {
             if (stopped || !StillRuns()) {
-                EndRun();
+                run.reset();
+                ui->btnSample->setEnabled(false);
+                ui->btnStop->setEnabled(false);
             }
         });
         network->Buffered()->Stop();
         stopped = true;
-        Refresh();
+        RefreshPage();
     });
 }
 
 /// Whether there is something left to stop, after stopping has failed.
 bool BufferedModeWidget::StillRuns() {
-    try {
-        return network->IsConnected() && network->Buffered()->Status() == runningStatus;
-    } catch (const std::runtime_error&) {
-        return false;
-    }
-}
-
-void BufferedModeWidget::EndRun() {
-    runClock->End();
-    mainWindow->EnableControls();
-    ui->btnSample->setEnabled(false);
-    ui->btnStop->setEnabled(false);
+    bool runs = false;
+    IgnoreErrors([&] { runs = network->IsConnected() && network->Buffered()->Status() == runningStatus; });
+    return runs;
 }
 
 void BufferedModeWidget::on_btnCurrentModule_clicked() {
-    if (module == nullptr) {
+    if (!MayAct()) {
         return;
     }
-    Guarded(this, boxTitle, boxPrefix, [this] {
-        RunResultsDialog<CurrentModuleResultsDialog>(
+    errors.Try([this] {
+        ShowResultsDialog<CurrentModuleResultsDialog>(
             this, [this](CurrentModuleResultsDialog& dialog) { dialog.fillBuffered(server, module); });
     });
 }
 
 void BufferedModeWidget::on_btnAllModules_clicked() {
-    if (module == nullptr) {
+    if (!MayAct()) {
         return;
     }
-    Guarded(this, boxTitle, boxPrefix, [this] {
-        RunResultsDialog<AllResultsDialog>(this,
-                                           [this](AllResultsDialog& dialog) { dialog.fillBuffered(server, network); });
+    errors.Try([this] {
+        ShowResultsDialog<AllResultsDialog>(this,
+                                            [this](AllResultsDialog& dialog) { dialog.fillBuffered(server, network); });
     });
 }

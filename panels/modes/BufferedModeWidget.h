@@ -1,18 +1,14 @@
 #pragma once
 
-#include <QWidget>
+#include "panels/common/ModePage.h"
 
 #include <memory>
 
-class HostWindow;
-class RunClock;
+class Run;
 
 namespace TavikLibrary {
 enum class eBufferedMode : int;
 class ModuleBuffered;
-class TavikModule;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -21,20 +17,18 @@ class BufferedModeWidget;
 
 /// The page of buffered mode: how the selected module takes part, what triggers samples, the network's run and its
 /// results.
-class BufferedModeWidget : public QWidget {
+class BufferedModeWidget : public ModePage {
     Q_OBJECT
 
 public:
     explicit BufferedModeWidget(QWidget* parent = nullptr);
     ~BufferedModeWidget() override;
 
-    /// The module may be null. Throws what the library throws.
-    void setNetwork(HostWindow* window, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                    TavikLibrary::TavikModule* module);
-    /// Enables or disables what the page offers. Throws what the library throws.
-    void setCommandsEnabled(bool enable);
-    /// The module is about to leave the page: it is not asked any more.
-    void ForgetModule();
+protected:
+    void Clear() override;
+    bool Fill() override;
+    void Refresh() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_sbInterval_valueChanged(int value);
@@ -60,7 +54,6 @@ private:
     };
 
     void FillMasters();
-    void Refresh();
     void ShowModule(TavikLibrary::eBufferedMode mode, bool enabled);
     void ShowInterval(TavikLibrary::ModuleBuffered& buffered, bool enabled);
     void ShowNetwork(bool enabled);
@@ -69,17 +62,13 @@ private:
     void ShowSettingsAsBefore();
     template <class Calls>
     void Change(Calls&& calls);
+    void Leave() override;
     bool StillRuns();
     void BeginRun();
-    void EndRun();
 
     std::unique_ptr<Ui::BufferedModeWidget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModule* module = nullptr;
     Settings shown;
     /// Changes of the controls come from the page itself, not from the operator.
     bool updating = false;
-    std::unique_ptr<RunClock> runClock;
+    std::unique_ptr<Run> run; ///< while a collection that was started here goes on
 };

@@ -5,15 +5,14 @@
 #include "library/TavikNetwork.h"
 #include "library/TavikServer.h"
 #include "panels/common/Fields.h"
-#include "panels/common/HostWindow.h"
-#include "panels/common/MessageBoxes.h"
+#include "panels/common/IgnoreErrors.h"
+#include "panels/common/ModalDialog.h"
+#include "panels/common/Run.h"
 #include "panels/common/Wait.h"
 #include "panels/modes/DialogDifferenceResults.h"
 #include "ui_DifferenceModeWidget.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QPointer>
 #include <QScopeGuard>
 
 namespace {
@@ -28,47 +27,39 @@ bool IsToBeStopped(int status) {
 } // namespace
 
 DifferenceModeWidget::DifferenceModeWidget(QWidget* parent)
-    : QWidget(parent), ui(std::make_unique<Ui::DifferenceModeWidget>()) {
+    : ModePage(parent, QStringLiteral("Difference Mode"), QStringLiteral("Error: ")),
+      ui(std::make_unique<Ui::DifferenceModeWidget>()) {
     ui->setupUi(this);
 }
 
 DifferenceModeWidget::~DifferenceModeWidget() = default;
 
-void DifferenceModeWidget::setNetwork(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                      TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModule* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-    Refresh();
-}
-
-void DifferenceModeWidget::setCommandsEnabled(bool enable) {
-    if (enable) {
-        Refresh();
-        return;
+void DifferenceModeWidget::Clear() {
+    for (QLineEdit* field :
+         {ui->tbModuleID, ui->tbEnabled, ui->tbCountMax, ui->tbCountMin, ui->tbCountSum, ui->tbCountDiff, ui->tbUnitMax,
+          ui->tbUnitMin, ui->tbUnitSum, ui->tbUnitDiff, ui->tbNumReads, ui->tbErrMsg, ui->tbEnabledCount}) {
+        ShowInField(field, QString());
     }
-    ui->btnEnable->setEnabled(false);
-    ui->btnDisable->setEnabled(false);
-    ui->btnStartDiff->setEnabled(false);
-    ui->btnDisplayAllModuleResults->setEnabled(false);
+    ui->btnStopDiff->setEnabled(false);
 }
 
-void DifferenceModeWidget::ForgetModule() {
-    module = nullptr;
+bool DifferenceModeWidget::Fill() {
+    Refresh();
+    return network->IsConnected();
 }
 
-void DifferenceModeWidget::RaiseStopFlag() {
-    stopFlag = true;
+std::vector<QWidget*> DifferenceModeWidget::Commands() const {
+    return {ui->btnEnable, ui->btnDisable, ui->btnStartDiff, ui->btnDisplayAllModuleResults};
 }
 
-template <class Calls>
-void DifferenceModeWidget::Guard(Calls&& calls) {
-    Guarded(this, QStringLiteral("Difference Mode"), QStringLiteral("Error: "), std::forward<Calls>(calls));
+void DifferenceModeWidget::Stop() noexcept {
+    if (run != nullptr) {
+        run->RequestStop();
+    }
 }
 
 void DifferenceModeWidget::Refresh() {
-    if (module == nullptr || !network->IsConnected()) {
+    if (!network->IsConnected()) {
         return;
     }
     ShowInField(ui->tbModuleID, FromLibrary(module->Identity()));
@@ -115,109 +106,93 @@ void DifferenceModeWidget::on_btnDisable_clicked() {
 }
 
 void DifferenceModeWidget::SetModuleEnabled(bool enable) {
-    if (module == nullptr) {
+    if (!MayAct()) {
         return;
     }
-    Guard([&] {
+    errors.Try([&] {
         module->Difference()->setEnabled(enable);
-        Refresh();
+        RefreshPage();
     });
 }
 
 void DifferenceModeWidget::on_btnDisplayAllModuleResults_clicked() {
-    Guard([this] {
-        // The page may go while the dialog is open, and the dialog with it.
-        const QPointer<DialogDifferenceResults> dialog = new DialogDifferenceResults(this);
-        const auto closed = qScopeGuard([&dialog] { delete dialog; });
+    errors.Try([this] {
+        ModalDialog<DialogDifferenceResults> dialog(this);
         dialog->fill(server, network);
-        dialog->exec();
+        dialog.Run();
     });
 }
 
 void DifferenceModeWidget::on_btnStartDiff_clicked() {
-    if (watching) {
+    if (!MayAct()) {
         return;
     }
-    watching = true;
-    const auto notWatching = qScopeGuard([this] { watching = false; });
-    stopFlag = false;
-    holdsControls = true;
-    mainWindow->DisableControls();
-    Guard([this] {
+    run = std::make_unique<Run>(*mainWindow, QStringLiteral("difference mode"), ui->btnStopDiff);
+    errors.Try([this] {
         network->Difference()->Start();
-        Refresh();
-        WatchRun();
-        if (!stopFlag) {
-            Refresh();
+        RefreshPage();
+        if (!watching) {
+            WatchRun();
         }
     });
-    SettleAfterWatching();
+    if (!watching) {
+        SettleAfterWatching();
+    }
 }
 
 void DifferenceModeWidget::WatchRun() {
     constexpr unsigned int pauseMicroseconds = 200000;
-    QElapsedTimer sinceStart;
-    sinceStart.start();
+    watching = true;
+    const auto notWatching = qScopeGuard([this] { watching = false; });
     const TavikLibrary::TavikModule* watched = module;
-    // Processing events may raise the flag, stop the run or take the module away.
-    while (!stopFlag && module != nullptr && module == watched) {
+    // Processing events may end the run, begin another or take the module away.
+    while (run != nullptr && run->MayGoOn() && module == watched) {
         if (!module->Difference()->Enabled() || network->Difference()->Status() != Running) {
-            return;
+            break;
         }
-        Refresh();
-        mainWindow->ShowActivity(
-            QStringLiteral("Difference mode: modules enabled: %1, readings so far: %2, seconds: %3")
-                .arg(ui->tbEnabledCount->text(), ui->tbNumReads->text())
-                .arg(sinceStart.elapsed() / 1000));
+        RefreshPage();
+        run->activity.Show(QStringLiteral("Difference mode: modules enabled: %1, readings so far: %2, seconds: %3")
+                               .arg(ui->tbEnabledCount->text(), ui->tbNumReads->text())
+                               .arg(run->activity.Milliseconds() / 1000));
         SleepMicroseconds(pauseMicroseconds);
         QCoreApplication::processEvents();
+    }
+    const bool toldToStop = run != nullptr && !run->MayGoOn();
+    if (!toldToStop && MayAct() && module == watched) {
+        RefreshPage();
     }
 }
 
 void DifferenceModeWidget::SettleAfterWatching() {
-    if (mainWindow->IsClosing()) {
-        mainWindow->ShowActivity(QString());
-        return;
-    }
-    if (!holdsControls) {
+    if (run == nullptr || mainWindow->IsClosing()) {
         // The run was stopped by hand, and the controls are back.
         return;
     }
     const int status = StatusOrIdle();
     ui->btnStopDiff->setEnabled(IsToBeStopped(status));
     if (!IsToBeStopped(status)) {
-        ReleaseControls();
+        run.reset();
         return;
     }
-    mainWindow->ShowActivity(status == Running
-                                 ? QStringLiteral("Difference mode goes on until it is stopped.")
-                                 : QStringLiteral("Difference mode has ended by itself; it is still to be stopped."));
+    run->activity.Show(status == Running
+                           ? QStringLiteral("Difference mode goes on until it is stopped.")
+                           : QStringLiteral("Difference mode has ended by itself; it is still to be stopped."));
 }
 
 int DifferenceModeWidget::StatusOrIdle() {
-    try {
-        return network->IsConnected() ? network->Difference()->Status() : Idle;
-    } catch (const std::runtime_error&) {
-        return Idle;
-    }
+    int status = Idle;
+    IgnoreErrors([&] { status = network->IsConnected() ? network->Difference()->Status() : Idle; });
+    return status;
 }
 
 void DifferenceModeWidget::on_btnStopDiff_clicked() {
     bool stopped = false;
-    Guard([&] {
+    errors.Try([&] {
         network->Difference()->Stop();
         stopped = true;
-        Refresh();
+        RefreshPage();
     });
     if (stopped || !IsToBeStopped(StatusOrIdle())) {
-        ReleaseControls();
-    }
-}
-
-void DifferenceModeWidget::ReleaseControls() {
-    holdsControls = false;
-    mainWindow->ShowActivity(QString());
-    if (!mainWindow->IsClosing()) {
-        mainWindow->EnableControls();
+        run.reset();
     }
 }

@@ -6,13 +6,12 @@
 #include "library/TavikServer.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
-#include "panels/common/LastResort.h"
-#include "panels/common/MessageBoxes.h"
+#include "panels/common/Run.h"
 #include "panels/common/Text.h"
 #include "panels/modes/AllResultsDialog.h"
 #include "panels/modes/CurrentModuleResultsDialog.h"
 #include "panels/modes/DynamicMaster.h"
-#include "panels/modes/RunResultsDialog.h"
+#include "panels/modes/ReadingsFetch.h"
 #include "ui_DynamicWidget.h"
 
 #include <QScopedValueRollback>
@@ -26,17 +25,16 @@ using TavikLibrary::eDynamicState;
 
 namespace {
 
-const QString boxTitle = QStringLiteral("Dynamic Mode");
-
 // The library's own thread finds the page here.
 std::mutex instanceMutex;
 DynamicWidget* instance = nullptr;
 
 } // namespace
 
-DynamicWidget::DynamicWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::DynamicWidget>()) {
+DynamicWidget::DynamicWidget(QWidget* parent)
+    : ModePage(parent, QStringLiteral("Dynamic Mode"), QString()), ui(std::make_unique<Ui::DynamicWidget>()) {
     ui->setupUi(this);
-    for (QListWidget* list : {ui->listRate, ui->listDynamicMasterMode}) {
+    for (ChoiceList* list : {ui->listRate, ui->listDynamicMasterMode}) {
         FitToRows(list);
         list->setMaximumHeight(list->minimumHeight());
     }
@@ -51,56 +49,69 @@ DynamicWidget::~DynamicWidget() {
     }
 }
 
-void DynamicWidget::setNetwork(HostWindow* hostWindow, TavikLibrary::TavikServer* ownServer,
-                               TavikLibrary::TavikNetwork* selectedNetwork, TavikLibrary::TavikModule* selectedModule) {
-    // Where this fails there is nothing to be asked later.
-    dynamic = selectedNetwork->Dynamic();
-    window = hostWindow;
-    server = ownServer;
-    network = selectedNetwork;
-    module = selectedModule;
-    FillMasters();
-    Refresh();
-}
-
-void DynamicWidget::setCommandsEnabled(bool enable) {
-    if (enable) {
-        Refresh();
-        return;
-    }
-    // A spin box that loses the focus by it has no say now.
+void DynamicWidget::Clear() {
     const QScopedValueRollback<bool> guard(updating, true);
-    for (QWidget* widget : std::initializer_list<QWidget*>{
-             ui->listRate, ui->sbInterval, ui->sbNumSyncs, ui->radioSyncNormal, ui->radioSyncExternal,
-             ui->cbExternalMaster, ui->listDynamicMasterMode, ui->sbCountsPerSync, ui->sbHoldOffCounts,
-             ui->sbModulesInCollection, ui->btnModuleResults, ui->btnAllResults, ui->btnEnable, ui->btnDisable,
-             ui->btnPrepare, ui->btnStart}) {
-        widget->setEnabled(false);
+    for (QLabel* label : {ui->lblRate, ui->lblDynamicMasterMode, ui->lblNetEnabled, ui->lblStatus, ui->lblError}) {
+        label->clear();
     }
-}
-
-void DynamicWidget::ForgetNetwork() {
-    activity.End();
-    network = nullptr;
-    module = nullptr;
+    for (QSpinBox* box : std::initializer_list<QSpinBox*>{ui->sbInterval, ui->sbNumSyncs, ui->sbCountsPerSync,
+                                                          ui->sbHoldOffCounts, ui->sbModulesInCollection}) {
+        box->setValue(0);
+    }
+    ui->listRate->setCurrentRow(-1);
+    ui->listDynamicMasterMode->setCurrentRow(-1);
+    ui->listDynamicModules->clear();
+    ui->cbExternalMaster->clear();
+    Check(ui->radioSyncNormal, false);
+    Check(ui->radioSyncExternal, false);
+    ui->btnStop->setEnabled(false);
     dynamic = nullptr;
 }
 
+bool DynamicWidget::Fill() {
+    dynamic = network->Dynamic();
+    FillMasters();
+    Refresh();
+    return network->IsConnected();
+}
+
+std::vector<QWidget*> DynamicWidget::Commands() const {
+    return {ui->listRate,
+            ui->sbInterval,
+            ui->sbNumSyncs,
+            ui->radioSyncNormal,
+            ui->radioSyncExternal,
+            ui->cbExternalMaster,
+            ui->listDynamicMasterMode,
+            ui->sbCountsPerSync,
+            ui->sbHoldOffCounts,
+            ui->sbModulesInCollection,
+            ui->btnModuleResults,
+            ui->btnAllResults,
+            ui->btnEnable,
+            ui->btnDisable,
+            ui->btnPrepare,
+            ui->btnStart};
+}
+
+void DynamicWidget::Leave() {
+    run.reset();
+}
+
 bool DynamicWidget::IsReady() const {
-    return !updating && network != nullptr && !window->IsClosing();
+    return !updating && MayAct();
 }
 
 void DynamicWidget::Attempt(const std::function<void()>& work) {
     if (IsReady()) {
-        // Not everything that calls this survives an exception.
-        LastResort::Run([&] { Guarded(this, boxTitle, QString(), work); });
+        errors.Try(work);
     }
 }
 
 void DynamicWidget::Do(const std::function<void()>& work) {
     Attempt([&] {
         work();
-        Refresh();
+        RefreshPage();
     });
 }
 
@@ -183,15 +194,7 @@ void DynamicWidget::on_sbInterval_editingFinished() {
 
 // The commands
 
-void DynamicWidget::TakeTypedNumbers() {
-    for (QSpinBox* box : {ui->sbNumSyncs, ui->sbModulesInCollection, ui->sbCountsPerSync, ui->sbHoldOffCounts}) {
-        box->interpretText();
-    }
-}
-
 void DynamicWidget::on_btnEnable_clicked() {
-    // The button's key does not take the focus from a box in which a number is being typed.
-    TakeTypedNumbers();
     Do([this] {
         const int interval = ui->sbInterval->value();
         const int minimum = dynamic->MinimumInterval();
@@ -214,10 +217,9 @@ void DynamicWidget::on_btnPrepare_clicked() {
 void DynamicWidget::on_btnStart_clicked() {
     Do([this] {
         server->StartAllDynamic(&DynamicWidget::TellOfCollectionEnd);
-        activity.Begin(*window, *dynamic);
-        window->DisableControls();
         // Whatever else fails now: what runs can be stopped.
-        ui->btnStop->setEnabled(true);
+        run = std::make_unique<Run>(*mainWindow, QStringLiteral("dynamic mode"), ui->btnStop);
+        run->activity.ShowSeconds(QStringLiteral("Dynamic collection running"));
     });
 }
 
@@ -233,16 +235,15 @@ void DynamicWidget::TellOfCollectionEnd() {
 }
 
 void DynamicWidget::CollectionEnded() {
-    if (updating || window == nullptr || window->IsClosing()) {
+    if (updating || mainWindow == nullptr || mainWindow->IsClosing()) {
         return;
     }
-    activity.End();
-    LastResort::Run([this] { Guarded(this, boxTitle, QString(), [this] { server->StopAllDynamic(); }); });
-    if (window->IsClosing()) {
+    errors.Try([this] { server->StopAllDynamic(); });
+    if (mainWindow->IsClosing()) {
         return;
     }
+    run.reset();
     ui->btnStop->setEnabled(false);
-    window->EnableControls();
     Do([] {});
 }
 
@@ -254,14 +255,14 @@ void DynamicWidget::on_btnModuleResults_clicked() {
         if (index < 0 || index >= dynamic->DynamicData()->ModuleCount()) {
             throw std::runtime_error("The current module did not form part of the dynamic collection");
         }
-        RunResultsDialog<CurrentModuleResultsDialog>(
+        ShowResultsDialog<CurrentModuleResultsDialog>(
             this, [this](auto& dialog) { dialog.fillDynamic(server, network, module); });
     });
 }
 
 void DynamicWidget::on_btnAllResults_clicked() {
     Attempt([this] {
-        RunResultsDialog<AllResultsDialog>(this, [this](auto& dialog) { dialog.fillDynamic(server, network); });
+        ShowResultsDialog<AllResultsDialog>(this, [this](auto& dialog) { dialog.fillDynamic(server, network); });
     });
 }
 
@@ -279,7 +280,7 @@ void DynamicWidget::FillMasters() {
 }
 
 void DynamicWidget::Refresh() {
-    if (network == nullptr || window->IsClosing() || !network->IsConnected()) {
+    if (mainWindow->IsClosing() || !network->IsConnected()) {
         return;
     }
     const QScopedValueRollback<bool> guard(updating, true);

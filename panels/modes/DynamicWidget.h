@@ -1,20 +1,14 @@
 #pragma once
 
-#include "panels/modes/DynamicActivity.h"
-
-#include <QWidget>
+#include "panels/common/ModePage.h"
 
 #include <functional>
 #include <memory>
 
 class DynamicMaster;
-class HostWindow;
-
+class Run;
 namespace TavikLibrary {
 class TavikDynamic;
-class TavikModule;
-class TavikNetwork;
-class TavikServer;
 enum class eDynamicState : int;
 } // namespace TavikLibrary
 
@@ -24,20 +18,18 @@ class DynamicWidget;
 
 /// The page of dynamic mode: the network's settings, its state, and the collections of all networks, which the
 /// library ends by itself, too. There is one such page in a program.
-class DynamicWidget : public QWidget {
+class DynamicWidget : public ModePage {
     Q_OBJECT
 
 public:
     explicit DynamicWidget(QWidget* parent = nullptr);
     ~DynamicWidget() override;
 
-    /// Throws what the library throws.
-    void setNetwork(HostWindow* window, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                    TavikLibrary::TavikModule* module);
-    /// Enables what can be used now, or disables everything but stopping. Throws what the library throws.
-    void setCommandsEnabled(bool enable);
-    /// The network is about to leave the page: neither it nor its module is asked any more.
-    void ForgetNetwork();
+protected:
+    void Clear() override;
+    bool Fill() override;
+    void Refresh() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_listRate_currentRowChanged(int currentRow);
@@ -69,10 +61,8 @@ private:
     void Attempt(const std::function<void()>& work);
     /// The same, and shows what became of it.
     void Do(const std::function<void()>& work);
-    void TakeTypedNumbers();
-
+    void Leave() override;
     void FillMasters();
-    void Refresh();
     void ShowSettings(bool enabled);
     void ShowSyncMode(bool enabled);
     void ShowMaster(const DynamicMaster& master);
@@ -80,11 +70,7 @@ private:
     void ShowState(TavikLibrary::eDynamicState state, bool enabled);
 
     std::unique_ptr<Ui::DynamicWidget> ui;
-    HostWindow* window = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModule* module = nullptr;
     TavikLibrary::TavikDynamic* dynamic = nullptr;
-    DynamicActivity activity;
+    std::unique_ptr<Run> run; ///< from Start to the end of the collection
     bool updating = false;
 };

@@ -3,6 +3,7 @@
 #include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikServer.h"
+#include "panels/common/Fields.h"
 #include "panels/common/MessageBoxes.h"
 #include "panels/common/TableCopy.h"
 #include "panels/common/Wait.h"
@@ -43,7 +44,9 @@ QString RateText(int bursts, int modules) {
 
 } // namespace
 
-ReadBurstWidget::ReadBurstWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::ReadBurstWidget>()) {
+ReadBurstWidget::ReadBurstWidget(QWidget* parent)
+    : ModePage(parent, QStringLiteral("Readburst"), QStringLiteral("Error: ")),
+      ui(std::make_unique<Ui::ReadBurstWidget>()) {
     ui->setupUi(this);
     ui->tableReadings->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     OfferCopying(ui->tableReadings);
@@ -51,22 +54,27 @@ ReadBurstWidget::ReadBurstWidget(QWidget* parent) : QWidget(parent), ui(std::mak
 
 ReadBurstWidget::~ReadBurstWidget() = default;
 
-void ReadBurstWidget::setNetwork(TavikLibrary::TavikServer* newServer, TavikLibrary::TavikNetwork* newNetwork) {
-    server = newServer;
-    network = newNetwork;
+void ReadBurstWidget::Clear() {
     ui->tableReadings->setRowCount(0);
-    ui->tbContCapModules->setText(QString::number(network->ReadBurstCapableCount()));
+    ShowInField(ui->tbContCapModules, QString());
+    ShowInField(ui->tbTotalCapmodules, QString());
+}
+
+bool ReadBurstWidget::Fill() {
+    ShowInField(ui->tbContCapModules, QString::number(network->ReadBurstCapableCount()));
     int capable = 0;
     for (int index = 0; index < network->ModuleCount(); ++index) {
         capable += network->GetModule(static_cast<unsigned int>(index))->ReadBurstCapable() ? 1 : 0;
     }
-    ui->tbTotalCapmodules->setText(QString::number(capable));
+    ShowInField(ui->tbTotalCapmodules, QString::number(capable));
+    for (QWidget* command : Commands()) {
+        command->setEnabled(true);
+    }
+    return network->IsConnected();
 }
 
-void ReadBurstWidget::setCommandsEnabled(bool enable) {
-    ui->btnTimeReadings->setEnabled(enable);
-    ui->btnReadInCounts->setEnabled(enable);
-    ui->btnReadInUnits->setEnabled(enable);
+std::vector<QWidget*> ReadBurstWidget::Commands() const {
+    return {ui->btnTimeReadings, ui->btnReadInCounts, ui->btnReadInUnits};
 }
 
 void ReadBurstWidget::on_btnReadInUnits_clicked() {
@@ -79,7 +87,7 @@ void ReadBurstWidget::on_btnReadInCounts_clicked() {
 
 void ReadBurstWidget::readBurst(bool inUnits) {
     ui->tableReadings->setRowCount(0);
-    Guarded(this, QStringLiteral("Readburst"), QStringLiteral("Error: "), [&] {
+    errors.Try([&] {
         int count = 0;
         ReadOnce(count);
         ui->tableReadings->setRowCount(count);
@@ -112,7 +120,7 @@ void ReadBurstWidget::ShowModule(int row, TavikLibrary::TavikModule* module, boo
 void ReadBurstWidget::on_btnTimeReadings_clicked() {
     int bursts = 0;
     int count = 0;
-    Guarded(this, QStringLiteral("Readburst Error"), QString(), [&] { CountBursts(bursts, count); });
+    ErrorBox(this, QStringLiteral("Readburst Error")).Try([&] { CountBursts(bursts, count); });
     ShowInformationBox(this, QStringLiteral("Readburst Timer"), RateText(bursts, count));
 }
 

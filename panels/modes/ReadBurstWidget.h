@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QWidget>
+#include "panels/common/ModePage.h"
 
 #include <memory>
 
 namespace TavikLibrary {
 class TavikModule;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -16,17 +14,17 @@ class ReadBurstWidget;
 
 /// The page of read bursts: one synchronised set of readings of all modules from the first on that can take part, and
 /// how many such sets there are in a second.
-class ReadBurstWidget : public QWidget {
+class ReadBurstWidget : public ModePage {
     Q_OBJECT
 
 public:
     explicit ReadBurstWidget(QWidget* parent = nullptr);
     ~ReadBurstWidget() override;
 
-    /// Throws what the library throws.
-    void setNetwork(TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network);
-    /// Enables or disables what the page offers; to be enabled only after it has got a network.
-    void setCommandsEnabled(bool enable);
+protected:
+    void Clear() override;
+    bool Fill() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_btnReadInUnits_clicked();
@@ -43,6 +41,4 @@ private:
     void CountBursts(int& bursts, int& count);
 
     std::unique_ptr<Ui::ReadBurstWidget> ui;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
 };

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "panels/common/ModalDialog.h"
+#include "panels/common/WaitCursor.h"
 #include "panels/modes/ReadingsModel.h"
 
 #include <string>
+#include <utility>
 
 class QTableView;
 
@@ -32,3 +35,15 @@ void SetUpResultsTable(QTableView* table);
 /// Shows readings in a table that was set up for them, in place of those it showed before. No column is narrower than
 /// its header or a reading.
 void ShowResults(QTableView* table, ReadingsModel::Contents contents);
+
+/// Makes a results dialog for a page, has it filled, and shows it until the operator closes it. Propagates what the
+/// filling throws; nothing has been shown then.
+template <class Dialog, class Fill>
+void ShowResultsDialog(QWidget* page, Fill&& fill) {
+    ModalDialog<Dialog> dialog(page);
+    {
+        const WaitCursor waiting;
+        std::forward<Fill>(fill)(*dialog);
+    }
+    dialog.Run();
+}

@@ -2,21 +2,17 @@
 
 #include "library/TavikModuleRN.h"
 #include "panels/common/Fields.h"
-#include "panels/common/HostWindow.h"
-#include "panels/common/MessageBoxes.h"
+#include "panels/common/IgnoreErrors.h"
+#include "panels/common/Run.h"
 #include "panels/common/Wait.h"
 #include "ui_ReferenceMarkWidget.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QScopeGuard>
 
 using TavikLibrary::eReferenceMarkMode;
 
 namespace {
-
-const QLatin1String boxTitle("Ref Mark Mode");
-const QLatin1String boxPrefix("Error: ");
 
 /// Of the recall value.
 constexpr int decimalsOfCounts = 0;
@@ -25,114 +21,96 @@ constexpr int decimalsOfUnits = 6;
 } // namespace
 
 ReferenceMarkWidget::ReferenceMarkWidget(QWidget* parent)
-    : QWidget(parent), ui(std::make_unique<Ui::ReferenceMarkWidget>()) {
+    : ModePage(parent, QStringLiteral("Ref Mark Mode"), QStringLiteral("Error: ")),
+      ui(std::make_unique<Ui::ReferenceMarkWidget>()) {
     ui->setupUi(this);
 }
 
 ReferenceMarkWidget::~ReferenceMarkWidget() = default;
 
-void ReferenceMarkWidget::setNetwork(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                     TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleRN* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
+void ReferenceMarkWidget::Clear() {
+    ShowInField(ui->tbRefMarkModuleID, QString());
+    ui->btnStop->setEnabled(false);
+}
 
-    const QString before = ui->tbRefMarkModuleID->text();
-    ui->tbRefMarkModuleID->clear();
-    const QString identity = FromLibrary(module->Identity());
-    if (identity != before) {
+bool ReferenceMarkWidget::Fill() {
+    encoder = static_cast<TavikLibrary::TavikModuleRN*>(module);
+    const QString identity = FromLibrary(encoder->Identity());
+    if (identity != shownIdentity) {
         // A reading must not be taken for another module's.
         ui->tbRefMarkReading->clear();
     }
+    shownIdentity = identity;
     ShowInField(ui->tbRefMarkModuleID, identity);
+    ui->btnFind->setEnabled(true);
+    Refresh();
+    return true;
 }
 
-void ReferenceMarkWidget::setCommandsEnabled(bool enable) {
-    commandsEnabled = enable;
-    ui->gbMode->setEnabled(enable);
-    ui->gbReadIn->setEnabled(enable);
-    ui->btnFind->setEnabled(enable);
-    EnableRecallValue(ui->radioRecall->isChecked());
+void ReferenceMarkWidget::Refresh() {
+    ui->sbRecallValue->setEnabled(ui->radioRecall->isChecked());
 }
 
-void ReferenceMarkWidget::ForgetModule() {
-    module = nullptr;
-    abandoned = true;
+std::vector<QWidget*> ReferenceMarkWidget::Commands() const {
+    return {ui->sbRecallValue, ui->btnFind};
 }
 
-void ReferenceMarkWidget::AbandonSearch() {
-    if (!searching || module == nullptr) {
-        return;
-    }
-    abandoned = true;
-    try {
-        module->StopRefMark();
-    } catch (const std::runtime_error&) {
-        // There is nobody left to be told; without the page the search comes to nothing.
+void ReferenceMarkWidget::Stop() noexcept {
+    if (run != nullptr) {
+        run->RequestStop();
+        IgnoreErrors([this] { encoder->StopRefMark(); });
     }
 }
 
-void ReferenceMarkWidget::on_radioLearn_clicked(bool checked) {
-    EnableRecallValue(!checked);
+void ReferenceMarkWidget::Leave() {
+    Stop();
+    encoder = nullptr;
 }
 
-void ReferenceMarkWidget::on_radioRecall_clicked(bool checked) {
-    EnableRecallValue(checked);
+void ReferenceMarkWidget::on_radioLearn_clicked(bool) {
+    RefreshPage();
+}
+
+void ReferenceMarkWidget::on_radioRecall_clicked(bool) {
+    RefreshPage();
 }
 
 void ReferenceMarkWidget::on_radioCounts_clicked(bool checked) {
-    ui->sbRecallValue->setDecimals(checked ? decimalsOfCounts : decimalsOfUnits);
+    ui->sbRecallValue->ShowDecimals(checked ? decimalsOfCounts : decimalsOfUnits);
 }
 
 void ReferenceMarkWidget::on_radioUnits_clicked(bool checked) {
-    ui->sbRecallValue->setDecimals(checked ? decimalsOfUnits : decimalsOfCounts);
+    ui->sbRecallValue->ShowDecimals(checked ? decimalsOfUnits : decimalsOfCounts);
 }
 
 void ReferenceMarkWidget::on_btnFind_clicked() {
-    if (searching || module == nullptr) {
+    if (run != nullptr || !MayAct()) {
         return;
     }
-    searching = true;
-    abandoned = false;
-    const auto idleAgain = qScopeGuard([this] {
-        searching = false;
-        mainWindow->ShowActivity(QString());
-        ui->btnStop->setEnabled(false);
-        setCommandsEnabled(true);
-        if (!mainWindow->IsClosing()) {
-            mainWindow->EnableControls();
-        }
-    });
-    mainWindow->DisableControls();
-    setCommandsEnabled(false);
-    ui->btnStop->setEnabled(true);
+    run = std::make_unique<Run>(*mainWindow, QStringLiteral("reference mark search"), ui->btnStop);
+    const auto over = qScopeGuard([this] { run.reset(); });
     ui->tbRefMarkReading->clear();
-    Guarded(this, boxTitle, boxPrefix, [this] { Search(); });
+    errors.Try([this] { Search(); });
 }
 
 void ReferenceMarkWidget::on_btnStop_clicked() {
-    if (module != nullptr) {
-        Guarded(this, boxTitle, boxPrefix, [this] { module->StopRefMark(); });
+    if (MayAct()) {
+        errors.Try([this] { encoder->StopRefMark(); });
     }
-}
-
-void ReferenceMarkWidget::EnableRecallValue(bool recallMode) {
-    ui->sbRecallValue->setEnabled(commandsEnabled && recallMode);
 }
 
 void ReferenceMarkWidget::Search() {
     const bool learning = ui->radioLearn->isChecked();
     const bool inCounts = ui->radioCounts->isChecked();
     const eReferenceMarkMode mode = learning ? eReferenceMarkMode::Learn : eReferenceMarkMode::Recall;
-    const double recallValue = ui->sbRecallValue->value();
+    const double recallValue = ui->sbRecallValue->Exact();
     if (inCounts) {
-        module->FindRefMark_Counts(mode, static_cast<int>(recallValue));
+        encoder->FindRefMark_Counts(mode, static_cast<int>(recallValue));
     } else {
-        module->FindRefMark_Units(mode, recallValue);
+        encoder->FindRefMark_Units(mode, recallValue);
     }
-    if (WaitForEnd() && module->RefmarkFound()) {
-        ShowReading(inCounts ? module->ReadInCountsAtRefmark() : module->ReadInUnitsAtRefmark(), learning);
+    if (WaitForEnd() && encoder->RefmarkFound()) {
+        ShowReading(inCounts ? encoder->ReadInCountsAtRefmark() : encoder->ReadInUnitsAtRefmark(), learning);
     }
 }
 
@@ -140,13 +118,11 @@ bool ReferenceMarkWidget::WaitForEnd() {
     constexpr unsigned int pauseMicroseconds = 50000;
     const QString activity =
         QStringLiteral("Searching for the reference mark of module %1: %2 s so far").arg(ui->tbRefMarkModuleID->text());
-    QElapsedTimer sinceStart;
-    sinceStart.start();
-    while (module->RefmarkInProgress()) {
-        mainWindow->ShowActivity(activity.arg(sinceStart.elapsed() / 1000));
+    while (encoder->RefmarkInProgress()) {
+        run->activity.Show(activity.arg(run->activity.Milliseconds() / 1000));
         SleepMicroseconds(pauseMicroseconds);
         QCoreApplication::processEvents();
-        if (abandoned || mainWindow->IsClosing()) {
+        if (!run->MayGoOn()) {
             return false;
         }
     }
@@ -156,6 +132,6 @@ bool ReferenceMarkWidget::WaitForEnd() {
 void ReferenceMarkWidget::ShowReading(double value, bool learning) {
     ui->tbRefMarkReading->setText(FormatUnits(value));
     if (learning) {
-        ui->sbRecallValue->setValue(value);
+        ui->sbRecallValue->ShowExact(value);
     }
 }

@@ -14,6 +14,7 @@
 #include "panels/common/HostWindow.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
+#include "panels/common/Run.h"
 #include "panels/common/Wait.h"
 #include "panels/common/WaitCursor.h"
 #include "panels/types/ModuleBWKWidget.h"
@@ -29,15 +30,12 @@
 #include "ui_TavikModuleWidget.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QEvent>
 #include <QScopeGuard>
 
 #include <chrono>
 
 namespace {
-
-const QLatin1String readingErrorTitle("Reading Error");
 
 /// The code of the exception that a module without a probe identity throws.
 constexpr int notAvailableCode = 255;
@@ -57,48 +55,61 @@ bool PanelFollowsReadings(TavikLibrary::eModuleType type) {
 
 } // namespace
 
-TavikModuleWidget::TavikModuleWidget(QWidget* parent) : QWidget(parent), ui(std::make_unique<Ui::TavikModuleWidget>()) {
+TavikModuleWidget::TavikModuleWidget(QWidget* parent)
+    : ModePage(parent, QStringLiteral("Reading Error"), QString()), ui(std::make_unique<Ui::TavikModuleWidget>()) {
     ui->setupUi(this);
 }
 
 TavikModuleWidget::~TavikModuleWidget() = default;
 
-void TavikModuleWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                  TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModule* newModule) {
-    if (newModule != moduleOfReading) {
-        // A reading must not be taken for another module's.
-        ui->tbReading->clear();
-    }
-    moduleOfReading = newModule;
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
-    // Before anything can fail: the panels of the previous module would go on acting on that one.
+void TavikModuleWidget::Clear() {
     CloseTypePanels();
+    for (QLineEdit* field : {ui->tbTavikIdentity, ui->tbModuleType, ui->tbDeviceType, ui->tbSoftwareVersion,
+                             ui->tbProbeID, ui->tbRange, ui->tbOffset, ui->tbStroke, ui->tbCPUOM, ui->tbUOM,
+                             ui->tbReading, ui->tbStatus, ui->tbErrorCode, ui->tbErrorText}) {
+        ShowInField(field, QString());
+    }
+    for (QLabel* label :
+         {ui->lblCanDoBuffered, ui->lblCanDoBufferedMaster, ui->lblCanDoDynamic, ui->lblCanDoDynamic2,
+          ui->lblCanDoDynamicMaster, ui->lblCanDoDifference, ui->lblCanDoReadburst, ui->lblCanDoSpeedLow,
+          ui->lblCanDoSpeedHigh, ui->lblCanDoSpeedUltraHigh, ui->lblCanDoHotswap}) {
+        label->clear();
+    }
+}
+
+bool TavikModuleWidget::Fill() {
     ShowIdentity();
     ShowProbeIdentity();
     ShowCapabilities();
     OpenTypePanels();
     ShowRange();
     ReadAndShowStatus();
+    // A reading must not be taken for another module's; a module of another identity may stand in the same object.
+    const QString identity = ui->tbTavikIdentity->text();
+    if (module == moduleOfReading && identity == identityOfReading) {
+        ShowInField(ui->tbReading, lastReading);
+    }
+    moduleOfReading = module;
+    identityOfReading = identity;
+    for (QWidget* command : Commands()) {
+        command->setEnabled(true);
+    }
+    return true;
 }
 
-void TavikModuleWidget::SetEnabled(bool enable) {
-    enabled = enable;
-    ui->gbReadIn->setEnabled(enable);
-    ui->btnRead->setEnabled(enable);
-    ui->btnStartContinuous->setEnabled(enable);
-    ui->btnTimeReadings->setEnabled(enable);
-    ui->btnGetStatus->setEnabled(enable);
+std::vector<QWidget*> TavikModuleWidget::Commands() const {
+    return {ui->gbReadIn, ui->btnRead, ui->btnStartContinuous, ui->btnTimeReadings, ui->btnGetStatus};
+}
+
+void TavikModuleWidget::setCommandsEnabled(bool enable) {
+    ModePage::setCommandsEnabled(enable);
     for (const PlacedPanel& placed : typePanels) {
         placed.panel->SetEnabled(enable);
     }
 }
 
 void TavikModuleWidget::RedisplayInformation() {
-    if (module == nullptr) {
+    if (!IsFilled()) {
         return;
     }
     ShowIdentity();
@@ -107,14 +118,15 @@ void TavikModuleWidget::RedisplayInformation() {
     ShowRange();
 }
 
-void TavikModuleWidget::RaiseStopFlag() {
-    stopContinuous = true;
+void TavikModuleWidget::Stop() noexcept {
+    if (run != nullptr) {
+        run->RequestStop();
+    }
 }
 
-void TavikModuleWidget::ForgetModule() {
-    RaiseStopFlag();
+void TavikModuleWidget::Leave() {
+    Stop();
     CloseTypePanels();
-    module = nullptr;
 }
 
 bool TavikModuleWidget::event(QEvent* event) {
@@ -169,12 +181,17 @@ void TavikModuleWidget::ShowRange() {
     ShowInField(ui->tbUOM, FromLibrary(module->UnitsOfMeasure()));
 }
 
+void TavikModuleWidget::ShowReading(const QString& text) {
+    lastReading = text;
+    ShowInField(ui->tbReading, text);
+}
+
 void TavikModuleWidget::ReadModule() {
     if (ui->radioUnits->isChecked()) {
         const QString value = FormatUnits(module->ReadInUnits());
-        ui->tbReading->setText(value + QLatin1Char(' ') + FromLibrary(module->UnitsOfMeasure()));
+        ShowReading(value + QLatin1Char(' ') + FromLibrary(module->UnitsOfMeasure()));
     } else {
-        ui->tbReading->setText(QString::number(module->ReadInCounts()));
+        ShowReading(QString::number(module->ReadInCounts()));
     }
     if (PanelFollowsReadings(module->ModuleType())) {
         for (const PlacedPanel& placed : typePanels) {
@@ -183,83 +200,57 @@ void TavikModuleWidget::ReadModule() {
     }
 }
 
-/// A button's key clicks it a moment later, when the page may be gone or the window closed.
-bool TavikModuleWidget::HasModule() const {
-    return module != nullptr && !mainWindow->IsClosing();
-}
-
 void TavikModuleWidget::on_btnRead_clicked() {
-    if (!HasModule()) {
+    if (!MayAct()) {
         return;
     }
     try {
         ReadModule();
     } catch (const std::runtime_error& error) {
-        ui->tbReading->clear();
-        ShowErrorBox(this, readingErrorTitle, FromLibrary(error.what()));
+        ShowReading(QString());
+        errors.Show(error);
     }
 }
 
 void TavikModuleWidget::on_btnStartContinuous_clicked() {
-    if (readingContinuously || !HasModule()) {
+    if (run != nullptr || !MayAct()) {
         return;
     }
-    readingContinuously = true;
-    const auto idleAgain = qScopeGuard([this] {
-        readingContinuously = false;
-        ui->btnStopContinuous->setEnabled(false);
-        mainWindow->ShowActivity(QString());
-    });
-
-    mainWindow->DisableControls();
-    ui->btnStopContinuous->setEnabled(true);
-    stopContinuous = false;
-    ReadContinuously();
-    if (!mainWindow->IsClosing()) {
-        mainWindow->EnableControls();
-    }
+    run = std::make_unique<Run>(*mainWindow, QStringLiteral("continuous reading"), ui->btnStopContinuous);
+    const auto over = qScopeGuard([this] { run.reset(); });
+    errors.Try([this] { ReadContinuously(); });
 }
 
 void TavikModuleWidget::ReadContinuously() {
-    QElapsedTimer sinceStart;
-    sinceStart.start();
-    for (int passes = 1; !stopContinuous; ++passes) {
-        try {
-            ReadModule();
-            ReadAndShowStatus();
-        } catch (const std::runtime_error& error) {
-            RaiseStopFlag();
-            ShowErrorBox(this, readingErrorTitle, FromLibrary(error.what()));
-            return;
-        }
+    for (int passes = 1; run->MayGoOn(); ++passes) {
+        ReadModule();
+        ReadAndShowStatus();
         WaitBetweenReadings();
-        if (!stopContinuous) {
-            const double perSecond = passes * 1000.0 / static_cast<double>(qMax<qint64>(1, sinceStart.elapsed()));
-            mainWindow->ShowActivity(QStringLiteral("Reading continuously: %1 passes, %2 readings per second")
-                                         .arg(passes)
-                                         .arg(perSecond, 0, 'f', 1));
-        }
+        const double perSecond = passes * 1000.0 / static_cast<double>(qMax<qint64>(1, run->activity.Milliseconds()));
+        run->activity.Show(QStringLiteral("Reading continuously: %1 passes, %2 readings per second")
+                               .arg(passes)
+                               .arg(perSecond, 0, 'f', 1));
     }
 }
 
 void TavikModuleWidget::WaitBetweenReadings() {
     constexpr int steps = 100;
     constexpr unsigned int stepMicroseconds = 1000;
-    for (int step = 0; step < steps && !stopContinuous; ++step) {
+    for (int step = 0; step < steps && run->MayGoOn(); ++step) {
         QCoreApplication::processEvents();
         SleepMicroseconds(stepMicroseconds);
     }
 }
 
 void TavikModuleWidget::on_btnStopContinuous_clicked() {
-    RaiseStopFlag();
+    Stop();
 }
 
 void TavikModuleWidget::on_btnTimeReadings_clicked() {
-    if (!HasModule()) {
+    if (!MayAct()) {
         return;
     }
-    Guarded(this, readingErrorTitle, QString(), [this] {
+    errors.Try([this] {
         const int readings = CountReadings();
         ShowInformationBox(this, QStringLiteral("Reading Timer"),
                            QString::number(readings / timedSeconds) + QStringLiteral(" readings per second."));
@@ -280,7 +271,7 @@ int TavikModuleWidget::CountReadings() {
 }
 
 void TavikModuleWidget::on_btnGetStatus_clicked() {
-    if (HasModule()) {
+    if (MayAct()) {
         LastResort::Run([this] { ReadAndShowStatus(); });
     }
 }
@@ -352,7 +343,9 @@ void TavikModuleWidget::OpenTypePanel(Place place, Module* typedModule) {
     PlaceTypePanels();
     panel->show();
     panel->SetModule(mainWindow, server, network, typedModule);
-    panel->SetEnabled(enabled);
+    if (mainWindow->ControlsAreHeld()) {
+        panel->SetEnabled(false);
+    }
 }
 
 void TavikModuleWidget::PlaceTypePanels() {

@@ -1,19 +1,16 @@
 #pragma once
 
-#include <QWidget>
+#include "panels/common/ModePage.h"
 
 #include <memory>
 #include <vector>
 
-class HostWindow;
+class Run;
 class TypePanel;
 
 namespace TavikLibrary {
-class TavikModule;
 class TavikModuleBW;
 class TavikModuleKX;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -22,26 +19,24 @@ class TavikModuleWidget;
 
 /// Shows what the library knows about the selected module, reads it once, continuously or against the
 /// clock, shows its status, and hosts the panels that fit its kind.
-class TavikModuleWidget : public QWidget {
+class TavikModuleWidget : public ModePage {
     Q_OBJECT
 
 public:
     explicit TavikModuleWidget(QWidget* parent = nullptr);
     ~TavikModuleWidget() override;
 
-    /// Takes a module and shows it. Throws what the library throws; what was shown until then stays.
-    virtual void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server,
-                           TavikLibrary::TavikNetwork* network, TavikLibrary::TavikModule* module);
-    /// Enables or disables everything that asks the module for something.
-    void SetEnabled(bool enable);
+    void setCommandsEnabled(bool enable) override;
+    /// Ends a continuous reading after the reading in progress.
+    void Stop() noexcept override;
     /// Shows the module's information anew and leaves the type panels alone.
     void RedisplayInformation();
-    /// Ends a continuous reading after the reading in progress.
-    void RaiseStopFlag();
-    /// The page goes: its module may be gone when something is asked of it later.
-    void ForgetModule();
 
 protected:
+    void Clear() override;
+    bool Fill() override;
+    std::vector<QWidget*> Commands() const override;
+    void Leave() override;
     bool event(QEvent* event) override;
 
 private slots:
@@ -56,7 +51,7 @@ private:
     void ShowProbeIdentity();
     void ShowCapabilities();
     void ShowRange();
-    bool HasModule() const;
+    void ShowReading(const QString& text);
     void ReadModule();
     void ReadContinuously();
     void ReadAndShowStatus();
@@ -83,14 +78,10 @@ private:
     QPoint PositionOf(Place place) const;
 
     std::unique_ptr<Ui::TavikModuleWidget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModule* module = nullptr;
     const TavikLibrary::TavikModule* moduleOfReading = nullptr; ///< to be compared only
-    bool stopContinuous = false;
-    bool readingContinuously = false;
-    bool enabled = true;
+    QString identityOfReading;
+    QString lastReading;
+    std::unique_ptr<Run> run; ///< while the module is read continuously
     /// The panel at the reference stands first.
     std::vector<PlacedPanel> typePanels;
 };

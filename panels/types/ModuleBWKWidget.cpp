@@ -2,30 +2,18 @@
 
 #include "library/TavikModuleLaser.h"
 #include "panels/common/Fields.h"
-#include "panels/common/MessageBoxes.h"
 #include "ui_ModuleBWKWidget.h"
 
 using TavikLibrary::eMeasuringRate;
 
-namespace {
-
-const QLatin1String boxTitle("BWK Module");
-
-} // namespace
-
-ModuleBWKWidget::ModuleBWKWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleBWKWidget>()) {
+ModuleBWKWidget::ModuleBWKWidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("BWK Module")), ui(std::make_unique<Ui::ModuleBWKWidget>()) {
     ui->setupUi(this);
 }
 
 ModuleBWKWidget::~ModuleBWKWidget() = default;
 
-void ModuleBWKWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleBWK* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModuleBWKWidget::Fill() {
     ShowMeasuringRate(module->MeasuringRate());
     ui->listAvailableMeasuringRates->clear();
     for (const eMeasuringRate rate : module->AvailableMeasuringRates()) {
@@ -33,15 +21,15 @@ void ModuleBWKWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikSe
     }
 }
 
-void ModuleBWKWidget::SetEnabled(bool enable) {
-    ui->btnSetMeasuringRate->setEnabled(enable);
+std::vector<QWidget*> ModuleBWKWidget::Commands() const {
+    return {ui->btnSetMeasuringRate};
 }
 
 void ModuleBWKWidget::on_btnSetMeasuringRate_clicked() {
     if (ui->listAvailableMeasuringRates->selectedItems().isEmpty()) {
         return;
     }
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         const QString text = ui->listAvailableMeasuringRates->currentItem()->text();
         const eMeasuringRate rate = TavikLibrary::eMeasuringRate_FromString(ToLibrary(text));
         module->setMeasuringRate(rate);

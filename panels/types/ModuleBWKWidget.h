@@ -4,13 +4,9 @@
 
 #include <memory>
 
-class HostWindow;
-
 namespace TavikLibrary {
 enum class eMeasuringRate : int;
 class TavikModuleBWK;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -18,18 +14,16 @@ class ModuleBWKWidget;
 }
 
 /// The panel of a laser with selectable measuring rates.
-class ModuleBWKWidget : public TypePanel {
+class ModuleBWKWidget : public TypePanelOf<TavikLibrary::TavikModuleBWK> {
     Q_OBJECT
 
 public:
     explicit ModuleBWKWidget(QWidget* parent);
     ~ModuleBWKWidget() override;
 
-    /// Takes the laser and fills the panel. Throws TavikException when the laser cannot be asked.
-    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                   TavikLibrary::TavikModuleBWK* module);
-    /// Concerns the Set button.
-    void SetEnabled(bool enable) override;
+protected:
+    void Fill() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_btnSetMeasuringRate_clicked();
@@ -38,8 +32,4 @@ private:
     void ShowMeasuringRate(TavikLibrary::eMeasuringRate rate);
 
     std::unique_ptr<Ui::ModuleBWKWidget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModuleBWK* module = nullptr;
 };

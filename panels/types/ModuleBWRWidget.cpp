@@ -2,33 +2,21 @@
 
 #include "library/TavikModuleLaser.h"
 #include "panels/common/Fields.h"
-#include "panels/common/MessageBoxes.h"
 #include "panels/common/WaitCursor.h"
 #include "panels/types/RowValues.h"
 #include "ui_ModuleBWRWidget.h"
 
 using TavikLibrary::eFilter;
 
-namespace {
-
-const QLatin1String boxTitle("BWR Module");
-
-} // namespace
-
-ModuleBWRWidget::ModuleBWRWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleBWRWidget>()) {
+ModuleBWRWidget::ModuleBWRWidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("BWR Module")), ui(std::make_unique<Ui::ModuleBWRWidget>()) {
     ui->setupUi(this);
     FitToRows(ui->listAvailableFilters);
 }
 
 ModuleBWRWidget::~ModuleBWRWidget() = default;
 
-void ModuleBWRWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleBWR* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModuleBWRWidget::Fill() {
     ShowInformation();
     const eFilter filter = module->Filter();
     ShowFilter(filter);
@@ -39,15 +27,14 @@ void ModuleBWRWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikSe
     ui->sbAvailableLevelCutTime->setValue(time);
 }
 
-void ModuleBWRWidget::SetEnabled(bool enable) {
-    ui->btnSetFilter->setEnabled(enable);
-    ui->btnSetLevelCut->setEnabled(enable);
+std::vector<QWidget*> ModuleBWRWidget::Commands() const {
+    return {ui->btnSetFilter, ui->btnSetLevelCut};
 }
 
 // Both settings show the value that was sent: the laser takes its time to work with it.
 
 void ModuleBWRWidget::on_btnSetFilter_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         const WaitCursor waitCursor;
         const auto filter = CurrentRowAs<eFilter>(ui->listAvailableFilters);
         module->setFilter(filter);
@@ -56,7 +43,7 @@ void ModuleBWRWidget::on_btnSetFilter_clicked() {
 }
 
 void ModuleBWRWidget::on_btnSetLevelCut_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         const WaitCursor waitCursor;
         const int time = ui->sbAvailableLevelCutTime->value();
         module->setLevelCutTime(static_cast<unsigned short>(time));

@@ -1,35 +1,23 @@
 #include "panels/types/ModuleBWWidget.h"
 
 #include "library/TavikModuleLaser.h"
-#include "panels/common/MessageBoxes.h"
 #include "ui_ModuleBWWidget.h"
 
-namespace {
-
-const QLatin1String boxTitle("BW Module");
-
-} // namespace
-
-ModuleBWWidget::ModuleBWWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleBWWidget>()) {
+ModuleBWWidget::ModuleBWWidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("BW Module")), ui(std::make_unique<Ui::ModuleBWWidget>()) {
     ui->setupUi(this);
 }
 
 ModuleBWWidget::~ModuleBWWidget() = default;
 
-void ModuleBWWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                               TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleBW* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModuleBWWidget::Fill() {
     ui->cbBeamOn->setChecked(module->BeamOn());
 }
 
-void ModuleBWWidget::SetEnabled(bool enable) {
-    ui->cbBeamOn->setEnabled(enable);
+std::vector<QWidget*> ModuleBWWidget::Commands() const {
+    return {ui->cbBeamOn};
 }
 
 void ModuleBWWidget::on_cbBeamOn_clicked() {
-    Guarded(this, boxTitle, QString(), [this] { module->setBeamOn(ui->cbBeamOn->isChecked()); });
+    errors.Try([this] { module->setBeamOn(ui->cbBeamOn->isChecked()); });
 }

@@ -4,12 +4,8 @@
 
 #include <memory>
 
-class HostWindow;
-
 namespace TavikLibrary {
 class TavikModuleBW;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -17,26 +13,20 @@ class ModuleBWWidget;
 }
 
 /// The panel of a laser whose beam can be switched.
-class ModuleBWWidget : public TypePanel {
+class ModuleBWWidget : public TypePanelOf<TavikLibrary::TavikModuleBW> {
     Q_OBJECT
 
 public:
     explicit ModuleBWWidget(QWidget* parent);
     ~ModuleBWWidget() override;
 
-    /// Takes the laser and fills the panel. Throws TavikException when the laser cannot be asked.
-    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                   TavikLibrary::TavikModuleBW* module);
-    /// Concerns the beam's check box.
-    void SetEnabled(bool enable) override;
+protected:
+    void Fill() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_cbBeamOn_clicked();
 
 private:
     std::unique_ptr<Ui::ModuleBWWidget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModuleBW* module = nullptr;
 };

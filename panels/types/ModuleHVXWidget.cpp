@@ -15,34 +15,26 @@ const QLatin1String boxTitle("HVX Module");
 
 } // namespace
 
-ModuleHVXWidget::ModuleHVXWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleHVXWidget>()) {
+ModuleHVXWidget::ModuleHVXWidget(QWidget* parent)
+    : TypePanelOf(parent, boxTitle), ui(std::make_unique<Ui::ModuleHVXWidget>()) {
     ui->setupUi(this);
     FitToRows(ui->listAvailableReadMode);
 }
 
 ModuleHVXWidget::~ModuleHVXWidget() = default;
 
-void ModuleHVXWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleHVX* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModuleHVXWidget::Fill() {
     const eHvxReadMode mode = module->ReadMode();
     ShowReadMode(mode);
     SelectRowOf(ui->listAvailableReadMode, mode);
 }
 
-void ModuleHVXWidget::SetEnabled(bool enable) {
-    ui->btnNewReadingReady->setEnabled(enable);
-    ui->btnSample->setEnabled(enable);
-    ui->btnSetReadMode->setEnabled(enable);
-    ui->btnUpdateReadingInfo->setEnabled(enable);
+std::vector<QWidget*> ModuleHVXWidget::Commands() const {
+    return {ui->btnNewReadingReady, ui->btnSample, ui->btnSetReadMode, ui->btnUpdateReadingInfo};
 }
 
 void ModuleHVXWidget::on_btnSetReadMode_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         const auto mode = CurrentRowAs<eHvxReadMode>(ui->listAvailableReadMode);
         module->setReadMode(mode);
         ShowReadMode(mode);
@@ -50,18 +42,18 @@ void ModuleHVXWidget::on_btnSetReadMode_clicked() {
 }
 
 void ModuleHVXWidget::on_btnUpdateReadingInfo_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         module->UpdateInfo();
         mainWindow->RedisplayModuleInformation();
     });
 }
 
 void ModuleHVXWidget::on_btnSample_clicked() {
-    Guarded(this, boxTitle, QString(), [this] { module->SampleReading(); });
+    errors.Try([this] { module->SampleReading(); });
 }
 
 void ModuleHVXWidget::on_btnNewReadingReady_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         const bool ready = module->NewReadingReady();
         ShowInformationBox(this, boxTitle,
                            ready ? QStringLiteral("Reading Available") : QStringLiteral("Reading Not Available"));

@@ -1,12 +1,9 @@
 #include "panels/types/ModuleKXwidget.h"
 
 #include "library/TavikModuleKX.h"
-#include "panels/common/MessageBoxes.h"
 #include "ui_ModuleKXwidget.h"
 
 namespace {
-
-const QLatin1String boxTitle("KX Module");
 
 bool HasSelection(const QListWidget* list) {
     return !list->selectedItems().isEmpty();
@@ -14,19 +11,14 @@ bool HasSelection(const QListWidget* list) {
 
 } // namespace
 
-ModuleKXwidget::ModuleKXwidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleKXwidget>()) {
+ModuleKXwidget::ModuleKXwidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("KX Module")), ui(std::make_unique<Ui::ModuleKXwidget>()) {
     ui->setupUi(this);
 }
 
 ModuleKXwidget::~ModuleKXwidget() = default;
 
-void ModuleKXwidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                               TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleKX* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModuleKXwidget::Fill() {
     ShowCurrentResolution();
     ShowCurrentAveraging();
     ui->listResolutions->clear();
@@ -39,13 +31,19 @@ void ModuleKXwidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikSer
     }
 }
 
-void ModuleKXwidget::SetEnabled(bool enable) {
-    ui->btnSetResolution->setEnabled(enable && ui->listResolutions->count() > 0);
-    ui->btnSetAveraging->setEnabled(enable && ui->listAveragings->count() > 0);
+std::vector<QWidget*> ModuleKXwidget::Commands() const {
+    std::vector<QWidget*> commands;
+    if (ui->listResolutions->count() > 0) {
+        commands.push_back(ui->btnSetResolution);
+    }
+    if (ui->listAveragings->count() > 0) {
+        commands.push_back(ui->btnSetAveraging);
+    }
+    return commands;
 }
 
 void ModuleKXwidget::on_btnSetResolution_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         if (HasSelection(ui->listResolutions)) {
             const QString text = ui->listResolutions->currentItem()->text();
             module->setResolution(TavikLibrary::eResolution_FromString(ToLibrary(text)));
@@ -55,7 +53,7 @@ void ModuleKXwidget::on_btnSetResolution_clicked() {
 }
 
 void ModuleKXwidget::on_btnSetAveraging_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         if (HasSelection(ui->listAveragings)) {
             const QString text = ui->listAveragings->currentItem()->text();
             module->setAveraging(TavikLibrary::eAveraging_FromString(ToLibrary(text)));

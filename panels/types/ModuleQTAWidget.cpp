@@ -2,17 +2,11 @@
 
 #include "library/TavikModuleQTA.h"
 #include "panels/common/Fields.h"
-#include "panels/common/MessageBoxes.h"
 #include "panels/types/RowValues.h"
 #include "ui_ModuleQTAWidget.h"
 
-namespace {
-
-const QLatin1String boxTitle("QTA Module");
-
-} // namespace
-
-ModuleQTAWidget::ModuleQTAWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleQTAWidget>()) {
+ModuleQTAWidget::ModuleQTAWidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("QTA Module")), ui(std::make_unique<Ui::ModuleQTAWidget>()) {
     ui->setupUi(this);
     FitToRows(ui->listRefActions);
     FitToRows(ui->listQuadModes);
@@ -21,49 +15,40 @@ ModuleQTAWidget::ModuleQTAWidget(QWidget* parent) : TypePanel(parent), ui(std::m
 
 ModuleQTAWidget::~ModuleQTAWidget() = default;
 
-void ModuleQTAWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleQTA* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModuleQTAWidget::Fill() {
     ShowRefAction();
     ShowQuadratureMode();
     ShowEncoder();
     ui->sbPreset->setValue(module->PresetInCounts());
 }
 
-void ModuleQTAWidget::SetEnabled(bool enable) {
-    ui->btnSetRefAction->setEnabled(enable);
-    ui->btnSetQuadMode->setEnabled(enable);
-    ui->btnSetEncoder->setEnabled(enable);
-    ui->btnPresetinCounts->setEnabled(enable);
+std::vector<QWidget*> ModuleQTAWidget::Commands() const {
+    return {ui->btnSetRefAction, ui->btnSetQuadMode, ui->btnSetEncoder, ui->btnPresetinCounts};
 }
 
 void ModuleQTAWidget::on_btnSetRefAction_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         module->setRefAction(CurrentRowAs<TavikLibrary::eRefAction>(ui->listRefActions));
         ShowRefAction();
     });
 }
 
 void ModuleQTAWidget::on_btnSetQuadMode_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         module->setQuadratureMode(CurrentRowAs<TavikLibrary::eQuadratureMode>(ui->listQuadModes));
         ShowQuadratureMode();
     });
 }
 
 void ModuleQTAWidget::on_btnSetEncoder_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         module->setQtaInterfaceType(CurrentRowAs<TavikLibrary::eEncoderInterfaceType>(ui->listEncoders));
         ShowEncoder();
     });
 }
 
 void ModuleQTAWidget::on_btnPresetinCounts_clicked() {
-    Guarded(this, boxTitle, QString(), [this] { module->setPresetInCounts(ui->sbPreset->value()); });
+    errors.Try([this] { module->setPresetInCounts(ui->sbPreset->value()); });
 }
 
 void ModuleQTAWidget::ShowRefAction() {

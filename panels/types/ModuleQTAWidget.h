@@ -4,12 +4,8 @@
 
 #include <memory>
 
-class HostWindow;
-
 namespace TavikLibrary {
 class TavikModuleQTA;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -18,18 +14,16 @@ class ModuleQTAWidget;
 
 /// The panel of an encoder interface: what its reference mark does, how its edges are counted, how the encoder
 /// is wired, and the value that presets its count.
-class ModuleQTAWidget : public TypePanel {
+class ModuleQTAWidget : public TypePanelOf<TavikLibrary::TavikModuleQTA> {
     Q_OBJECT
 
 public:
     explicit ModuleQTAWidget(QWidget* parent);
     ~ModuleQTAWidget() override;
 
-    /// Takes the module and fills the panel. Throws TavikException when the module cannot be asked.
-    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                   TavikLibrary::TavikModuleQTA* module);
-    /// Concerns the three Set buttons and the preset button.
-    void SetEnabled(bool enable) override;
+protected:
+    void Fill() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_btnSetRefAction_clicked();
@@ -43,8 +37,4 @@ private:
     void ShowEncoder();
 
     std::unique_ptr<Ui::ModuleQTAWidget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModuleQTA* module = nullptr;
 };

@@ -2,7 +2,6 @@
 
 #include "library/TavikModuleRN.h"
 #include "panels/common/Fields.h"
-#include "panels/common/MessageBoxes.h"
 #include "ui_ModuleRNWidget.h"
 
 #include <algorithm>
@@ -11,8 +10,6 @@
 using TavikLibrary::eDirection;
 
 namespace {
-
-const QLatin1String boxTitle("RN Module");
 
 /// Without the decimals; what no count can be is the nearest one that can.
 int ToCounts(double value) {
@@ -23,28 +20,20 @@ int ToCounts(double value) {
 
 } // namespace
 
-ModuleRNWidget::ModuleRNWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleRNWidget>()) {
+ModuleRNWidget::ModuleRNWidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("RN Module")), ui(std::make_unique<Ui::ModuleRNWidget>()) {
     ui->setupUi(this);
 }
 
 ModuleRNWidget::~ModuleRNWidget() = default;
 
-void ModuleRNWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                               TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleRN* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void ModuleRNWidget::Fill() {
     Check(ui->radioNormal, module->Direction() == eDirection::Normal);
     Check(ui->radioReversed, module->Direction() == eDirection::Reversed);
 }
 
-void ModuleRNWidget::SetEnabled(bool enable) {
-    ui->radioNormal->setEnabled(enable);
-    ui->radioReversed->setEnabled(enable);
-    ui->btnPresetinCounts->setEnabled(enable);
-    ui->btnPresetinUnits->setEnabled(enable);
+std::vector<QWidget*> ModuleRNWidget::Commands() const {
+    return {ui->radioNormal, ui->radioReversed, ui->btnPresetinCounts, ui->btnPresetinUnits};
 }
 
 void ModuleRNWidget::on_radioNormal_clicked(bool checked) {
@@ -56,14 +45,13 @@ void ModuleRNWidget::on_radioReversed_clicked(bool checked) {
 }
 
 void ModuleRNWidget::SetDirection(bool normal) {
-    Guarded(this, boxTitle, QString(),
-            [&] { module->setDirection(normal ? eDirection::Normal : eDirection::Reversed); });
+    errors.Try([&] { module->setDirection(normal ? eDirection::Normal : eDirection::Reversed); });
 }
 
 void ModuleRNWidget::on_btnPresetinCounts_clicked() {
-    Guarded(this, boxTitle, QString(), [this] { module->setPresetInCounts(ToCounts(ui->sbPreset->value())); });
+    errors.Try([this] { module->setPresetInCounts(ToCounts(ui->sbPreset->value())); });
 }
 
 void ModuleRNWidget::on_btnPresetinUnits_clicked() {
-    Guarded(this, boxTitle, QString(), [this] { module->setPresetInUnits(ui->sbPreset->value()); });
+    errors.Try([this] { module->setPresetInUnits(ui->sbPreset->value()); });
 }

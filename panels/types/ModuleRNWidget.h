@@ -4,12 +4,8 @@
 
 #include <memory>
 
-class HostWindow;
-
 namespace TavikLibrary {
 class TavikModuleRN;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -17,18 +13,16 @@ class ModuleRNWidget;
 }
 
 /// The panel of a linear encoder: which way it counts, and what its reading is set to here and now.
-class ModuleRNWidget : public TypePanel {
+class ModuleRNWidget : public TypePanelOf<TavikLibrary::TavikModuleRN> {
     Q_OBJECT
 
 public:
     explicit ModuleRNWidget(QWidget* parent);
     ~ModuleRNWidget() override;
 
-    /// Takes the module and fills the panel. Throws TavikException when the module cannot be asked.
-    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                   TavikLibrary::TavikModuleRN* module);
-    /// Concerns the two directions and the two preset buttons.
-    void SetEnabled(bool enable) override;
+protected:
+    void Fill() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_radioNormal_clicked(bool checked);
@@ -40,8 +34,4 @@ private:
     void SetDirection(bool normal);
 
     std::unique_ptr<Ui::ModuleRNWidget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModuleRN* module = nullptr;
 };

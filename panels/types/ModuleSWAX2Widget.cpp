@@ -1,13 +1,10 @@
 #include "panels/types/ModuleSWAX2Widget.h"
 
 #include "library/TavikModuleDigitalIO.h"
-#include "panels/common/MessageBoxes.h"
 #include "panels/types/RowValues.h"
 #include "ui_ModuleSWAX2Widget.h"
 
 namespace {
-
-const QLatin1String boxTitle("SWAX2 Module");
 
 /// The library's pins of the first output and of the first input.
 constexpr int firstOutputPin = 0;
@@ -29,15 +26,10 @@ void ShowPolarity(const RadioPair& pair, int polarity) {
     Check(pair.high, polarity == 1);
 }
 
-void SetPairEnabled(const RadioPair& pair, bool enable) {
-    pair.low->setEnabled(enable);
-    pair.high->setEnabled(enable);
-}
-
 } // namespace
 
 ModuleSWAX2Widget::ModuleSWAX2Widget(QWidget* parent)
-    : TypePanel(parent), ui(std::make_unique<Ui::ModuleSWAX2Widget>()) {
+    : TypePanelOf(parent, QStringLiteral("SWAX2 Module")), ui(std::make_unique<Ui::ModuleSWAX2Widget>()) {
     ui->setupUi(this);
     CollectRows();
 }
@@ -71,29 +63,23 @@ void ModuleSWAX2Widget::CollectRows() {
     };
 }
 
-void ModuleSWAX2Widget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                  TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleSWAX2* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
+void ModuleSWAX2Widget::Fill() {
     RefreshFromModule();
 }
 
-void ModuleSWAX2Widget::SetEnabled(bool enable) {
+std::vector<QWidget*> ModuleSWAX2Widget::Commands() const {
+    std::vector<QWidget*> commands{ui->btnSetOutputMode, ui->btnSetDebounce};
     for (const ChannelRow& row : outputRows) {
-        SetPairEnabled(row.state, enable);
-        SetPairEnabled(row.activeState, enable);
+        commands.insert(commands.end(), {row.state.low, row.state.high, row.activeState.low, row.activeState.high});
     }
     for (const ChannelRow& row : inputRows) {
-        SetPairEnabled(row.activeState, enable);
+        commands.insert(commands.end(), {row.activeState.low, row.activeState.high});
     }
-    ui->btnSetOutputMode->setEnabled(enable);
-    ui->btnSetDebounce->setEnabled(enable);
+    return commands;
 }
 
-void ModuleSWAX2Widget::RefreshFromModule() {
-    Guarded(this, boxTitle, QString(), [this] {
+bool ModuleSWAX2Widget::RefreshFromModule() {
+    return errors.Try([this] {
         for (int number = 1; number <= outputCount; ++number) {
             RefreshOutput(number);
         }
@@ -128,7 +114,7 @@ void ModuleSWAX2Widget::DriveActive(int number) {
 }
 
 void ModuleSWAX2Widget::DriveOutput(int number, int state) {
-    if (Guarded(this, boxTitle, QString(), [&] { module->setOutputState(firstOutputPin + number - 1, state); })) {
+    if (errors.Try([&] { module->setOutputState(firstOutputPin + number - 1, state); })) {
         RefreshFromModule();
     }
 }
@@ -142,8 +128,7 @@ void ModuleSWAX2Widget::SetOutputActiveHigh(int number) {
 }
 
 void ModuleSWAX2Widget::SetOutputPolarity(int number, int value) {
-    if (Guarded(this, boxTitle, QString(),
-                [&] { module->setOutPolarityMask(WithPolarity(module->OutPolarityMask(), number, value)); })) {
+    if (errors.Try([&] { module->setOutPolarityMask(WithPolarity(module->OutPolarityMask(), number, value)); })) {
         RefreshFromModule();
     }
 }
@@ -157,14 +142,13 @@ void ModuleSWAX2Widget::SetInputActiveHigh(int number) {
 }
 
 void ModuleSWAX2Widget::SetInputPolarity(int number, int value) {
-    if (Guarded(this, boxTitle, QString(),
-                [&] { module->setInPolarityMask(WithPolarity(module->InPolarityMask(), number, value)); })) {
+    if (errors.Try([&] { module->setInPolarityMask(WithPolarity(module->InPolarityMask(), number, value)); })) {
         RefreshFromModule();
     }
 }
 
 void ModuleSWAX2Widget::on_btnSetDebounce_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         if (const std::optional<int> milliseconds = SelectedDebounceTime(ui->cbDebouncetime)) {
             module->setDebounceTime(*milliseconds);
         }
@@ -172,6 +156,5 @@ void ModuleSWAX2Widget::on_btnSetDebounce_clicked() {
 }
 
 void ModuleSWAX2Widget::on_btnSetOutputMode_clicked() {
-    Guarded(this, boxTitle, QString(),
-            [this] { module->setOutputMode(CurrentIndexAs<TavikLibrary::eDIOOutputMode>(ui->cbOutputMode)); });
+    errors.Try([this] { module->setOutputMode(CurrentIndexAs<TavikLibrary::eDIOOutputMode>(ui->cbOutputMode)); });
 }

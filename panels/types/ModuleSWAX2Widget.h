@@ -6,12 +6,8 @@
 #include <array>
 #include <memory>
 
-class HostWindow;
-
 namespace TavikLibrary {
 class TavikModuleSWAX2;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -21,20 +17,19 @@ class ModuleSWAX2Widget;
 /// The panel of a digital I/O module of the second generation: 4 outputs and 6 inputs, for each the level that
 /// counts as active, the output mode and the debounce time. Outputs and inputs are each numbered from 1 here, as
 /// on the form; the library's pins 0 to 3 are the outputs and 4 to 9 the inputs.
-class ModuleSWAX2Widget : public TypePanel {
+class ModuleSWAX2Widget : public TypePanelOf<TavikLibrary::TavikModuleSWAX2> {
     Q_OBJECT
 
 public:
     explicit ModuleSWAX2Widget(QWidget* parent);
     ~ModuleSWAX2Widget() override;
 
-    /// Takes the module and shows it as RefreshFromModule does.
-    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                   TavikLibrary::TavikModuleSWAX2* module);
-    /// Concerns everything that sets something in the module, but not the two lists to choose from.
-    void SetEnabled(bool enable) override;
     /// Reads everything that is shown. A failure ends in an error box; what was shown until then stays.
-    void RefreshFromModule() override;
+    bool RefreshFromModule() override;
+
+protected:
+    void Fill() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_radioOutputLow1_clicked() { DriveInactive(1); }
@@ -101,10 +96,6 @@ private:
     void SetInputPolarity(int number, int value);
 
     std::unique_ptr<Ui::ModuleSWAX2Widget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModuleSWAX2* module = nullptr;
     std::array<ChannelRow, outputCount> outputRows{};
     std::array<ChannelRow, inputCount> inputRows{};
 };

@@ -1,12 +1,9 @@
 #include "panels/types/ModuleSWAXWidget.h"
 
 #include "library/TavikModuleDigitalIO.h"
-#include "panels/common/MessageBoxes.h"
 #include "ui_ModuleSWAXWidget.h"
 
 namespace {
-
-const QLatin1String boxTitle("SWAX Module");
 
 /// What the library calls an input; any other configuration is an output.
 constexpr int inputConfiguration = 1;
@@ -24,7 +21,8 @@ void SetVisible(const RadioPair& pair, bool visible) {
 
 } // namespace
 
-ModuleSWAXWidget::ModuleSWAXWidget(QWidget* parent) : TypePanel(parent), ui(std::make_unique<Ui::ModuleSWAXWidget>()) {
+ModuleSWAXWidget::ModuleSWAXWidget(QWidget* parent)
+    : TypePanelOf(parent, QStringLiteral("SWAX Module")), ui(std::make_unique<Ui::ModuleSWAXWidget>()) {
     ui->setupUi(this);
     CollectPinRows();
     // The grid must not jump about when a pin changes its direction.
@@ -74,26 +72,20 @@ void ModuleSWAXWidget::CollectPinRows() {
     };
 }
 
-void ModuleSWAXWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                 TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleSWAX* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
+void ModuleSWAXWidget::Fill() {
     RefreshFromModule();
 }
 
-void ModuleSWAXWidget::SetEnabled(bool enable) {
+std::vector<QWidget*> ModuleSWAXWidget::Commands() const {
+    std::vector<QWidget*> commands{ui->btnSetDebounce};
     for (const PinRow& row : pinRows) {
-        for (QRadioButton* button : {row.configInput, row.configOutput, row.output.low, row.output.high}) {
-            button->setEnabled(enable);
-        }
+        commands.insert(commands.end(), {row.configInput, row.configOutput, row.output.low, row.output.high});
     }
-    ui->btnSetDebounce->setEnabled(enable);
+    return commands;
 }
 
-void ModuleSWAXWidget::RefreshFromModule() {
-    Guarded(this, boxTitle, QString(), [this] {
+bool ModuleSWAXWidget::RefreshFromModule() {
+    return errors.Try([this] {
         for (int pin = 0; pin < pinCount; ++pin) {
             RefreshPin(pin);
         }
@@ -128,7 +120,7 @@ void ModuleSWAXWidget::ConfigureAsOutput(int pin) {
 }
 
 void ModuleSWAXWidget::ConfigurePin(int pin, int configuration) {
-    if (Guarded(this, boxTitle, QString(), [&] { module->setPinConfiguration(pin, configuration); })) {
+    if (errors.Try([&] { module->setPinConfiguration(pin, configuration); })) {
         RefreshFromModule();
     }
 }
@@ -142,13 +134,13 @@ void ModuleSWAXWidget::DriveHigh(int pin) {
 }
 
 void ModuleSWAXWidget::DriveOutput(int pin, int level) {
-    if (Guarded(this, boxTitle, QString(), [&] { module->setOutputState(pin, level); })) {
+    if (errors.Try([&] { module->setOutputState(pin, level); })) {
         RefreshFromModule();
     }
 }
 
 void ModuleSWAXWidget::on_btnSetDebounce_clicked() {
-    Guarded(this, boxTitle, QString(), [this] {
+    errors.Try([this] {
         if (const std::optional<int> milliseconds = SelectedDebounceTime(ui->cbDebouncetime)) {
             module->setDebounceTime(*milliseconds);
         }

@@ -6,12 +6,8 @@
 #include <array>
 #include <memory>
 
-class HostWindow;
-
 namespace TavikLibrary {
 class TavikModuleSWAX;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -20,20 +16,19 @@ class ModuleSWAXWidget;
 
 /// The panel of a digital I/O module with 8 pins: direction, driven level or input level of each pin, and the
 /// debounce time. Pins are numbered from 0 here as in the library, and from 1 on the form.
-class ModuleSWAXWidget : public TypePanel {
+class ModuleSWAXWidget : public TypePanelOf<TavikLibrary::TavikModuleSWAX> {
     Q_OBJECT
 
 public:
     explicit ModuleSWAXWidget(QWidget* parent);
     ~ModuleSWAXWidget() override;
 
-    /// Takes the module and shows it as RefreshFromModule does.
-    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                   TavikLibrary::TavikModuleSWAX* module);
-    /// Concerns the directions, the driven levels and the button of the debounce time.
-    void SetEnabled(bool enable) override;
-    /// Reads all pins and the debounce time. A failure ends in an error box; what was shown until then stays.
-    void RefreshFromModule() override;
+    /// Reads everything that is shown. A failure ends in an error box; what was shown until then stays.
+    bool RefreshFromModule() override;
+
+protected:
+    void Fill() override;
+    std::vector<QWidget*> Commands() const override;
 
 private slots:
     void on_radioConfigInput1_clicked() { ConfigureAsInput(0); }
@@ -98,9 +93,5 @@ private:
     void DriveOutput(int pin, int level);
 
     std::unique_ptr<Ui::ModuleSWAXWidget> ui;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModuleSWAX* module = nullptr;
     std::array<PinRow, pinCount> pinRows{};
 };

@@ -1,6 +1,7 @@
 #include "panels/wireless/DialogReadKRV.h"
 
 #include "library/TavikRLKDevice.h"
+#include "panels/common/Activity.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
 #include "panels/common/MessageBoxes.h"
@@ -65,16 +66,11 @@ void DialogReadKRV::on_btnStartStopReading_clicked() {
     looping = true;
     reading = true;
     ui->btnStartStopReading->setText(QStringLiteral("Stop Reading"));
-    if (host != nullptr) {
-        host->ShowActivity(QStringLiteral("Reading the hand tool of slot %1").arg(slotNumber));
-    }
+    const Activity activity(host, QStringLiteral("Reading the hand tool of slot %1").arg(slotNumber));
     const auto idleAgain = qScopeGuard([this] {
         looping = false;
         reading = false;
         ui->btnStartStopReading->setText(QStringLiteral("Start Reading"));
-        if (host != nullptr) {
-            host->ShowActivity(QString());
-        }
     });
     ReadRepeatedly();
 }

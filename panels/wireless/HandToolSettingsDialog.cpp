@@ -2,6 +2,7 @@
 
 #include "library/TavikRLKDevice.h"
 #include "library/TavikRLKSettings.h"
+#include "panels/common/Activity.h"
 #include "panels/common/HostWindow.h"
 #include "panels/common/Wait.h"
 #include "panels/wireless/FirmwareNumber.h"
@@ -34,15 +35,8 @@ HandToolSettingsDialog::HandToolSettingsDialog(QWidget* mainWindow, TavikLibrary
 HandToolSettingsDialog::~HandToolSettingsDialog() = default;
 
 void HandToolSettingsDialog::Open(const std::function<void()>& readSettings) {
-    if (host != nullptr) {
-        host->ShowActivity(QStringLiteral("Reading the settings of a hand tool"));
-    }
-    const auto idleAgain = qScopeGuard([this] {
-        wait->hide();
-        if (host != nullptr) {
-            host->ShowActivity(QString());
-        }
-    });
+    const Activity activity(host, QStringLiteral("Reading the settings of a hand tool"));
+    const auto over = qScopeGuard([this] { wait->hide(); });
     wait->setModal(true);
     wait->show();
     SleepMicroseconds(oneSecond);

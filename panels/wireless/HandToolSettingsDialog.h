@@ -61,7 +61,7 @@ protected:
     /// The same, also while the form is being filled.
     template <class Calls>
     bool WriteAlways(Calls&& calls) {
-        return Guarded(this, QStringLiteral("KRV Config"), QStringLiteral("Error: "), std::forward<Calls>(calls));
+        return ErrorBox(this, QStringLiteral("KRV Config"), QStringLiteral("Error: ")).Try(std::forward<Calls>(calls));
     }
 
     /// Shows the time after which the tool switches itself off; 0 is never.

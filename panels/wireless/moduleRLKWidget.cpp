@@ -5,6 +5,8 @@
 #include "panels/common/HostWindow.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
+#include "panels/common/ModalDialog.h"
+#include "panels/common/Run.h"
 #include "panels/common/WaitCursor.h"
 #include "panels/wireless/DialogReadKRV.h"
 #include "panels/wireless/KRV_Settings_Dialog.h"
@@ -27,7 +29,9 @@ constexpr int identityLength = 10;
 } // namespace
 
 moduleRLKWidget::moduleRLKWidget(QWidget* parent)
-    : TypePanel(parent), ui(std::make_unique<Ui::moduleRLKWidget>()), restart(std::make_shared<ModuleRestart>(this)) {
+    : TypePanelOf(parent, moduleTitle),
+      ui(std::make_unique<Ui::moduleRLKWidget>()),
+      restart(std::make_shared<ModuleRestart>(this)) {
     ui->setupUi(this);
     rows = Rows();
     // The panel does not jump when the banner comes and goes.
@@ -62,13 +66,7 @@ bool moduleRLKWidget::HasIdentity(int slot) {
 
 // Filling
 
-void moduleRLKWidget::SetModule(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
-                                TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModuleRLK* newModule) {
-    mainWindow = newMainWindow;
-    server = newServer;
-    network = newNetwork;
-    module = newModule;
-
+void moduleRLKWidget::Fill() {
     WakeDevices();
     for (int slot = 0; slot < slotCount; ++slot) {
         Device(slot)->UpdateDeviceFieldData();
@@ -125,10 +123,10 @@ void moduleRLKWidget::EnableCommands(bool enable) {
 // Writing identities and names, and the restart that makes them effective
 
 void moduleRLKWidget::on_btnApplySettings_clicked() {
-    if (restarting) {
+    if (run != nullptr) {
         return;
     }
-    Guarded(this, moduleTitle, QString(), [this] {
+    errors.Try([this] {
         WriteIdentitiesAndNames();
         StartRestart();
     });
@@ -148,20 +146,19 @@ void moduleRLKWidget::WriteIdentitiesAndNames() {
 }
 
 void moduleRLKWidget::StartRestart() {
-    auto giveUp = qScopeGuard([this] {
-        mainWindow->EnableControls();
-        ShowRestarting(false);
-    });
-    mainWindow->DisableControls();
+    auto giveUp = qScopeGuard([this] { ShowRestarting(false); });
     ShowRestarting(true);
     restart->Start(module);
     giveUp.dismiss();
 }
 
 void moduleRLKWidget::ShowRestarting(bool nowRestarting) {
-    restarting = nowRestarting;
     ui->lblWait->setVisible(nowRestarting);
-    mainWindow->ShowActivity(nowRestarting ? QStringLiteral("Restarting the wireless connection module") : QString());
+    run.reset();
+    if (nowRestarting) {
+        run = std::make_unique<Run>(*mainWindow, QStringLiteral("wireless restart"), nullptr);
+        run->activity.ShowSeconds(QStringLiteral("Restarting the wireless connection module"));
+    }
 }
 
 void moduleRLKWidget::onRestartFailed() {
@@ -174,26 +171,20 @@ void moduleRLKWidget::onRestartFinished() {
         return;
     }
     const auto idleAgain = qScopeGuard([this] { ShowRestarting(false); });
-    mainWindow->EnableControls();
     LastResort::Run([this] {
         const WaitCursor waitCursor;
-        SetModule(mainWindow, server, network, module);
+        FillAnew();
     });
 }
 
 // The dialogs of the slots
 
 void moduleRLKWidget::ReadDevice(int slot) {
-    LastResort::Run([this, slot] {
-        DialogReadKRV dialog(slot, Device(slot), this);
-        if (!mainWindow->IsClosing()) {
-            dialog.exec();
-        }
-    });
+    LastResort::Run([this, slot] { ModalDialog<DialogReadKRV>(slot, Device(slot), this).Run(); });
 }
 
 void moduleRLKWidget::ConfigureDevice(int slot) {
-    Guarded(this, moduleTitle, QString(), [this, slot] {
+    errors.Try([this, slot] {
         RLK_Device* device = Device(slot);
         switch (device->DeviceType()) {
         case eRLK_DeviceType::KRV:
@@ -211,10 +202,7 @@ void moduleRLKWidget::ConfigureDevice(int slot) {
 template <class Dialog>
 void moduleRLKWidget::RunSettingsDialog(RLK_Device* device) {
     TavikLibrary::RLK_DeviceSettingsBase* settings = device->Settings();
-    Dialog dialog(mainWindow, device, settings);
-    if (!mainWindow->IsClosing()) {
-        dialog.exec();
-    }
+    ModalDialog<Dialog>(mainWindow, device, settings).Run();
 }
 
 void moduleRLKWidget::on_btnRead1_clicked() {

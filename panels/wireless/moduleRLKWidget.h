@@ -5,16 +5,14 @@
 #include <array>
 #include <memory>
 
-class HostWindow;
 class ModuleRestart;
+class Run;
 class QLineEdit;
 class QPushButton;
 
 namespace TavikLibrary {
 class RLK_Device;
 class TavikModuleRLK;
-class TavikNetwork;
-class TavikServer;
 } // namespace TavikLibrary
 
 namespace Ui {
@@ -23,20 +21,20 @@ class moduleRLKWidget;
 
 /// The panel of a wireless connection module: the hand tools in its six slots. Slots are numbered from 0
 /// here and from 1 on the screen.
-class moduleRLKWidget : public TypePanel {
+class moduleRLKWidget : public TypePanelOf<TavikLibrary::TavikModuleRLK> {
     Q_OBJECT
 
 public:
     explicit moduleRLKWidget(QWidget* parent);
     ~moduleRLKWidget() override;
 
-    /// Takes the module and fills the panel. Throws TavikException when the module cannot be asked; a hand
-    /// tool that does not answer is passed over.
-    void SetModule(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
-                   TavikLibrary::TavikModuleRLK* module);
     /// A slot can be read once it has an identity, and configured once its hand tool is known. Never throws;
     /// does nothing without a module.
     void SetEnabled(bool enable) override;
+
+protected:
+    void Fill() override;
+    std::vector<QWidget*> Commands() const override { return {}; }
 
 signals:
     /// Emitted on the restart's own thread, whatever became of the restart.
@@ -92,9 +90,5 @@ private:
     std::unique_ptr<Ui::moduleRLKWidget> ui;
     std::array<Row, slotCount> rows;
     std::shared_ptr<ModuleRestart> restart;
-    HostWindow* mainWindow = nullptr;
-    TavikLibrary::TavikServer* server = nullptr;
-    TavikLibrary::TavikNetwork* network = nullptr;
-    TavikLibrary::TavikModuleRLK* module = nullptr;
-    bool restarting = false;
+    std::unique_ptr<Run> run; ///< while the module restarts
 };

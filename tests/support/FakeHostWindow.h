@@ -7,11 +7,13 @@ class FakeHostWindow : public HostWindow {
     Q_OBJECT
 
 public:
-    void DisableControls() override { ++disabled; }
-    void EnableControls() override { ++enabled; }
     void RedisplayModuleInformation() override { ++redisplayed; }
     void Close() { BeginClosing(); }
 
+protected:
+    void SetControlsEnabled(bool enable) override { ++(enable ? enabled : disabled); }
+
+public:
     int disabled = 0;
     int enabled = 0;
     int redisplayed = 0;
