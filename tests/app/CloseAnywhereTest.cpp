@@ -1,10 +1,10 @@
 #include "app/Application.h"
 #include "simulator/control/BenchControl.h"
 #include "tests/support/GuardedTest.h"
-#include "tools/driver/QtMessages.h"
-#include "tools/monkey/EventSender.h"
 #include "tools/bench/VirtualClock.h"
+#include "tools/driver/QtMessages.h"
 #include "tools/driver/Screen.h"
+#include "tools/monkey/EventSender.h"
 #include "tools/monkey/Session.h"
 #include "tools/oracle/Oracle.h"
 
@@ -53,7 +53,8 @@ bool IsReached(const QString& name) {
     if (name == QLatin1String("restart")) {
         return true; // over as soon as the thread has been at it
     }
-    return front->windowTitle() == name || (front->parentWidget() == nullptr && Oracle::RunsOffered(*front).contains(name));
+    return front->windowTitle() == name ||
+           (front->parentWidget() == nullptr && Oracle::RunsOffered(*front).contains(name));
 }
 
 [[noreturn]] void EndWith(const QStringList& failures) {

@@ -1,6 +1,6 @@
 #include "app/AboutBox.h"
-#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QLabel>
 #include <QSpinBox>

@@ -1,7 +1,7 @@
 #include "panels/common/LastResort.h"
 
-#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <stdexcept>
 #include <thread>

@@ -2,8 +2,8 @@
 
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
-#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QPushButton>
 #include <QTableWidget>

@@ -1,5 +1,5 @@
-#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QPushButton>
 #include <QTabWidget>

@@ -2,9 +2,9 @@
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
 #include "panels/module/TavikModuleWidget.h"
-#include "tools/bench/Benches.h"
 #include "tests/support/FakeHostWindow.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QListWidget>
 #include <QRadioButton>

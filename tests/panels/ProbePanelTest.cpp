@@ -1,6 +1,6 @@
 #include "library/TavikModuleKX.h"
-#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QGroupBox>
 #include <QListWidget>

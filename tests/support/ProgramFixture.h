@@ -4,8 +4,8 @@
 #include "app/MainWindow.h"
 #include "tests/support/Calls.h"
 #include "tests/support/GuardedTest.h"
-#include "tools/driver/QtMessages.h"
 #include "tools/driver/DialogResponder.h"
+#include "tools/driver/QtMessages.h"
 #include "tools/driver/WidgetDriver.h"
 
 #include <QObject>

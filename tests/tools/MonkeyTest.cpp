@@ -51,7 +51,7 @@ QStringList StepsNamedIn(const QString& output) {
 }
 
 const QStringList seededSteps = {QStringLiteral("click btnConnectAll"), QStringLiteral("tab qt_tabwidget_tabbar 1"),
-                                  QStringLiteral("row listModules 0 0")};
+                                 QStringLiteral("row listModules 0 0")};
 
 QStringList WithSeededFault(const QStringList& arguments) {
     QStringList all = arguments;
@@ -128,7 +128,7 @@ void MonkeyTest::endsOfRuns_data() {
     QTest::addColumn<QString>("kind");
     QTest::newRow("well") << QStringLiteral("100 events\n") << false << 0 << QString();
     QTest::newRow("failure") << QStringLiteral("Qt: 5\ncomplaint: Module 12 said \"no 5\".\ncomplaint: b\n") << false
-                               << 3 << QStringLiteral("failure: Module N said N.");
+                             << 3 << QStringLiteral("failure: Module N said N.");
     QTest::newRow("sanitizer") << QStringLiteral("==7==ERROR: AddressSanitizer: heap-use-after-free on 0x1\n") << false
                                << 1 << QStringLiteral("ERROR: AddressSanitizer: heap-use-after-free");
     QTest::newRow("crash") << QStringLiteral("x\n") << true << 11 << QStringLiteral("crash");
@@ -146,8 +146,8 @@ void MonkeyTest::endsOfRuns() {
 }
 
 void MonkeyTest::seededFaultIsFoundAndMinimised() {
-    const Run run = RunMonkey(
-        WithSeededFault({QStringLiteral("--seed"), QStringLiteral("3"), QStringLiteral("--events"), QStringLiteral("3000")}));
+    const Run run = RunMonkey(WithSeededFault(
+        {QStringLiteral("--seed"), QStringLiteral("3"), QStringLiteral("--events"), QStringLiteral("3000")}));
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.output.contains(QLatin1String("failure: Seeded fault reached.")), qPrintable(run.output));
     QVERIFY2(run.output.contains(QLatin1String("of seed 3")), qPrintable(run.output));
@@ -158,8 +158,9 @@ void MonkeyTest::seededFaultIsFoundAndMinimised() {
 }
 
 void MonkeyTest::seededCrashIsFoundAndMinimised() {
-    const Run run = RunMonkey(WithSeededFault({QStringLiteral("--seed"), QStringLiteral("4"), QStringLiteral("--events"),
-                                         QStringLiteral("3000"), QStringLiteral("--seeded-crash")}));
+    const Run run =
+        RunMonkey(WithSeededFault({QStringLiteral("--seed"), QStringLiteral("4"), QStringLiteral("--events"),
+                                   QStringLiteral("3000"), QStringLiteral("--seeded-crash")}));
     QCOMPARE(run.exitCode, 1);
     QCOMPARE(StepsNamedIn(run.output), seededSteps);
 }

@@ -1,10 +1,14 @@
-#include "tools/monkey/Judge.h"
+#include "tools/oracle/Oracle.h"
 
-#include "tools/bench/Benches.h"
+#include "panels/common/Activity.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 #include "tools/driver/FailureLog.h"
 #include "tools/monkey/ExpectedErrors.h"
+#include "tools/monkey/SessionOracle.h"
 
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
@@ -17,8 +21,8 @@ const QString title = QStringLiteral("Tavik Library Test");
 
 } // namespace
 
-/// What the monkey's judge has to say of a program that is broken by hand.
-class JudgeTest : public ProgramFixture {
+/// What the monkey's oracle has to say of a program that is broken by hand.
+class OracleTest : public ProgramFixture {
     Q_OBJECT
 
 private slots:
@@ -28,6 +32,9 @@ private slots:
     void statusBarIsLeft();
     void stopIsLeftEnabled();
     void loopThatCannotBeStopped();
+    void listOfAnotherNetwork();
+    void pageOfAnotherModule();
+    void emptyPageOffersNothing();
     void boxes_data();
     void boxes();
     void boxThatTellsOfAFailedCall();
@@ -38,14 +45,14 @@ private slots:
     void warningOfQt();
 
 private:
-    /// What the judge says while such a box is open.
+    /// What the oracle says while such a box is open.
     QStringList SaysOf(const QString& boxTitle, const QString& text, const Standing& standing,
                        QMessageBox::Icon icon = QMessageBox::Critical,
                        QMessageBox::StandardButtons buttons = QMessageBox::Ok, Qt::TextFormat format = Qt::PlainText);
     void OpenBench() {
         Open(Benches::Two());
-        judge = std::make_unique<Judge>(bench);
-        judge->Look({});
+        oracle = std::make_unique<SessionOracle>(bench);
+        oracle->Look({});
     }
     void FailPing() {
         FailNext("LibraryVersion", QStringLiteral("Silence."));
@@ -55,64 +62,87 @@ private:
     }
 
     const MonkeyBench bench{};
-    std::unique_ptr<Judge> judge;
+    std::unique_ptr<SessionOracle> oracle;
 };
 
-QStringList JudgeTest::SaysOf(const QString& boxTitle, const QString& text, const Standing& standing,
-                              QMessageBox::Icon icon, QMessageBox::StandardButtons buttons, Qt::TextFormat format) {
+QStringList OracleTest::SaysOf(const QString& boxTitle, const QString& text, const Standing& standing,
+                               QMessageBox::Icon icon, QMessageBox::StandardButtons buttons, Qt::TextFormat format) {
     QMessageBox box(icon, boxTitle, text, buttons, &Window());
     box.setTextFormat(format);
     box.setWindowModality(Qt::ApplicationModal);
     box.show();
-    return judge->Look(standing);
+    return oracle->Look(standing);
 }
 
-void JudgeTest::nothingIsWrong() {
+void OracleTest::nothingIsWrong() {
     OpenBench();
-    QCOMPARE(judge->Look({}), QStringList());
-    QCOMPARE(judge->Doubts(), QStringList());
+    QCOMPARE(oracle->Look({}), QStringList());
+    QCOMPARE(oracle->Doubts(), QStringList());
 }
 
-void JudgeTest::cursorIsLeft() {
+void OracleTest::cursorIsLeft() {
     OpenBench();
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    judge->Look({});
+    oracle->Look({});
     QApplication::restoreOverrideCursor();
-    QCOMPARE(judge->Doubts(), QStringList{QStringLiteral("The wait cursor is left.")});
+    QCOMPARE(oracle->Doubts(), QStringList{QStringLiteral("Cursor: expected none, got an override cursor.")});
 }
 
-void JudgeTest::controlIsLeftDisabled() {
+void OracleTest::controlIsLeftDisabled() {
     OpenBench();
     Operator().Find("btnConnectAll")->setEnabled(false);
-    judge->Look({});
-    QCOMPARE(judge->Doubts(),
-             QStringList{QStringLiteral(
-                 "btnConnectAll is disabled, the status bar says \"\", and what can be stopped is: nothing")});
+    oracle->Look({});
+    QCOMPARE(oracle->Doubts(), QStringList{QStringLiteral("btnConnectAll, idle: expected enabled, got disabled.")});
 }
 
-void JudgeTest::statusBarIsLeft() {
+void OracleTest::statusBarIsLeft() {
     OpenBench();
-    Window().ShowActivity(QStringLiteral("Reading"));
-    judge->Look({});
-    QCOMPARE(judge->Doubts().first(),
-             QString{QStringLiteral("The status bar says \"Reading\", and what can be stopped is: nothing")});
+    const Activity activity(&Window(), QStringLiteral("Reading"));
+    oracle->Look({});
+    QCOMPARE(oracle->Doubts().first(),
+             QStringLiteral("Idle: expected no activity and no holder of the controls, got \"Reading\", holders: ."));
 }
 
-void JudgeTest::stopIsLeftEnabled() {
+void OracleTest::stopIsLeftEnabled() {
     OpenNetwork(Benches::Two());
-    judge = std::make_unique<Judge>(bench);
+    oracle = std::make_unique<SessionOracle>(bench);
     Operator().Find("btnStopNotify")->setEnabled(true);
-    judge->Look({});
-    QCOMPARE(judge->Doubts().value(0), QStringLiteral("A notify run can be stopped, though there is none."));
+    oracle->Look({});
+    QCOMPARE(oracle->Doubts().value(0), QStringLiteral("btnStopNotify, idle: expected disabled, got enabled."));
 }
 
-void JudgeTest::loopThatCannotBeStopped() {
+void OracleTest::loopThatCannotBeStopped() {
     OpenBench();
-    judge->Look({true, false, false, false});
-    QCOMPARE(judge->Doubts().value(0), QStringLiteral("A loop runs that cannot be stopped."));
+    oracle->Look({true, false, false, false});
+    QCOMPARE(oracle->Doubts().value(0), QStringLiteral("Loop of the program: expected an enabled stop, got none."));
 }
 
-void JudgeTest::boxes_data() {
+void OracleTest::listOfAnotherNetwork() {
+    OpenNetwork(Benches::Two());
+    QCOMPARE(Oracle::PageErrors(Window()), QStringList());
+    delete Window().findChild<QListWidget*>(QStringLiteral("listModules"))->takeItem(1);
+    QCOMPARE(Oracle::PageErrors(Window()),
+             QStringList{QStringLiteral("listModules, network \"Alpha\" selected: expected rows KX00000001 KX00000002 "
+                                        "RN00000003 or none, got KX00000001 RN00000003.")});
+}
+
+void OracleTest::pageOfAnotherModule() {
+    OpenModule(Benches::Two(), 0);
+    QCOMPARE(Oracle::PageErrors(Window()), QStringList());
+    Window().findChild<QLineEdit*>(QStringLiteral("tbTavikIdentity"))->setText(QStringLiteral("KX00000002"));
+    QCOMPARE(Oracle::PageErrors(Window()),
+             QStringList{QStringLiteral("moduleWidget: expected module \"KX00000001\" or none, got \"KX00000002\".")});
+}
+
+void OracleTest::emptyPageOffersNothing() {
+    OpenModule(Benches::Two(), 0);
+    Window().findChild<QLineEdit*>(QStringLiteral("tbTavikIdentity"))->clear();
+    const QStringList errors = Oracle::PageErrors(Window());
+    QCOMPARE(errors.size(), 1);
+    QVERIFY(errors.first().startsWith(QLatin1String("moduleWidget, empty: expected no enabled command, got ")));
+}
+
+void OracleTest::boxes_data() {
     QTest::addColumn<QString>("boxTitle");
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("icon");
@@ -123,21 +153,21 @@ void JudgeTest::boxes_data() {
     const int plain = Qt::PlainText;
     const QString own = QStringLiteral("Failed to connect to network");
     QTest::newRow("of no failed call") << title << QStringLiteral("Silence.") << int(QMessageBox::Critical) << ok
-                                       << plain << QStringLiteral("An error box that no failed call accounts for");
+                                       << plain << QStringLiteral("Error box");
     QTest::newRow("of the program's own") << title << own << int(QMessageBox::Critical) << ok << plain << QString();
     QTest::newRow("empty") << QStringLiteral("Reading Timer") << QString() << int(QMessageBox::Information) << ok
-                           << plain << QStringLiteral("A box whose text is empty");
+                           << plain << QStringLiteral("Message box: expected a title, a plain text");
     QTest::newRow("markup") << title << own << int(QMessageBox::Critical) << ok << int(Qt::AutoText)
-                            << QStringLiteral("A box whose text is empty or may be taken for markup");
+                            << QStringLiteral("Message box: expected a title, a plain text");
     QTest::newRow("without a title") << QString() << own << int(QMessageBox::Critical) << ok << plain
-                                     << QStringLiteral("A box without a title");
+                                     << QStringLiteral("Message box: expected a title, a plain text");
     QTest::newRow("without OK") << title << own << int(QMessageBox::Critical) << int(QMessageBox::Close) << plain
-                                << QStringLiteral("A box with other buttons than usual");
+                                << QStringLiteral("Message box: expected a title, a plain text and the buttons OK");
     QTest::newRow("unknown") << QStringLiteral("News") << own << int(QMessageBox::Information) << ok << plain
-                             << QStringLiteral("An unknown box");
+                             << QStringLiteral("Message box: expected a known title");
 }
 
-void JudgeTest::boxes() {
+void OracleTest::boxes() {
     QFETCH(QString, boxTitle);
     QFETCH(QString, text);
     QFETCH(int, icon);
@@ -154,13 +184,13 @@ void JudgeTest::boxes() {
     }
 }
 
-void JudgeTest::boxThatTellsOfAFailedCall() {
+void OracleTest::boxThatTellsOfAFailedCall() {
     OpenBench();
     FailPing();
     QCOMPARE(SaysOf(title, QStringLiteral("Error: Silence."), {false, true, false, false}), QStringList());
 }
 
-void JudgeTest::boxThatTellsItTwice() {
+void OracleTest::boxThatTellsItTwice() {
     OpenBench();
     FailPing();
     const Standing faulty{false, true, false, false};
@@ -168,14 +198,14 @@ void JudgeTest::boxThatTellsItTwice() {
     QCOMPARE(SaysOf(title, QStringLiteral("Silence."), faulty).size(), 1);
 }
 
-void JudgeTest::refusalOnABenchWithoutFaults() {
+void OracleTest::refusalOnABenchWithoutFaults() {
     OpenBench();
     FailPing();
     const QString says = SaysOf(title, QStringLiteral("Silence."), {}).value(0);
-    QVERIFY2(says.startsWith(QLatin1String("Nothing was wrong with the bench")), qPrintable(says));
+    QVERIFY2(says.startsWith(QLatin1String("server.LibraryVersion()")), qPrintable(says));
 }
 
-void JudgeTest::toolThatIsSwitchedOff() {
+void OracleTest::toolThatIsSwitchedOff() {
     JournalEntry call;
     call.operation = "GetDisplayedResolution";
     call.error = "Hand tool KRX0000002 does not answer: it has switched itself off.";
@@ -184,18 +214,18 @@ void JudgeTest::toolThatIsSwitchedOff() {
     QVERIFY(!IsExpectedError(call, bench));
 }
 
-void JudgeTest::boxAfterTheClosing() {
+void OracleTest::boxAfterTheClosing() {
     OpenBench();
     const QStringList says = SaysOf(title, QStringLiteral("Failed to connect to network"), {false, false, false, true});
-    QVERIFY(says.value(0).startsWith(QLatin1String("After the window had been closed")));
+    QVERIFY(says.value(0).startsWith(QLatin1String("Closed window: expected no dialog")));
 }
 
-void JudgeTest::warningOfQt() {
+void OracleTest::warningOfQt() {
     OpenBench();
     qWarning("QTimer: something");
-    QCOMPARE(judge->Look({}), QStringList{QStringLiteral("Qt complains: QTimer: something")});
+    QCOMPARE(oracle->Look({}), QStringList{QStringLiteral("Qt complains: QTimer: something")});
 }
 
-TAVIK_TEST_MAIN(JudgeTest)
+TAVIK_TEST_MAIN(OracleTest)
 
-#include "JudgeTest.moc"
+#include "OracleTest.moc"

@@ -172,8 +172,8 @@ void SweepTest::sampleIsTheSeeds() {
     }
     QCOMPARE(different.size(), 60);
     QCOMPARE(counts[FaultType::Code], 3);
-    for (const FaultType faultType :
-         {FaultType::Once, FaultType::OnceRuntimeError, FaultType::Persistent, FaultType::PersistentRuntimeError, FaultType::Slow}) {
+    for (const FaultType faultType : {FaultType::Once, FaultType::OnceRuntimeError, FaultType::Persistent,
+                                      FaultType::PersistentRuntimeError, FaultType::Slow}) {
         QVERIFY(counts[faultType] == 11 || counts[faultType] == 12);
     }
     QCOMPARE(SampleOf(failures, 1000, 1).size(), failures.size());

@@ -1,6 +1,5 @@
 #include "tools/bench/VirtualClock.h"
 
-#include "panels/common/Wait.h"
 #include "simulator/control/BenchControl.h"
 #include "tools/bench/OtherThreads.h"
 
@@ -46,13 +45,13 @@ extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
 }
 
 /// The program's sleeps.
-void SleepMicroseconds(unsigned int microseconds) {
-    constexpr double microsecondsPerSecond = 1e6;
+extern "C" int nanosleep(const timespec* duration, timespec* remaining) {
     if (ownSteady) {
-        VirtualClock::Pass(microseconds / microsecondsPerSecond);
-    } else {
-        usleep(microseconds);
+        VirtualClock::Pass(static_cast<double>(duration->tv_sec) +
+                           static_cast<double>(duration->tv_nsec) / static_cast<double>(nanosecondsPerSecond));
+        return 0;
     }
+    return static_cast<int>(syscall(SYS_nanosleep, duration, remaining));
 }
 
 void VirtualClock::Begin() {

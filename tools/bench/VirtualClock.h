@@ -6,7 +6,7 @@
 /// the date by 200 ms, so that a loop that counts readings against the date always counts the same. Other threads keep
 /// the computer's time.
 ///
-/// VirtualClock.cpp defines clock_gettime and SleepMicroseconds, which the linker prefers to those of the libraries.
+/// VirtualClock.cpp defines clock_gettime and nanosleep, which the linker prefers to those of the libraries.
 namespace VirtualClock {
 
 /// Starts the virtual time of the calling thread.

@@ -17,8 +17,8 @@ ROOMS = {
     "app": ["library", "panels"],
     "packaging": [],
     "tests": ["library", "panels", "app", "simulator", "tools"],
-    "tools": ["library", "panels", "app", "simulator/control", "tests/support"],
-    "benchmarks": ["library", "panels", "app", "simulator/control", "tests/support", "tools"],
+    "tools": ["library", "panels", "app", "simulator/control"],
+    "benchmarks": ["library", "panels", "app", "simulator/control", "tools"],
 }
 ROOMS_WITHOUT_QT = ("library", "simulator")
 

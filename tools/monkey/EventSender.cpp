@@ -1,8 +1,8 @@
 #include "tools/monkey/EventSender.h"
 
 #include "app/MainWindow.h"
-#include "tools/monkey/BenchSteps.h"
 #include "tools/driver/Screen.h"
+#include "tools/monkey/BenchSteps.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

@@ -1,10 +1,10 @@
 #include "tools/monkey/Play.h"
 
 #include "app/Application.h"
+#include "tools/bench/VirtualClock.h"
 #include "tools/driver/QtMessages.h"
 #include "tools/monkey/EventGenerator.h"
 #include "tools/monkey/EventSender.h"
-#include "tools/bench/VirtualClock.h"
 #include "tools/monkey/Session.h"
 
 #include <QFile>

@@ -2,11 +2,11 @@
 
 #include "panels/common/BackgroundCalls.h"
 #include "simulator/control/BenchControl.h"
-#include "tools/driver/FailureLog.h"
-#include "tools/monkey/EventSender.h"
 #include "tools/bench/OtherThreads.h"
 #include "tools/bench/VirtualClock.h"
+#include "tools/driver/FailureLog.h"
 #include "tools/driver/WidgetDriver.h"
+#include "tools/monkey/EventSender.h"
 #include "tools/oracle/Oracle.h"
 
 #include <QApplication>
@@ -134,7 +134,8 @@ bool Session::CheckNow(bool inLoop) {
         Fail(failures);
     }
     if (window->IsClosing() && ++looksSinceClose > looksToEnd) {
-        Fail({QStringLiteral("Closed window: expected the program to end within %1 looks, got no end.").arg(looksToEnd)});
+        Fail({QStringLiteral("Closed window: expected the program to end within %1 looks, got no end.")
+                  .arg(looksToEnd)});
     }
     doubtfulLooks = oracle.Doubts().isEmpty() ? 0 : doubtfulLooks + 1;
     if (doubtfulLooks > looksOfDoubt) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/MainWindow.h"
-#include "tools/monkey/SessionOracle.h"
 #include "tools/bench/MonkeyBench.h"
+#include "tools/monkey/SessionOracle.h"
 #include "tools/monkey/Step.h"
 
 #include <QCryptographicHash>

@@ -113,13 +113,12 @@ void SessionOracle::CheckErrorText(const QString& title, const QString& text, co
     const auto cause =
         std::find_if(causes.begin(), causes.end(), [&](const JournalEntry& entry) { return Tells(text, entry); });
     if (cause == causes.end()) {
-        Fail(QStringLiteral("Error box \"%1\": expected the text of a failed call, got \"%2\".")
-                     .arg(title, text));
+        Fail(QStringLiteral("Error box \"%1\": expected the text of a failed call, got \"%2\".").arg(title, text));
         return;
     }
     if (!standing.faulty && !IsExpectedError(*cause, bench)) {
         Fail(QStringLiteral("%1, bench without faults: expected no error, got \"%2\": \"%3\".")
-                     .arg(QString::fromStdString(CallText(*cause)), title, text));
+                 .arg(QString::fromStdString(CallText(*cause)), title, text));
     }
     causes.erase(cause);
 }

@@ -94,10 +94,14 @@ QString SelectedModule(const QWidget& window) {
 
 QString SelectedNetwork(const QWidget& window) {
     const QList<QTableWidgetItem*> cells = In<QTableWidget>(window, "tableNetworks")->selectedItems();
-    return cells.isEmpty() ? QString() : In<QTableWidget>(window, "tableNetworks")->item(cells.first()->row(), 0)->text();
+    return cells.isEmpty() ? QString()
+                           : In<QTableWidget>(window, "tableNetworks")->item(cells.first()->row(), 0)->text();
 }
 
 void CheckList(const QWidget& window, QStringList& errors) {
+    if (OfferedPage(window, "tabNetwork") == nullptr) {
+        return;
+    }
     const QString network = SelectedNetwork(window);
     const auto* list = In<QListWidget>(window, "listModules");
     const std::vector<std::string> listed =
@@ -160,8 +164,9 @@ QStringList Oracle::IdleErrors(HostWindow& window) {
     window.statusBar()->clearMessage();
     const QString activity = window.statusBar()->currentMessage();
     if (!activity.isEmpty() || window.ControlsAreHeld()) {
-        errors.append(QStringLiteral("Idle: expected no activity and no holder of the controls, got \"%1\", holders: %2.")
-                          .arg(activity, window.Holders().join(QStringLiteral(", "))));
+        errors.append(
+            QStringLiteral("Idle: expected no activity and no holder of the controls, got \"%1\", holders: %2.")
+                .arg(activity, window.Holders().join(QStringLiteral(", "))));
     }
     for (const Page& page : Pages()) {
         for (const char* control : page.use) {
@@ -172,8 +177,8 @@ QStringList Oracle::IdleErrors(HostWindow& window) {
     }
     for (const char* control : moduleListControls) {
         if (!SelectedModule(window).isEmpty() && !IsEnabled(window, control)) {
-            errors.append(QStringLiteral("%1, module selected: expected enabled, got disabled.")
-                              .arg(QLatin1String(control)));
+            errors.append(
+                QStringLiteral("%1, module selected: expected enabled, got disabled.").arg(QLatin1String(control)));
         }
     }
     return errors;
@@ -207,7 +212,7 @@ QStringList Oracle::PageErrors(const QWidget& window) {
         const QString shown = TextOf(*offered, page.subject);
         if (shown.isEmpty()) {
             CheckEmptyPage(window, *offered, errors);
-        } else if (page.name != QLatin1String("tabNetwork") && shown != SelectedModule(window)) {
+        } else if (qstrcmp(page.name, "tabNetwork") != 0 && shown != SelectedModule(window)) {
             errors.append(QStringLiteral("%1: expected module \"%2\" or none, got \"%3\".")
                               .arg(QLatin1String(page.name), SelectedModule(window), shown));
         }

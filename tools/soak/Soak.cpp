@@ -1,8 +1,8 @@
 #include "tools/soak/Soak.h"
 
+#include "tools/bench/TourClock.h"
 #include "tools/driver/FailureLog.h"
 #include "tools/tour/Steps.h"
-#include "tools/bench/TourClock.h"
 
 #include <QCoreApplication>
 #include <QEvent>

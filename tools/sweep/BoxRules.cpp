@@ -18,7 +18,8 @@ using Calls = std::vector<JournalEntry>;
 /// What the operator should see of the first call that was failedCall.
 FailureBox DueBox(const TourStep& step) {
     Calls calls = TavikSimulator::Journal();
-    const auto failedCall = std::find_if(calls.begin(), calls.end(), [](const JournalEntry& call) { return call.faulted; });
+    const auto failedCall =
+        std::find_if(calls.begin(), calls.end(), [](const JournalEntry& call) { return call.faulted; });
     calls.erase(failedCall + 1, calls.end());
     return step.failure(calls);
 }
@@ -44,7 +45,7 @@ bool IsFor(const SeenBox& box, const FailureBox& due) {
 
 /// What is wrong with boxes that are none of those that can be due.
 QStringList ErrorsOfEach(const QVector<SeenBox>& shown, const std::vector<FailureBox>& possible,
-                      bool (*is)(const SeenBox&, const FailureBox&)) {
+                         bool (*is)(const SeenBox&, const FailureBox&)) {
     QStringList wrong;
     for (const SeenBox& box : shown) {
         const bool isPossible =
@@ -68,18 +69,22 @@ QStringList ErrorsOfOne(const QVector<SeenBox>& shown, const FailureBox& due) {
 
 /// Many failures: the first has exactly its box. The others are boxes of this step or the last resort, with the
 /// text of the failure; which of them is due cannot be told of a step that has gone wrong already.
-QStringList ErrorsOfMany(const QVector<SeenBox>& shown, const FailureBox& due, const std::vector<FailureBox>& possible) {
+QStringList ErrorsOfMany(const QVector<SeenBox>& shown, const FailureBox& due,
+                         const std::vector<FailureBox>& possible) {
     QStringList wrong = ErrorsOfEach(shown, possible, IsFor);
     // The last resort waits for the end of what failed, and may open over another box: the order tells nothing.
     const bool hasDue = std::any_of(shown.begin(), shown.end(), [&](const SeenBox& box) { return IsFor(box, due); });
     if (due.shown && !hasDue) {
-        wrong.append(QStringLiteral("Error boxes: expected that of the first failure among %1, got others.").arg(shown.size()));
+        wrong.append(
+            QStringLiteral("Error boxes: expected that of the first failure among %1, got others.").arg(shown.size()));
     }
     const Calls calls = TavikSimulator::Journal();
     const auto failed =
         std::count_if(calls.begin(), calls.end(), [](const JournalEntry& call) { return call.faulted; });
     if (shown.size() > failed) {
-        wrong.append(QStringLiteral("Error boxes: expected at most %1, one for each failed call, got %2.").arg(failed).arg(shown.size()));
+        wrong.append(QStringLiteral("Error boxes: expected at most %1, one for each failed call, got %2.")
+                         .arg(failed)
+                         .arg(shown.size()));
     }
     return wrong;
 }

@@ -9,8 +9,8 @@ struct CallPlace {
     std::uint64_t inStep = 1; ///< its number among the calls of the step
 };
 
-/// The steps of a scenario and their calls: first those of all steps that every tour takes, then those of the slow ones,
-/// which only tours take in which they fail. Calls that never fail are left out.
+/// The steps of a scenario and their calls: first those of all steps that every tour takes, then those of the slow
+/// ones, which only tours take in which they fail. Calls that never fail are left out.
 class CallIndex {
 public:
     /// Takes the scenario once, with nothing failing; goes wrong only with the program.

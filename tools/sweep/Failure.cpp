@@ -3,8 +3,9 @@
 #include <algorithm>
 
 const std::vector<FaultType>& FaultTypes() {
-    static const std::vector<FaultType> all{FaultType::Once,      FaultType::OnceRuntimeError, FaultType::Persistent,
-                                          FaultType::PersistentRuntimeError, FaultType::Slow,        FaultType::Code};
+    static const std::vector<FaultType> all{FaultType::Once,       FaultType::OnceRuntimeError,
+                                            FaultType::Persistent, FaultType::PersistentRuntimeError,
+                                            FaultType::Slow,       FaultType::Code};
     return all;
 }
 
@@ -42,8 +43,8 @@ std::optional<Failure> FailureFromText(const QString& text) {
     const QString word = text.section(QLatin1Char('@'), 0, 0);
     bool isNumber = false;
     const std::uint64_t call = text.section(QLatin1Char('@'), 1).toULongLong(&isNumber);
-    const auto faultType =
-        std::find_if(FaultTypes().begin(), FaultTypes().end(), [&word](FaultType known) { return WordOf(known) == word; });
+    const auto faultType = std::find_if(FaultTypes().begin(), FaultTypes().end(),
+                                        [&word](FaultType known) { return WordOf(known) == word; });
     if (!isNumber || call == 0 || faultType == FaultTypes().end()) {
         return std::nullopt;
     }

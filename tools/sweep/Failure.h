@@ -9,12 +9,12 @@
 
 /// How a call of the library fails.
 enum class FaultType {
-    Once,        ///< throws a TavikException
+    Once,             ///< throws a TavikException
     OnceRuntimeError, ///< throws a std::runtime_error
-    Persistent,          ///< throws a TavikException, and so do all after it until the operator's step has been judged
-    PersistentRuntimeError,   ///< the same with a std::runtime_error
-    Slow,        ///< takes three seconds
-    Code,        ///< returns an error's code in place of its result
+    Persistent,       ///< throws a TavikException, and so do all after it until the operator's step has been judged
+    PersistentRuntimeError, ///< the same with a std::runtime_error
+    Slow,                   ///< takes three seconds
+    Code,                   ///< returns an error's code in place of its result
 };
 
 /// All of them.

@@ -13,11 +13,11 @@ Scenario PanelScenario(const char* kind) {
 
 std::vector<Scenario> MakeScenarios() {
     std::vector<Scenario> scenarios{{QStringLiteral("main"), SmallTourBench, TourSteps},
-                                {QStringLiteral("wireless"), WirelessTourBench, WirelessTourSteps},
-                                {QStringLiteral("difference"), DifferenceTourBench, ModesTourSteps},
-                                {QStringLiteral("reference-mark"), ReferenceMarkTourBench, ModesTourSteps},
-                                {QStringLiteral("buffered"), BufferedTourBench, ModesTourSteps},
-                                {QStringLiteral("dynamic"), DynamicTourBench, ModesTourSteps}};
+                                    {QStringLiteral("wireless"), WirelessTourBench, WirelessTourSteps},
+                                    {QStringLiteral("difference"), DifferenceTourBench, ModesTourSteps},
+                                    {QStringLiteral("reference-mark"), ReferenceMarkTourBench, ModesTourSteps},
+                                    {QStringLiteral("buffered"), BufferedTourBench, ModesTourSteps},
+                                    {QStringLiteral("dynamic"), DynamicTourBench, ModesTourSteps}};
     for (const char* kind : {"RN", "QTA", "SWAX", "SWAX2", "BW", "BWR", "BWK", "HVX"}) {
         scenarios.push_back(PanelScenario(kind));
     }
@@ -41,8 +41,8 @@ const std::vector<Scenario>& Scenarios() {
 }
 
 const Scenario* FindScenario(const QString& name) {
-    const auto found =
-        std::find_if(Scenarios().begin(), Scenarios().end(), [&name](const Scenario& scenario) { return scenario.name == name; });
+    const auto found = std::find_if(Scenarios().begin(), Scenarios().end(),
+                                    [&name](const Scenario& scenario) { return scenario.name == name; });
     return found == Scenarios().end() ? nullptr : &*found;
 }
 

@@ -66,8 +66,8 @@ void StopWhatStillRuns(Tour& tour) {
 QStringList StateErrors(Tour& tour) {
     QStringList errors = Oracle::IdleErrors(tour.Window()) + Oracle::PageErrors(tour.Window());
     if (QApplication::activeModalWidget() != nullptr) {
-        errors.append(QStringLiteral("Dialog: expected none, got \"%1\".")
-                          .arg(QApplication::activeModalWidget()->windowTitle()));
+        errors.append(
+            QStringLiteral("Dialog: expected none, got \"%1\".").arg(QApplication::activeModalWidget()->windowTitle()));
     }
     return errors;
 }
@@ -75,7 +75,8 @@ QStringList StateErrors(Tour& tour) {
 /// The call of the step that failed first.
 std::optional<JournalEntry> FirstFailedCall() {
     const std::vector<JournalEntry> calls = Journal();
-    const auto failedCall = std::find_if(calls.begin(), calls.end(), [](const JournalEntry& call) { return call.faulted; });
+    const auto failedCall =
+        std::find_if(calls.begin(), calls.end(), [](const JournalEntry& call) { return call.faulted; });
     return failedCall == calls.end() ? std::nullopt : std::make_optional(*failedCall);
 }
 
@@ -138,7 +139,8 @@ StepResult ScenarioRun::PerformFailing(const IndexedStep& indexed, const Failure
         ClearFaults();
         result.wrong = Finish(step);
         if (result.failedCall && BenchTime() < since + slowSeconds) {
-            result.wrong.append(QStringLiteral("Bench time of the slow call: expected %1 s or more, got less.").arg(slowSeconds));
+            result.wrong.append(
+                QStringLiteral("Bench time of the slow call: expected %1 s or more, got less.").arg(slowSeconds));
         }
     } else {
         result.wrong = BoxErrors(tour.boxes, indexed, failure.faultType);

@@ -34,7 +34,7 @@ public:
     explicit ScenarioRun(const TourBench& bench);
 
     /// A step in which nothing fails. Returns what is wrong.
-    QStringList Take(const TourStep& step);
+    QStringList Perform(const TourStep& step);
     /// A step with a failing call: what the operator sees of it, whether everything can be used afterwards, and whether
     /// the step succeeds when it is tried again.
     StepResult PerformFailing(const IndexedStep& indexed, const FailureInStep& failure);

@@ -1,6 +1,6 @@
 #include "app/Application.h"
-#include "tools/driver/QtMessages.h"
 #include "tools/driver/FailureLog.h"
+#include "tools/driver/QtMessages.h"
 #include "tools/sweep/FaultSample.h"
 #include "tools/sweep/Sweep.h"
 
@@ -38,7 +38,8 @@ QString Numbers(const QString& what, std::uint64_t calls, std::uint64_t failures
 }
 
 /// How many of the failures went wrong; a scenario that goes wrong without any counts as one.
-std::uint64_t Make(const Scenario& scenario, const std::function<std::vector<Failure>(const CallIndex& callIndex)>& choose) {
+std::uint64_t Make(const Scenario& scenario,
+                   const std::function<std::vector<Failure>(const CallIndex& callIndex)>& choose) {
     Sweep sweep(scenario);
     std::uint64_t wrong = Print(sweep.Way().Wrong()) > 0 ? 1 : 0;
     sweep.Make(choose(sweep.Way()));
@@ -81,7 +82,8 @@ int MakeSample(const QStringList& arguments) {
         if (scenario == nullptr || count == 0) {
             return Refuse(QStringLiteral("\"%1\" is not SCENARIO=COUNT.").arg(argument));
         }
-        wrong += Make(*scenario, [=](const CallIndex& callIndex) { return SampleOf(callIndex.Failures(), count, seed); });
+        wrong +=
+            Make(*scenario, [=](const CallIndex& callIndex) { return SampleOf(callIndex.Failures(), count, seed); });
     }
     return wrong == 0 ? 0 : 1;
 }

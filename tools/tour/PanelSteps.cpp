@@ -1,8 +1,8 @@
 #include "library/TavikModuleHVX.h"
 #include "library/TavikModuleLaser.h"
 #include "library/TavikModuleQTA.h"
-#include "tools/tour/Steps.h"
 #include "tools/bench/TourClock.h"
+#include "tools/tour/Steps.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

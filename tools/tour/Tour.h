@@ -2,9 +2,9 @@
 
 #include "app/MainWindow.h"
 #include "simulator/control/BenchControl.h"
+#include "tools/bench/TourBench.h"
 #include "tools/driver/DialogResponder.h"
 #include "tools/driver/WidgetDriver.h"
-#include "tools/bench/TourBench.h"
 
 #include <QTemporaryDir>
 

@@ -1,7 +1,7 @@
 #include "library/TavikModuleKX.h"
 #include "panels/modes/ReadBurstWidget.h"
-#include "tools/bench/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QClipboard>
 #include <QGroupBox>
