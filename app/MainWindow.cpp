@@ -23,6 +23,7 @@
 #include <QCloseEvent>
 #include <QInputDialog>
 #include <QScopeGuard>
+#include <QScrollArea>
 #include <QSignalBlocker>
 
 #include <initializer_list>
@@ -62,6 +63,12 @@ std::vector<ModulePages::Page> PagesOf(const Ui::MainWindow& ui) {
 
 MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_unique<Ui::MainWindow>()) {
     ui->setupUi(this);
+    // The pages that scroll have the background of those that do not.
+    const auto scrolling = ui->tabWidget->findChildren<QScrollArea*>();
+    for (QScrollArea* area : scrolling) {
+        area->viewport()->setAutoFillBackground(false);
+        area->widget()->setAutoFillBackground(false);
+    }
     modulePages = std::make_unique<ModulePages>(ui->tabWidget, PagesOf(*ui), *this, server);
     ui->tableNetworks->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     LastResort::Run([this] { ShowLibrary(); });

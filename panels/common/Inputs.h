@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
 #include <QWheelEvent>
@@ -24,7 +25,8 @@ protected:
     QStyleOptionViewItem viewOptions() const override;
 };
 
-/// A control whose value the wheel changes only while it has the focus; otherwise the wheel scrolls the page.
+/// A control whose value the wheel changes only while it has the focus; otherwise the wheel scrolls the page. While it
+/// is disabled it shows no selection.
 template <class Control>
 class WheelWithFocus : public Control {
 public:
@@ -36,6 +38,13 @@ protected:
             Control::wheelEvent(event);
         } else {
             event->ignore();
+        }
+    }
+    void changeEvent(QEvent* event) override {
+        Control::changeEvent(event);
+        auto* field = this->template findChild<QLineEdit*>();
+        if (event->type() == QEvent::EnabledChange && !this->isEnabled() && field != nullptr) {
+            field->deselect();
         }
     }
 };
