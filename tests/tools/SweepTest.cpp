@@ -23,7 +23,7 @@ Scenario ConnectingScenario(const FailureBox& due) {
 /// The first calls of the second step of a scenario, which comes after the start.
 std::vector<Failure> OfSecondStep(const Sweep& sweep, FaultType faultType) {
     constexpr std::uint64_t few = 2;
-    const IndexedStep& step = sweep.Way().Steps().at(1);
+    const IndexedStep& step = sweep.Index().Steps().at(1);
     std::vector<Failure> failures;
     for (std::uint64_t call = step.first; call < step.first + few; ++call) {
         failures.push_back({faultType, call});
@@ -67,10 +67,10 @@ void SweepTest::rightRuleHolds() {
     QFETCH(int, faultType);
     const Scenario scenario = ConnectingScenario(FailureBox());
     Sweep sweep(scenario);
-    QCOMPARE(sweep.Way().Wrong(), QStringList());
+    QCOMPARE(sweep.Index().Wrong(), QStringList());
     std::vector<Failure> failures;
-    for (const Failure& failure : sweep.Way().Failures()) {
-        if (static_cast<int>(failure.faultType) == faultType && sweep.Way().PlaceOf(failure.call)->step == 1) {
+    for (const Failure& failure : sweep.Index().Failures()) {
+        if (static_cast<int>(failure.faultType) == faultType && sweep.Index().PlaceOf(failure.call)->step == 1) {
             failures.push_back(failure);
         }
     }

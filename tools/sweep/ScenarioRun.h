@@ -43,7 +43,7 @@ public:
 
     /// The calls of the library that the last step made.
     std::vector<TavikSimulator::JournalEntry> CallsOfStep() const { return TavikSimulator::Journal(); }
-    Tour& Way() { return tour; }
+    Tour& CurrentTour() { return tour; }
     /// From now on nothing is painted, if there is a window: that takes most of the time, and no call depends on it.
     void WithoutPainting();
 

@@ -74,7 +74,7 @@ Sweep::Outcome Sweep::TakeStep(ScenarioRun& run, const Failure& failure, bool ag
     const CallPlace place = *callIndex.PlaceOf(failure.call);
     const TourStep& step = callIndex.Steps()[place.step].step;
     if (again) {
-        run.Way().GoTo(step.place);
+        run.CurrentTour().GoTo(step.place);
     }
     const StepResult result = run.PerformFailing(callIndex.Steps()[place.step], InStep(failure));
     const JournalEntry& meant = callIndex.CallAt(place);

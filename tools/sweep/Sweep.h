@@ -21,7 +21,7 @@ class Sweep {
 public:
     explicit Sweep(const Scenario& scenario) : scenario(scenario), callIndex(scenario) {}
 
-    const CallIndex& Way() const { return callIndex; }
+    const CallIndex& Index() const { return callIndex; }
     const std::map<FaultType, Tally>& Tallies() const { return tallies; }
 
     /// Makes these failures, in as many tours as it takes. What is wrong is reported on standard output, with how to

@@ -41,11 +41,11 @@ QString Numbers(const QString& what, std::uint64_t calls, std::uint64_t failures
 std::uint64_t Make(const Scenario& scenario,
                    const std::function<std::vector<Failure>(const CallIndex& callIndex)>& choose) {
     Sweep sweep(scenario);
-    std::uint64_t wrong = Print(sweep.Way().Wrong()) > 0 ? 1 : 0;
-    sweep.Make(choose(sweep.Way()));
+    std::uint64_t wrong = Print(sweep.Index().Wrong()) > 0 ? 1 : 0;
+    sweep.Make(choose(sweep.Index()));
     for (const auto& [faultType, tally] : sweep.Tallies()) {
         const QString what = QStringLiteral("%1 %2").arg(scenario.name, WordOf(faultType));
-        Print({Numbers(what, sweep.Way().Calls(), tally.failures, tally.wrong)});
+        Print({Numbers(what, sweep.Index().Calls(), tally.failures, tally.wrong)});
         wrong += tally.wrong;
     }
     return wrong + static_cast<std::uint64_t>(Print(FailureLog::Take()));
@@ -98,7 +98,7 @@ int TakeTour(const QStringList& arguments) {
     const auto given = arguments.mid(1);
     for (const QString& argument : given) {
         const std::optional<Failure> failure = FailureFromText(argument);
-        if (!failure || !sweep.Way().PlaceOf(failure->call)) {
+        if (!failure || !sweep.Index().PlaceOf(failure->call)) {
             return Refuse(QStringLiteral("\"%1\" is no failure of this scenario.").arg(argument));
         }
         failures.push_back(*failure);

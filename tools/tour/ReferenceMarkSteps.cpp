@@ -1,5 +1,5 @@
-#include "tools/tour/Steps.h"
 #include "tools/bench/TourClock.h"
+#include "tools/tour/Steps.h"
 
 #include <QDoubleSpinBox>
 
