@@ -85,7 +85,7 @@ enum class eTavikErrors : int {
 
 std::string eNetSpeed_ToString(eNetSpeed speed);
 /// The inverse of eNetSpeed_ToString. Throws TavikException for a text that names no speed.
-eNetSpeed eNetSpeed_FromString(const std::string& text);
+eNetSpeed eNetSpeed_FromString(std::string text);
 std::string eNetworkType_ToString(eNetworkType type);
 std::string eModuleType_ToString(eModuleType type);
 /// Answers for every value; never throws.

@@ -31,10 +31,10 @@ enum class eAveraging : int {
 
 std::string eResolution_ToString(eResolution resolution);
 /// The inverse of eResolution_ToString. Throws TavikException for a text that names no resolution.
-eResolution eResolution_FromString(const std::string& text);
+eResolution eResolution_FromString(std::string text);
 std::string eAveraging_ToString(eAveraging averaging);
 /// The inverse of eAveraging_ToString. Throws TavikException for a text that names no averaging.
-eAveraging eAveraging_FromString(const std::string& text);
+eAveraging eAveraging_FromString(std::string text);
 
 /// A digital probe.
 class TavikModuleKX : public TavikModule {

@@ -30,7 +30,7 @@ enum class eMeasuringRate : int {
 std::string eFilter_ToString(eFilter filter);
 std::string eMeasuringRate_ToString(eMeasuringRate rate);
 /// The inverse of eMeasuringRate_ToString. Throws TavikException for a text that names no rate.
-eMeasuringRate eMeasuringRate_FromString(const std::string& text);
+eMeasuringRate eMeasuringRate_FromString(std::string text);
 
 /// A laser whose beam can be switched.
 class TavikModuleBW : public TavikModuleKX {

@@ -41,7 +41,7 @@ public:
     /// for again after every call that changes the list.
     TavikModule* GetModule(unsigned int index);
     /// The list position of a module by its identity; -1 when it is not in the list.
-    int GetModuleIndexByID(const std::string& identity);
+    int GetModuleIndexByID(std::string identity);
 
     /// Starts a notify run, in which modules announce themselves and are added to the list one by one.
     void BeginNotifying();
@@ -50,7 +50,7 @@ public:
 
     /// Adds a module that is on the wire. The identity is 10 characters, upper-case letters and digits.
     /// The second text is the probe identity that is expected behind the module; empty for any.
-    void AddModule(const std::string& identity, const std::string& probeIdentity);
+    void AddModule(std::string identity, std::string probeIdentity);
     void DeleteModule(int index);
     void ClearModules();
     /// Clears what the network's connectors remember of the modules plugged into them.
@@ -78,9 +78,9 @@ public:
     void setNetSpeed(eNetSpeed speed);
 
     /// Reads the network's description from an XML file; path in UTF-8.
-    void Load(const std::string& path);
+    void Load(std::string path);
     /// Writes the network's description into an XML file; path in UTF-8.
-    void Save(const std::string& path);
+    void Save(std::string path);
 
     NetworkBuffered* Buffered();
     NetworkDifference* Difference();

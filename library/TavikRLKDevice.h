@@ -43,7 +43,8 @@ struct TavikChannelReading {
     int tag;
 };
 
-/// The readings of all channels of a hand tool, from one read.
+/// The readings of all channels of a hand tool, from one read. They are returned by value, so that their size is part
+/// of the binary interface.
 class TavikChannelReadings {
 public:
     class Implementation;
@@ -54,9 +55,9 @@ public:
     ~TavikChannelReadings();
 
     /// The number of channels read.
-    int ReadingCount() const;
+    int ReadingCount();
     /// The reading of a channel, 0 to ReadingCount() - 1. Throws TavikException beyond.
-    const TavikChannelReading& operator[](int channel) const;
+    const TavikChannelReading& operator[](int channel);
 
 private:
     Implementation* implementation;
@@ -74,10 +75,10 @@ public:
     /// The 10-character radio identity; empty for an empty slot.
     std::string TavikIdentity();
     /// 10 characters, or none to empty the slot. Becomes effective with TavikModuleRLK::Restart.
-    void setTavikIdentity(const std::string& identity);
+    void setTavikIdentity(std::string identity);
     std::string DeviceName();
     /// Up to 20 characters.
-    void setDeviceName(const std::string& name);
+    void setDeviceName(std::string name);
     eRLK_DeviceType DeviceType();
     eRLK_DeviceStatus ConnectionStatus();
     int NumChannels();

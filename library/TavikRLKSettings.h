@@ -42,7 +42,7 @@ public:
     void setConfigMode(bool on);
     bool EnteredConfigMode();
     /// Sends a command in the tool's own words and returns its reply; waits for it if asked to.
-    std::string SendCommand(const std::string& command, bool waitForReply);
+    std::string SendCommand(std::string command, bool waitForReply);
 
 protected:
     explicit RLK_DeviceSettingsBase(Implementation* implementation);

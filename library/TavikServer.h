@@ -7,7 +7,8 @@ namespace TavikLibrary {
 class TavikNetworks;
 
 /// The root of the library: owns everything that the other classes hand out. All pointers that come
-/// from the library are borrowed and end with the server.
+/// from the library are borrowed and end with the server. The server is held by value, so that its size is part of the
+/// binary interface.
 class TavikServer {
 public:
     /// Throws TavikException when the library cannot start.

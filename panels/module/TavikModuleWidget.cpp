@@ -148,7 +148,7 @@ void TavikModuleWidget::ShowProbeIdentity() {
     try {
         ShowInField(ui->tbProbeID, FromLibrary(module->ProbeIdentity()));
     } catch (const TavikLibrary::TavikException& error) {
-        if (error.ErrorCode() != notAvailableCode) {
+        if (error.errorCode != notAvailableCode) {
             throw TavikLibrary::TavikException(error);
         }
         ShowInField(ui->tbProbeID, QStringLiteral("Not Available"));

@@ -106,7 +106,7 @@ void DialogReadKRV::ShowDevice() {
 
 void DialogReadKRV::ShowReadings() {
     const bool normal = ui->radioNormal->isChecked();
-    const TavikChannelReadings readings =
+    TavikChannelReadings readings =
         device->ReadAllChannels(normal ? eRead3_ControlCode::Normal : eRead3_ControlCode::Tagged);
     const int channels = readings.ReadingCount();
     ui->readingsTable->setColumnCount(channels);
@@ -118,7 +118,7 @@ void DialogReadKRV::ShowReadings() {
     ui->readingsTable->setHorizontalHeaderLabels(headers);
 }
 
-void DialogReadKRV::ShowChannel(int channel, const TavikChannelReadings& readings) {
+void DialogReadKRV::ShowChannel(int channel, TavikChannelReadings& readings) {
     const auto show = [this, channel](Row row, const QString& text) {
         ui->readingsTable->setItem(row, channel, new QTableWidgetItem(text));
     };

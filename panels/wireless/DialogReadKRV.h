@@ -38,7 +38,7 @@ private:
     void ReadRepeatedly();
     void ShowDevice();
     void ShowReadings();
-    void ShowChannel(int channel, const TavikLibrary::TavikChannelReadings& readings);
+    void ShowChannel(int channel, TavikLibrary::TavikChannelReadings& readings);
     void ShowConnection();
     bool Connected();
 

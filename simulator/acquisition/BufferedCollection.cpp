@@ -20,7 +20,7 @@ TavikReading ReadingOf(const ModuleHardware& hardware, double seconds) {
     try {
         hardware.RequireReadable();
     } catch (const TavikLibrary::TavikException& refusal) {
-        return {refusal.ErrorCode(), 0, 0.0};
+        return {refusal.errorCode, 0, 0.0};
     }
     const Reading reading = hardware.ReadAt(seconds);
     return {reading.code, reading.counts, reading.units};

@@ -129,7 +129,7 @@ private:
                 return result;
             }
         } catch (const TavikLibrary::TavikException& exception) {
-            EndFailed(entry, exception.ErrorCode(), exception.what());
+            EndFailed(entry, exception.errorCode, exception.what());
             throw;
         } catch (const std::exception& exception) {
             EndFailed(entry, 0, exception.what());

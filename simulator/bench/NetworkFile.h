@@ -40,7 +40,7 @@ void NamingPlace(const std::string& file, int line, Checks checks) {
     try {
         checks();
     } catch (const TavikLibrary::TavikException& refusal) {
-        throw TavikLibrary::TavikException(refusal.ErrorCode(),
+        throw TavikLibrary::TavikException(refusal.errorCode,
                                            file + ", line " + std::to_string(line) + ": " + refusal.what());
     }
 }

@@ -32,7 +32,7 @@ std::string eNetSpeed_ToString(eNetSpeed speed) {
     return TavikSimulator::TextOf(speed, Speeds, "speed");
 }
 
-eNetSpeed eNetSpeed_FromString(const std::string& text) {
+eNetSpeed eNetSpeed_FromString(std::string text) {
     return TavikSimulator::ValueOf(text, Speeds, "network speed");
 }
 

@@ -65,7 +65,7 @@ TavikModule* TavikNetwork::GetModule(unsigned int index) {
         "GetModule", [&] { return implementation->network.Modules().At(index); }, index);
 }
 
-int TavikNetwork::GetModuleIndexByID(const std::string& identity) {
+int TavikNetwork::GetModuleIndexByID(std::string identity) {
     return implementation->Connected(
         "GetModuleIndexByID", [&] { return implementation->network.Modules().IndexOf(identity); }, identity);
 }
@@ -84,7 +84,7 @@ void TavikNetwork::CancelNotifying() {
     implementation->Always("CancelNotifying", [this] { implementation->network.Modules().CancelNotifying(); });
 }
 
-void TavikNetwork::AddModule(const std::string& identity, const std::string& probeIdentity) {
+void TavikNetwork::AddModule(std::string identity, std::string probeIdentity) {
     implementation->ConnectedAfter(
         "AddModule", [this] { implementation->network.SpendTransactions(1); },
         [&] { implementation->network.Modules().Add(identity, probeIdentity); }, identity, probeIdentity);
@@ -160,12 +160,12 @@ void TavikNetwork::setNetSpeed(eNetSpeed speed) {
         [&] { implementation->network.SetSpeed(speed); }, speed);
 }
 
-void TavikNetwork::Load(const std::string& path) {
+void TavikNetwork::Load(std::string path) {
     implementation->Connected(
         "Load", [&] { implementation->network.Restore(TavikSimulator::ReadNetworkFile(path), path); }, path);
 }
 
-void TavikNetwork::Save(const std::string& path) {
+void TavikNetwork::Save(std::string path) {
     implementation->Connected(
         "Save", [&] { TavikSimulator::WriteNetworkFile(implementation->network.Stored(), path); }, path);
 }

@@ -48,7 +48,7 @@ void TavikModule::Implementation::KeepReadingOf(double seconds) {
         hardware->RequireReadable();
         last = hardware->ReadAt(seconds);
     } catch (const TavikException& exception) {
-        last.code = exception.ErrorCode();
+        last.code = exception.errorCode;
     }
 }
 

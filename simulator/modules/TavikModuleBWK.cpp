@@ -20,7 +20,7 @@ std::string eMeasuringRate_ToString(eMeasuringRate rate) {
     return TavikSimulator::TextOf(rate, RateTexts, "measuring rate");
 }
 
-eMeasuringRate eMeasuringRate_FromString(const std::string& text) {
+eMeasuringRate eMeasuringRate_FromString(std::string text) {
     return TavikSimulator::ValueOf(text, RateTexts, "measuring rate");
 }
 

@@ -33,7 +33,7 @@ std::string eResolution_ToString(eResolution resolution) {
     return TavikSimulator::TextOf(resolution, Resolutions, "resolution");
 }
 
-eResolution eResolution_FromString(const std::string& text) {
+eResolution eResolution_FromString(std::string text) {
     return TavikSimulator::ValueOf(text, Resolutions, "resolution");
 }
 
@@ -41,7 +41,7 @@ std::string eAveraging_ToString(eAveraging averaging) {
     return TavikSimulator::TextOf(averaging, Averagings, "averaging");
 }
 
-eAveraging eAveraging_FromString(const std::string& text) {
+eAveraging eAveraging_FromString(std::string text) {
     return TavikSimulator::ValueOf(text, Averagings, "averaging");
 }
 

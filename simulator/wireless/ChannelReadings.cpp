@@ -32,7 +32,7 @@ TavikChannelReadings::~TavikChannelReadings() {
     delete implementation;
 }
 
-int TavikChannelReadings::ReadingCount() const {
+int TavikChannelReadings::ReadingCount() {
     const auto count = [this] { return static_cast<int>(implementation->readings.size()); };
     if (!implementation->access) {
         return count();
@@ -40,7 +40,7 @@ int TavikChannelReadings::ReadingCount() const {
     return implementation->access->module.LocalOf(implementation->name, "ReadingCount", count);
 }
 
-const TavikChannelReading& TavikChannelReadings::operator[](int channel) const {
+const TavikChannelReading& TavikChannelReadings::operator[](int channel) {
     const auto find = [this, channel] {
         if (channel < 0 || channel >= static_cast<int>(implementation->readings.size())) {
             TavikSimulator::Refuse(eTavikErrors::InvalidArgument,

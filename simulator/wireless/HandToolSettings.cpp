@@ -57,7 +57,7 @@ bool RLK_DeviceSettingsBase::EnteredConfigMode() {
     });
 }
 
-std::string RLK_DeviceSettingsBase::SendCommand(const std::string& command, bool waitForReply) {
+std::string RLK_DeviceSettingsBase::SendCommand(std::string command, bool waitForReply) {
     return implementation->Get(
         "SendCommand",
         [&](const HandTool& tool) {

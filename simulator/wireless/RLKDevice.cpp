@@ -92,7 +92,7 @@ std::string RLK_Device::TavikIdentity() {
                                  [&] { return access.Hardware().IdentityIn(access.slot); });
 }
 
-void RLK_Device::setTavikIdentity(const std::string& identity) {
+void RLK_Device::setTavikIdentity(std::string identity) {
     const SlotAccess& access = implementation->access;
     access.module.OnWireOf(
         implementation->name, "setTavikIdentity", [&] { access.Hardware().SetIdentityIn(access.slot, identity); },
@@ -105,7 +105,7 @@ std::string RLK_Device::DeviceName() {
                                  [&] { return access.Hardware().NameOf(access.slot); });
 }
 
-void RLK_Device::setDeviceName(const std::string& name) {
+void RLK_Device::setDeviceName(std::string name) {
     const SlotAccess& access = implementation->access;
     access.module.OnWireOf(
         implementation->name, "setDeviceName", [&] { access.Hardware().SetNameOf(access.slot, name); }, name);

@@ -45,7 +45,7 @@ Refusal RefusalOf(Call call) {
     try {
         call();
     } catch (const TavikLibrary::TavikException& exception) {
-        return {true, exception.ErrorCode(), exception.what()};
+        return {true, exception.errorCode, exception.what()};
     }
     return {};
 }

@@ -181,12 +181,12 @@ void ErrorTextsTest::AveragingsHaveTexts() {
 void ErrorTextsTest::AnExceptionIsCopiedWhole() {
     const TavikException first(255, "No probe.");
     TavikException copy(first);
-    QCOMPARE(copy.ErrorCode(), 255);
+    QCOMPARE(copy.errorCode, 255);
     QCOMPARE(std::string(copy.what()), std::string("No probe."));
     copy = TavikException(7, "Other.");
-    QCOMPARE(copy.ErrorCode(), 7);
+    QCOMPARE(copy.errorCode, 7);
     QCOMPARE(std::string(copy.what()), std::string("Other."));
-    QCOMPARE(first.ErrorCode(), 255);
+    QCOMPARE(first.errorCode, 255);
 }
 
 void ErrorTextsTest::TheLibrarySaysThatItIsSimulated() {

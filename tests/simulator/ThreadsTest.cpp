@@ -34,7 +34,7 @@ public:
                     deed(random);
                 } catch (const TavikLibrary::TavikException& exception) {
                     ++refused;
-                    foreign += exception.ErrorCode() == 0 ? 1 : 0;
+                    foreign += exception.errorCode == 0 ? 1 : 0;
                 }
                 ++done;
             }

@@ -76,7 +76,7 @@ void HandToolTest::EveryChannelOfAMultiChannelToolHasAResolution() {
     WirelessServer server(EightChannels("", Still("1.2345678") + Still("1.2345678")));
     server.KRVX()->SetDisplayedResolution(1, 0);
     server.KRVX()->SetDisplayedResolution(2, 5);
-    const TavikChannelReadings readings = server.Device()->ReadAllChannels();
+    TavikChannelReadings readings = server.Device()->ReadAllChannels();
     QCOMPARE(readings[0].reading, 1.0);
     QCOMPARE(readings[1].reading, 1.23457);
 }

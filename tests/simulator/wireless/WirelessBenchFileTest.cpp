@@ -96,7 +96,7 @@ void WirelessBenchFileTest::OtherModulesHaveNoTools() {
 void WirelessBenchFileTest::ChannelsThatNothingIsSaidOfAreUsual() {
     WirelessServer server(EightChannels("", "<channel id=\"MYGAUGE\" stroke=\"2\" offset=\"-1\"/>"));
     QCOMPARE(server.Device()->GetChannelData(0), std::string("MYGAUGE"));
-    const TavikChannelReadings readings = server.Device()->ReadAllChannels();
+    TavikChannelReadings readings = server.Device()->ReadAllChannels();
     QCOMPARE(readings.ReadingCount(), 8);
     QCOMPARE(readings[0].stroke, 2.0);
     QVERIFY(std::fabs(readings[0].reading) < 0.01);

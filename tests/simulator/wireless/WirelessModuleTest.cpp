@@ -242,7 +242,7 @@ void WirelessModuleTest::ChannelReadingsAreCopied() {
     QCOMPARE(readings.ReadingCount(), 0);
     QVERIFY(RefusalOf([&] { readings[0]; }).Is(eTavikErrors::InvalidArgument));
     readings = server.Device()->ReadAllChannels();
-    const TavikChannelReadings copy(readings);
+    TavikChannelReadings copy(readings);
     readings = TavikChannelReadings();
     QCOMPARE(readings.ReadingCount(), 0);
     QCOMPARE(copy.ReadingCount(), 1);
