@@ -27,9 +27,10 @@ bool IsControl(const QWidget* widget) {
            qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
 }
 
-/// The form that a widget belongs to: its nearest ancestor of a class of ours. None for those of Qt's own dialogs.
+/// The form that a widget belongs to: its nearest ancestor of a class of ours that is no control. None for those of
+/// Qt's own dialogs.
 const QWidget* FormOf(const QWidget* widget) {
-    while (widget != nullptr && widget->metaObject()->className()[0] == 'Q') {
+    while (widget != nullptr && (widget->metaObject()->className()[0] == 'Q' || IsControl(widget))) {
         widget = widget->isWindow() ? nullptr : widget->parentWidget();
     }
     return widget;

@@ -127,7 +127,7 @@ void MonkeyTest::endsOfRuns_data() {
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("kind");
     QTest::newRow("well") << QStringLiteral("100 events\n") << false << 0 << QString();
-    QTest::newRow("failure") << QStringLiteral("Qt: 5\ncomplaint: Module 12 said \"no 5\".\ncomplaint: b\n") << false
+    QTest::newRow("failure") << QStringLiteral("Qt: 5\nfailure: Module 12 said \"no 5\".\nfailure: b\n") << false
                              << 3 << QStringLiteral("failure: Module N said N.");
     QTest::newRow("sanitizer") << QStringLiteral("==7==ERROR: AddressSanitizer: heap-use-after-free on 0x1\n") << false
                                << 1 << QStringLiteral("ERROR: AddressSanitizer: heap-use-after-free");

@@ -170,7 +170,7 @@ int main(int argc, char* argv[]) {
     const bool counted = CountObjects();
     const Application application(argc, argv);
     if (!counted) {
-        qWarning("This Qt build has no object hooks.);
+        qWarning("This Qt build has no object hooks.");
         return 1;
     }
     GuardedTest<SoakTest> test;

@@ -167,6 +167,10 @@ bool WidgetDriver::ClickAt(QWidget* widget, const QPoint& position) {
                             .arg(spot.y()));
         return false;
     }
+    // As a window manager does; without one, no window is active after a dialog has closed, and no control has the focus.
+    if (top->windowType() != Qt::Popup && !top->isActiveWindow()) {
+        QApplication::setActiveWindow(top);
+    }
     QTest::mouseClick(top->windowHandle(), Qt::LeftButton, Qt::NoModifier, spot);
     return true;
 }

@@ -29,7 +29,7 @@ const std::vector<Page>& Pages() {
          "editCurrentSpeed",
          {"listModules", "btnHotswap", "btnPing", "btnNotify", "btnAddModule", "btnClearModules", "btnClearTcons",
           "btnLoadXML", "btnSaveXML", "btnSetSpeed"}},
-        {"moduleWidget", "tbTavikIdentity", {"btnRead", "btnStartContinuous", "btnGetStatus", "gbReadIn"}},
+        {"moduleWidget", "tbTavikIdentity", {"btnRead", "btnStartContinuous", "btnGetStatus"}},
         {"bufferedModeWidget", "tbModuleID", {}},
         {"refMarkWidget", "tbRefMarkModuleID", {}},
         {"differenceModeWidget", "tbModuleID", {}},
@@ -37,8 +37,12 @@ const std::vector<Page>& Pages() {
     return pages;
 }
 
-/// Main controls that act on the selected module of the list.
-const std::vector<const char*> moduleListControls = {"btnMoveUp", "btnMoveDown", "btnDeleteModule"};
+/// Controls that act on the selected module, and the page they are on.
+constexpr std::pair<const char*, const char*> moduleControls[] = {
+    {"tabNetwork", "btnMoveUp"}, {"tabNetwork", "btnMoveDown"}, {"tabNetwork", "btnDeleteModule"}};
+
+/// Enabled while nothing runs and the page of a module is filled; some runs leave them enabled.
+constexpr const char* choiceOfReading = "gbReadIn";
 
 struct Stop {
     const char* page;
@@ -73,9 +77,10 @@ const QWidget* OfferedPage(const QWidget& window, const char* name) {
     return nullptr;
 }
 
-bool IsEnabled(const QWidget& window, const char* name) {
-    const auto* control = In(window, name);
-    return control != nullptr && control->isEnabledTo(&window);
+bool IsEnabled(const QWidget& window, const char* page, const char* control) {
+    const QWidget* offered = OfferedPage(window, page);
+    const QWidget* widget = offered != nullptr ? In(*offered, control) : nullptr;
+    return widget != nullptr && widget->isEnabledTo(&window);
 }
 
 QString TextOf(const QWidget& page, const char* field) {
@@ -88,6 +93,9 @@ bool IsFilled(const QWidget& window, const Page& page) {
 }
 
 QString SelectedModule(const QWidget& window) {
+    if (OfferedPage(window, "tabNetwork") == nullptr) {
+        return {};
+    }
     const QList<QListWidgetItem*> rows = In<QListWidget>(window, "listModules")->selectedItems();
     return rows.isEmpty() ? QString() : rows.first()->text();
 }
@@ -170,13 +178,16 @@ QStringList Oracle::IdleErrors(HostWindow& window) {
     }
     for (const Page& page : Pages()) {
         for (const char* control : page.use) {
-            if (IsFilled(window, page) && !IsEnabled(window, control)) {
+            if (IsFilled(window, page) && !IsEnabled(window, page.name, control)) {
                 errors.append(QStringLiteral("%1, idle: expected enabled, got disabled.").arg(QLatin1String(control)));
             }
         }
     }
-    for (const char* control : moduleListControls) {
-        if (!SelectedModule(window).isEmpty() && !IsEnabled(window, control)) {
+    if (IsFilled(window, Pages()[2]) && !IsEnabled(window, "moduleWidget", choiceOfReading)) {
+        errors.append(QStringLiteral("gbReadIn, idle: expected enabled, got disabled."));
+    }
+    for (const auto& [page, control] : moduleControls) {
+        if (!SelectedModule(window).isEmpty() && !IsEnabled(window, page, control)) {
             errors.append(
                 QStringLiteral("%1, module selected: expected enabled, got disabled.").arg(QLatin1String(control)));
         }
@@ -189,15 +200,19 @@ QStringList Oracle::LoopErrors(const QWidget& window) {
     if (RunsOffered(window).isEmpty()) {
         errors.append(QStringLiteral("Loop of the program: expected an enabled stop, got none."));
     }
-    const auto check = [&](const char* control) {
-        if (IsEnabled(window, control)) {
+    const auto check = [&](const char* page, const char* control) {
+        if (IsEnabled(window, page, control)) {
             errors.append(QStringLiteral("%1, in a loop: expected disabled, got enabled.").arg(QLatin1String(control)));
         }
     };
     for (const Page& page : Pages()) {
-        std::for_each(page.use.begin(), page.use.end(), check);
+        for (const char* control : page.use) {
+            check(page.name, control);
+        }
     }
-    std::for_each(moduleListControls.begin(), moduleListControls.end(), check);
+    for (const auto& [page, control] : moduleControls) {
+        check(page, control);
+    }
     return errors;
 }
 
