@@ -1,8 +1,8 @@
 #include "simulator/acquisition/BufferedCollection.h"
 
 #include "library/TavikException.h"
-#include "simulator/modules/MasterSettings.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/MasterSettings.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
 
@@ -14,65 +14,63 @@ using TavikLibrary::TavikReading;
 namespace {
 
 /// For how long a module that triggers can look back, with room to spare.
-constexpr std::int64_t LongestStretch = 400000000;
+constexpr std::chrono::milliseconds LongestStretch{400};
 
-TavikReading ReadingOf(const ModuleHardware& hardware, double seconds) {
+TavikReading ReadingOf(const ModuleHardware& hardware, Nanoseconds time) {
     try {
         hardware.RequireReadable();
     } catch (const TavikLibrary::TavikException& refusal) {
         return {refusal.errorCode, 0, 0.0};
     }
-    const Reading reading = hardware.ReadAt(seconds);
+    const Reading reading = hardware.ReadAt(time);
     return {reading.code, reading.counts, reading.units};
 }
 
-void Store(ModuleHardware& hardware, std::int64_t instant) {
-    if (!hardware.buffered.Takes()) {
+void Store(const BufferedCollection::Participant& module, Nanoseconds instant) {
+    if (!module.buffer->Takes()) {
         return;
     }
-    const double seconds = static_cast<double>(instant) / 1e9;
-    if (hardware.Answers(seconds)) {
-        hardware.buffered.Store(ReadingOf(hardware, seconds));
+    if (module.hardware->Answers(instant)) {
+        module.buffer->Store(ReadingOf(*module.hardware, instant));
     } else {
-        hardware.buffered.DropOut();
+        module.buffer->StopResponding();
     }
 }
 
 } // namespace
 
-BufferedCollection::BufferedCollection(const std::vector<ModuleHardware*>& modules, int master, std::int64_t start)
+BufferedCollection::BufferedCollection(const std::vector<Participant>& modules, int master, Nanoseconds start)
     : collected(start) {
     for (int index = 0; index < static_cast<int>(modules.size()); ++index) {
-        ModuleHardware* hardware = modules[static_cast<std::size_t>(index)];
-        BufferedModule& module = hardware->buffered;
-        module.Begin();
-        if (!module.Enabled()) {
+        const Participant& module = modules[static_cast<std::size_t>(index)];
+        module.buffer->Begin();
+        if (!module.buffer->Enabled()) {
             continue;
         }
-        if (module.Mode() == eBufferedMode::Sync) {
-            const std::int64_t period = module.Units() * TimingUnit;
-            syncs.push_back({hardware, period, start + period});
+        if (module.buffer->Mode() == eBufferedMode::Sync) {
+            const Nanoseconds period = module.buffer->Units() * TimingUnit;
+            syncs.push_back({module, period, start + period});
         } else if (master < 0 || index < master) {
-            samples.push_back(hardware);
+            samples.push_back(module);
         }
     }
     if (master >= 0) {
-        ModuleHardware* hardware = modules[static_cast<std::size_t>(master)];
+        ModuleHardware* hardware = modules[static_cast<std::size_t>(master)].hardware;
         triggers.emplace(*hardware, hardware->Master()->TxSample(), start);
     }
 }
 
-void BufferedCollection::CollectUntil(std::int64_t instant) {
+void BufferedCollection::CollectUntil(Nanoseconds instant) {
     while (collected < instant) {
-        collected = triggers ? std::min(instant, collected + LongestStretch) : instant;
+        collected = triggers ? std::min<Nanoseconds>(instant, collected + LongestStretch) : instant;
         CollectStretch(collected);
     }
 }
 
-void BufferedCollection::CollectStretch(std::int64_t until) {
+void BufferedCollection::CollectStretch(Nanoseconds until) {
     for (SyncModule& sync : syncs) {
-        while (sync.next <= until && sync.hardware->buffered.Takes()) {
-            Store(*sync.hardware, sync.next);
+        while (sync.next <= until && sync.module.buffer->Takes()) {
+            Store(sync.module, sync.next);
             sync.next += sync.period;
         }
     }
@@ -82,21 +80,21 @@ void BufferedCollection::CollectStretch(std::int64_t until) {
 }
 
 // A module that triggers and drops out triggers no more in this run.
-void BufferedCollection::FollowTriggers(std::int64_t until) {
-    if (!triggers->Master().Answers(static_cast<double>(until) / 1e9)) {
+void BufferedCollection::FollowTriggers(Nanoseconds until) {
+    if (!triggers->Master().Answers(until)) {
         triggers.reset();
         return;
     }
-    for (const std::int64_t instant : triggers->Until(until)) {
-        for (ModuleHardware* hardware : samples) {
-            Store(*hardware, instant);
+    for (const Nanoseconds instant : triggers->Until(until)) {
+        for (const Participant& module : samples) {
+            Store(module, instant);
         }
     }
 }
 
-void BufferedCollection::Sample(std::int64_t instant) {
-    for (ModuleHardware* hardware : samples) {
-        Store(*hardware, instant);
+void BufferedCollection::Sample(Nanoseconds instant) {
+    for (const Participant& module : samples) {
+        Store(module, instant);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/acquisition/BufferedModule.h"
 #include "simulator/acquisition/TriggerFollower.h"
 
 #include <cstdint>
@@ -8,34 +9,36 @@
 
 namespace TavikSimulator {
 
-class ModuleHardware;
-
-/// A run of buffered mode on a network: which reading comes when. Readings are taken from the modules when somebody
-/// next looks at the bench, each for the instant at which it was due. Instants are bench time in whole nanoseconds.
-/// Guarded by the bench's lock.
+/// A run of buffered mode: which reading is due when. Readings are computed when the bench is next brought up to date,
+/// each for the instant at which it was due. Guarded by the bench's lock.
 class BufferedCollection {
 public:
-    /// Begins a run with the enabled ones of a network's modules. The master is the list position of the module
+    /// A module of the list, enabled or not. Pointers outlast the collection.
+    struct Participant {
+        ModuleHardware* hardware;
+        BufferedModule* buffer;
+    };
+    /// Starts a run with the enabled ones of a network's modules. The trigger master is the list position of the module
     /// that triggers those before it, or -1.
-    BufferedCollection(const std::vector<ModuleHardware*>& modules, int master, std::int64_t start);
+    BufferedCollection(const std::vector<Participant>& modules, int master, Nanoseconds start);
 
-    /// Takes the readings that were due until an instant.
-    void CollectUntil(std::int64_t instant);
-    /// The controller lets the modules in sample mode store a reading.
-    void Sample(std::int64_t instant);
+    /// Takes the readings that are due until an instant.
+    void CollectUntil(Nanoseconds instant);
+    /// The controller triggers one reading of each module in sample mode.
+    void Sample(Nanoseconds instant);
 
 private:
     struct SyncModule {
-        ModuleHardware* hardware;
-        std::int64_t period;
-        std::int64_t next;
+        Participant module;
+        Nanoseconds period;
+        Nanoseconds next;
     };
-    void CollectStretch(std::int64_t until);
-    void FollowTriggers(std::int64_t until);
+    void CollectStretch(Nanoseconds until);
+    void FollowTriggers(Nanoseconds until);
 
-    std::int64_t collected;
+    Nanoseconds collected;
     std::vector<SyncModule> syncs;
-    std::vector<ModuleHardware*> samples;
+    std::vector<Participant> samples;
     std::optional<TriggerFollower> triggers;
 };
 

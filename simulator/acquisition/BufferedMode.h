@@ -1,57 +1,51 @@
 #pragma once
 
-#include "library/TavikBuffered.h"
-#include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/ModuleImplementation.h"
+#include "simulator/acquisition/AcquiringNetwork.h"
+#include "simulator/acquisition/BufferedCollection.h"
+#include "simulator/acquisition/BufferedModule.h"
 
+#include <map>
+#include <optional>
 #include <string>
 
-/// Buffered mode of a network.
-class TavikLibrary::NetworkBuffered::Implementation {
+namespace TavikSimulator {
+
+/// Buffered mode of one network: its trigger master, its run, and the settings and buffers of its modules, which
+/// outlast the modules' places in the list. Operations throw TavikException, and change nothing, for what cannot be
+/// done. Guarded by the bench's lock.
+class BufferedMode {
 public:
-    explicit Implementation(TavikSimulator::SimulatedNetwork& owner)
-        : network(owner), name("buffered " + owner.Name()) {}
+    enum class State { Idle = 0, Running = 1, Stopped = 2 };
 
-    TavikSimulator::SimulatedNetwork& network;
-    const std::string name; ///< in the journal
-};
+    explicit BufferedMode(AcquiringNetwork& owner) : network(owner) {}
 
-/// Buffered mode of one module.
-class TavikLibrary::ModuleBuffered::Implementation {
-public:
-    explicit Implementation(TavikModule::Implementation& owner)
-        : module(owner), settings(owner.hardware->buffered), name("buffered " + owner.hardware->Identity()) {}
+    State CurrentState() const { return state; }
+    bool Running() const { return state == State::Running; }
+    /// Throws TavikException while buffered mode runs.
+    void RequireNotRunning() const;
 
-    /// A call that changes how the module samples; refused while it takes part in a run.
-    template <class Body, class... Args>
-    void SetSampling(const char* operation, Body body, const Args&... args) {
-        Set(
-            operation, [this] { return settings.Enabled(); }, body, args...);
-    }
+    /// Settings and buffer of a module of the network.
+    BufferedModule& Of(const ModuleHardware& module);
+    /// How many modules of the list are enabled.
+    int EnabledCount();
+    /// List position of the module that triggers samples; -1 for the controller.
+    int MasterIndex();
+    void SetMaster(int index);
 
-    /// A call that changes whether the module takes part; refused during a run.
-    template <class Body, class... Args>
-    void SetPart(const char* operation, Body body, const Args&... args) {
-        Set(
-            operation, [] { return true; }, body, args...);
-    }
-
-    TavikModule::Implementation& module;
-    TavikSimulator::BufferedModule& settings;
-    const std::string name; ///< in the journal
+    void Start();
+    /// Triggers one reading of each module in sample mode.
+    void Sample();
+    /// Does nothing when buffered mode does not run.
+    void Stop();
+    /// Takes the readings that are due until a bench time, in seconds.
+    void CollectUntil(Nanoseconds time);
 
 private:
-    template <class Matters, class Body, class... Args>
-    void Set(const char* operation, Matters matters, Body body, const Args&... args) {
-        module.LocalOf(
-            name, operation,
-            [&] {
-                module.network.RequireConnected();
-                if (matters()) {
-                    module.network.RequireBufferedAtRest();
-                }
-                body();
-            },
-            args...);
-    }
+    AcquiringNetwork& network;
+    State state = State::Idle;
+    std::string master; ///< identity; empty for the controller
+    std::optional<BufferedCollection> run;
+    std::map<const ModuleHardware*, BufferedModule> modules;
 };
+
+} // namespace TavikSimulator

@@ -1,6 +1,6 @@
 #include "simulator/acquisition/BufferedModule.h"
 
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,7 +14,7 @@ using TavikLibrary::TavikReading;
 namespace {
 
 constexpr int UnitsPerStep = 40;
-constexpr int StepMicroseconds = static_cast<int>(UnitsPerStep * TimingUnit / 1000);
+constexpr int StepMicroseconds = static_cast<int>((UnitsPerStep * TimingUnit).count() / 1000);
 
 // The nearest whole number of steps, and never none.
 std::int64_t StepsFor(int microseconds) {
@@ -36,12 +36,12 @@ void BufferedModule::SetMode(eBufferedMode newMode) {
         break;
     case eBufferedMode::None:
         if (enabled) {
-            Refuse(eTavikErrors::InvalidArgument,
+            Reject(eTavikErrors::InvalidArgument,
                    "Module " + identity + " needs a buffered sub-mode as long as it is enabled.");
         }
         break;
     default:
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + identity + " has no buffered sub-mode " + std::to_string(static_cast<int>(newMode)) + ".");
     }
     mode = newMode;
@@ -49,10 +49,10 @@ void BufferedModule::SetMode(eBufferedMode newMode) {
 
 void BufferedModule::SetEnabled(bool enable) {
     if (enable && !capable) {
-        Refuse(eTavikErrors::NotSupported, "Module " + identity + " has no buffered mode.");
+        Reject(eTavikErrors::NotSupported, "Module " + identity + " has no buffered mode.");
     }
     if (enable && mode == eBufferedMode::None) {
-        Refuse(eTavikErrors::InvalidArgument,
+        Reject(eTavikErrors::InvalidArgument,
                "Module " + identity + " must be given a buffered sub-mode before it is enabled.");
     }
     enabled = enable;
@@ -60,7 +60,7 @@ void BufferedModule::SetEnabled(bool enable) {
 
 void BufferedModule::SetInterval(int microseconds) {
     if (microseconds < 1) {
-        Refuse(eTavikErrors::InvalidArgument, "The reading interval of module " + identity +
+        Reject(eTavikErrors::InvalidArgument, "The reading interval of module " + identity +
                                                   " must be 1 us or more, not " + std::to_string(microseconds) +
                                                   " us.");
     }
@@ -89,7 +89,7 @@ void BufferedModule::Store(const TavikReading& reading) {
     readings.push_back(reading);
 }
 
-void BufferedModule::DropOut() {
+void BufferedModule::StopResponding() {
     if (IsFull()) {
         readings.pop_back();
     }
@@ -99,7 +99,7 @@ void BufferedModule::DropOut() {
 
 const TavikReading& BufferedModule::At(int index) const {
     if (index < 0 || index >= Length()) {
-        Refuse(eTavikErrors::NoSuchReading, "The buffer of module " + identity + " holds " + std::to_string(Length()) +
+        Reject(eTavikErrors::NoSuchReading, "The buffer of module " + identity + " holds " + std::to_string(Length()) +
                                                 " readings; there is none at index " + std::to_string(index) + ".");
     }
     return readings[static_cast<std::size_t>(index)];

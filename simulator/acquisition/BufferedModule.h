@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/TavikBuffered.h"
+#include "simulator/signals/Nanoseconds.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,8 +10,7 @@
 
 namespace TavikSimulator {
 
-/// Bench time of one timing unit, in nanoseconds.
-constexpr std::int64_t TimingUnit = 102400;
+constexpr Nanoseconds TimingUnit{102400};
 
 /// What a module is set to in buffered mode, and the readings in its buffer. The setters throw TavikException,
 /// and change nothing, for a value that the module cannot be set to.
@@ -37,7 +37,7 @@ public:
     /// more.
     void Store(const TavikLibrary::TavikReading& reading);
     /// The module is not there any more: a last entry without a value tells so.
-    void DropOut();
+    void StopResponding();
     int Length() const { return static_cast<int>(readings.size()); }
     /// Throws TavikException for an index without a reading.
     const TavikLibrary::TavikReading& At(int index) const;

@@ -1,46 +1,68 @@
 #pragma once
 
-#include "library/TavikDifference.h"
-#include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/ModuleImplementation.h"
+#include "simulator/acquisition/AcquiringNetwork.h"
+#include "simulator/acquisition/DifferenceTally.h"
 
-#include <string>
+#include <map>
+#include <memory>
 
-/// Difference mode of a network.
-class TavikLibrary::NetworkDifference::Implementation {
-public:
-    Implementation(TavikSimulator::Bench& owner, TavikSimulator::SimulatedNetwork& simulated)
-        : bench(owner), network(simulated), name("difference " + simulated.Name()) {}
+namespace TavikSimulator {
 
-    /// Lets a call take the time in which every module that takes part is asked for its results; called without
-    /// the lock.
-    void SpendFetching();
-
-    TavikSimulator::Bench& bench;
-    TavikSimulator::SimulatedNetwork& network;
-    const std::string name; ///< in the journal
+/// A listed module's part in difference mode.
+struct DifferenceModule {
+    bool enabled = false;
+    DifferenceValues values; ///< as fetched last
 };
 
-/// Difference mode of one module.
-class TavikLibrary::ModuleDifference::Implementation {
+/// Difference mode of one network. Each module that takes part accumulates its readings by itself, at a rate of its
+/// own, from Start to Stop. The run ends by itself when one of them stops responding; Stop is needed then as well.
+/// Guarded by the bench's lock.
+class DifferenceMode {
 public:
-    explicit Implementation(TavikModule::Implementation& owner)
-        : module(owner), name("difference " + owner.hardware->Identity()) {}
+    enum class State { Idle = 0, Running = 2, Finished = 3, Ended = 5 };
 
-    /// A call that the library answers by itself.
-    template <class Body, class... Args>
-    auto Local(const char* operation, Body body, const Args&... args) {
-        return module.LocalOf(name, operation, body, args...);
-    }
+    explicit DifferenceMode(AcquiringNetwork& network);
+    ~DifferenceMode();
+    DifferenceMode(const DifferenceMode&) = delete;
+    DifferenceMode& operator=(const DifferenceMode&) = delete;
 
-    /// One of the values that were fetched last.
-    template <class Value>
-    Value Fetched(const char* operation, Value TavikSimulator::DifferenceValues::*value) {
-        return Local(operation, [&] { return module.differenceValues.*value; });
-    }
+    State CurrentState() const { return state; }
+    bool Running() const { return state == State::Running; }
 
-    void SetEnabled(bool enabled);
+    /// A listed module's part. Shared with the library's object of the module, which outlasts its place in the list.
+    std::shared_ptr<DifferenceModule> Of(const ModuleHardware& module);
+    /// Enables or disables a module. Throws TavikException, and changes nothing, when that cannot be.
+    void SetEnabled(const ModuleHardware& module, bool enabled);
+    /// A module leaves the list; it comes back disabled and without values.
+    void Forget(const ModuleHardware& module) { modules.erase(&module); }
+    /// Forgets all modules.
+    void Reset() { modules.clear(); }
 
-    TavikModule::Implementation& module;
-    const std::string name; ///< in the journal
+    /// How many modules of the list are enabled.
+    int EnabledCount();
+    /// How many modules take part in the run that is on, or is still to be stopped; 0 without one.
+    int TakingPart() const;
+    /// Throws TavikException, and starts nothing, when it cannot start.
+    void Start();
+    /// Ends the run, and fetches what its modules have accumulated. Does nothing when there is none.
+    void Stop();
+    /// The network is disconnected; values not fetched yet are lost.
+    void Abandon();
+    /// Takes the readings that are due until a bench time, in seconds.
+    void CollectUntil(Nanoseconds time);
+    /// Fetches what a module has accumulated so far. Throws TavikException when it does not answer. Does nothing for
+    /// a module that takes no part.
+    void Fetch(const ModuleHardware& module);
+
+private:
+    class Collection;
+
+    void RequireStartable();
+
+    AcquiringNetwork& network;
+    State state = State::Idle;
+    std::map<const ModuleHardware*, std::shared_ptr<DifferenceModule>> modules;
+    std::unique_ptr<Collection> collection; ///< from Start to Stop
 };
+
+} // namespace TavikSimulator

@@ -1,7 +1,7 @@
 #include "simulator/acquisition/DifferenceTally.h"
 
 #include "library/TavikEnums.h"
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 
 #include <algorithm>
 #include <limits>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int firstWarning = 0x10000;
 
-int Badness(int code) {
+int Severity(int code) {
     if (code == static_cast<int>(eTavikErrors::NoError)) {
         return 0;
     }
@@ -50,7 +50,7 @@ void DifferenceTally::Add(const Reading& reading, std::int64_t alike) {
 }
 
 void DifferenceTally::AddCode(int newCode) {
-    if (Badness(newCode) > Badness(code)) {
+    if (Severity(newCode) > Severity(code)) {
         code = newCode;
     }
 }

@@ -1,51 +1,74 @@
 #pragma once
 
-#include "library/TavikDynamic.h"
-#include "simulator/bench/SimulatedNetwork.h"
+#include "library/TavikEnums.h"
+#include "simulator/acquisition/DynamicReadings.h"
+#include "simulator/acquisition/DynamicSettings.h"
+#include "simulator/acquisition/SyncSource.h"
 
+#include <memory>
 #include <string>
+#include <vector>
 
-/// The readings of a network's dynamic collection.
-class TavikLibrary::TavikDynamicData::Implementation {
+namespace TavikSimulator {
+
+/// Dynamic mode of one network: its settings, its state and the collection. Operations throw TavikException, and
+/// change nothing, for what cannot be done. Guarded by the bench's lock.
+class DynamicMode {
 public:
-    explicit Implementation(TavikSimulator::SimulatedNetwork& owner)
-        : network(owner), name("dynamic data " + owner.Name()) {}
+    using Callback = void (*)();
 
-    /// Answered by the library itself, whether the network is connected or not.
-    template <class Body, class... Args>
-    auto Call(const char* operation, Body body, const Args&... args) {
-        return network.Call(name, operation, body, args...);
-    }
-    const TavikSimulator::DynamicCollector& Collector() const { return network.dynamic; }
+    explicit DynamicMode(AcquiringNetwork& owner) : network(owner), settings(owner) {}
+
+    const DynamicSettings& Settings() const { return settings; }
+    /// The settings, to be changed. Throws TavikException while the network is enabled for dynamic mode.
+    DynamicSettings& ChangeableSettings();
+
+    bool Enabled() const { return enabled; }
+    /// Checks whether the settings go together.
+    void Enable();
+    void Disable();
+    TavikLibrary::eDynamicState State() const { return state; }
+    /// Whether a collection runs, or has ended and is still to be announced.
+    bool Running() const;
+    /// Discards the readings of the collection before.
+    void Prepare();
+    /// Only on a prepared network. The callback may be null.
+    void Start(Callback collectionFinished);
+    /// Takes the syncs that are due until a bench time, in seconds.
+    void CollectUntil(Nanoseconds time);
+    /// Does nothing when no collection runs.
+    void Stop() { End(TavikLibrary::eTavikErrors::NoError); }
+    /// The network is disconnected.
+    void Disconnect();
+    /// After a collection's end: makes its results available. Returns the callback to call, or null.
+    Callback Announce();
+    /// Forgets settings, state and readings.
+    void Reset();
+
+    const DynamicReadings& Readings() const { return readings; }
+    /// Result code of the collection.
+    TavikLibrary::eTavikErrors Status() const;
+    /// Throws TavikException for a module or reading that is not there.
+    const TavikLibrary::TavikReading& Item(int module, int reading) const;
 
 private:
-    TavikSimulator::SimulatedNetwork& network;
-    const std::string name; ///< in the journal
+    std::string Name() const;
+    void TakeSync(Nanoseconds instant);
+    bool AllAnswer(Nanoseconds instant) const;
+    void End(TavikLibrary::eTavikErrors status);
+
+    AcquiringNetwork& network;
+    TavikLibrary::eDynamicState state = TavikLibrary::eDynamicState::Idle;
+    DynamicSettings settings;
+    bool enabled = false;
+    std::vector<ModuleHardware*> modules; ///< those that are collected
+    ModuleHardware* master = nullptr;     ///< the module that triggers syncs; null for the controller
+    std::unique_ptr<SyncSource> syncs;    ///< while the collection runs
+    int taken = 0;                        ///< syncs of a collection of a fixed size
+    bool missed = false;
+    TavikLibrary::eTavikErrors endStatus = TavikLibrary::eTavikErrors::NoError;
+    Callback finished = nullptr;
+    DynamicReadings readings;
 };
 
-/// Dynamic mode of a network.
-class TavikLibrary::TavikDynamic::Implementation {
-public:
-    explicit Implementation(TavikSimulator::SimulatedNetwork& owner)
-        : network(owner), name("dynamic " + owner.Name()), data(new TavikDynamicData::Implementation(owner)) {}
-
-    /// A question that the library answers by itself, whether the network is connected or not, or a setting, which
-    /// it keeps until the network is enabled.
-    template <class Body, class... Args>
-    auto Call(const char* operation, Body body, const Args&... args) {
-        return network.Call(name, operation, body, args...);
-    }
-
-    /// A call that tells every module that is collected something.
-    template <class Body, class... Args>
-    auto Telling(const char* operation, Body body, const Args&... args) {
-        return network.CallTaking(
-            name, operation, [this] { return network.dynamic.NumberOfModules(); }, body, args...);
-    }
-
-    TavikSimulator::DynamicCollector& Collector() { return network.dynamic; }
-
-    TavikSimulator::SimulatedNetwork& network;
-    const std::string name; ///< in the journal
-    TavikDynamicData data;
-};
+} // namespace TavikSimulator

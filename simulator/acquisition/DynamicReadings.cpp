@@ -5,7 +5,7 @@ namespace TavikSimulator {
 void DynamicReadings::Begin(int newModules) {
     modules = newModules;
     syncs = 0;
-    dropped = false;
+    overwritten = false;
     std::deque<TavikLibrary::TavikReading>().swap(readings);
 }
 
@@ -18,7 +18,7 @@ void DynamicReadings::BeginSync() {
         ++syncs;
         return;
     }
-    dropped = true;
+    overwritten = true;
     readings.erase(readings.begin(), readings.begin() + modules);
 }
 

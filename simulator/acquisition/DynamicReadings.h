@@ -23,7 +23,7 @@ public:
     /// How many syncs can be kept.
     int Room() const;
     /// Whether a sync had to make room.
-    bool Dropped() const { return dropped; }
+    bool Overwritten() const { return overwritten; }
 
     /// Makes room for a sync. Its readings are appended then, one of each module in order.
     void BeginSync();
@@ -35,7 +35,7 @@ public:
 private:
     int modules = 0;
     int syncs = 0;
-    bool dropped = false;
+    bool overwritten = false;
     std::deque<TavikLibrary::TavikReading> readings;
 };
 

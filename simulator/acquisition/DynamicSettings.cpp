@@ -1,26 +1,23 @@
-#include "simulator/acquisition/DynamicCollector.h"
-#include "simulator/bench/ErrorTexts.h"
-#include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/MasterSettings.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/acquisition/DynamicSettings.h"
+
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/MasterSettings.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
-
-// Dynamic mode: what can be set, and what of it goes together.
 
 namespace TavikSimulator {
 
 using TavikLibrary::eDynamicMasterMode;
 using TavikLibrary::eDynamicMode;
 using TavikLibrary::eDynamicRate;
-using TavikLibrary::eDynamicState;
 using TavikLibrary::eTavikErrors;
 
 namespace {
 
 void RequireNotNegative(int value, const std::string& what) {
     if (value < 0) {
-        Refuse(eTavikErrors::InvalidArgument, what + " must be 0 or more, not " + std::to_string(value) + ".");
+        Reject(eTavikErrors::InvalidArgument, what + " must be 0 or more, not " + std::to_string(value) + ".");
     }
 }
 
@@ -30,107 +27,94 @@ bool CanBeCollected(const ModuleCapabilities& capabilities, eDynamicRate rate) {
 
 } // namespace
 
-std::string DynamicCollector::Name() const {
-    return "Network \"" + network.Name() + "\"";
+std::string DynamicSettings::Name() const {
+    return "Network \"" + network->Name() + "\"";
 }
 
-ModuleHardware& DynamicCollector::ModuleAt(int index) const {
-    ModuleList& list = network.Modules();
-    return list.OnBench(list.HardwareAt(index).Identity());
+int DynamicSettings::ListedCount() const {
+    return static_cast<int>(network->Listed().size());
 }
 
-// The modules and the controller have taken the settings in when the network was enabled.
-void DynamicCollector::RequireDisabled() const {
-    network.RequireConnected();
-    if (enabled) {
-        Refuse(eTavikErrors::DynamicEnabled,
-               Name() + " is enabled for dynamic mode; disable that before changing its settings.");
+ModuleHardware& DynamicSettings::ModuleAt(int index) const {
+    return *network->Listed()[static_cast<std::size_t>(index)];
+}
+
+std::vector<ModuleHardware*> DynamicSettings::Modules() const {
+    auto modules = network->Listed();
+    modules.resize(static_cast<std::size_t>(NumberOfModules()));
+    return modules;
+}
+
+ModuleHardware* DynamicSettings::Master() const {
+    return IsExternal() ? &ModuleAt(masterIndex) : nullptr;
+}
+
+void DynamicSettings::SetMode(eDynamicMode newMode) {
+    if (newMode != eDynamicMode::Normal && newMode != eDynamicMode::External) {
+        Reject(eTavikErrors::InvalidArgument,
+               Name() + " has no dynamic mode " + std::to_string(static_cast<int>(newMode)) + ".");
     }
+    mode = newMode;
 }
 
-bool DynamicCollector::IsBusy() const {
-    return state == eDynamicState::Running || state == eDynamicState::Stopping;
-}
-
-void DynamicCollector::RequireIdle() const {
-    if (network.acquisition.Running()) {
-        Refuse(eTavikErrors::AcquisitionRunning, Name() + " is collecting readings; stop that first.");
+void DynamicSettings::SetRate(eDynamicRate newRate) {
+    if (newRate < eDynamicRate::Rate4K || newRate > eDynamicRate::Dynamic2Custom) {
+        Reject(eTavikErrors::InvalidArgument,
+               Name() + " has no dynamic rate " + std::to_string(static_cast<int>(newRate)) + ".");
     }
+    rate = newRate;
 }
 
-void DynamicCollector::SetMode(eDynamicMode mode) {
-    RequireDisabled();
-    if (mode != eDynamicMode::Normal && mode != eDynamicMode::External) {
-        Refuse(eTavikErrors::InvalidArgument,
-               Name() + " has no dynamic mode " + std::to_string(static_cast<int>(mode)) + ".");
-    }
-    settings.mode = mode;
-}
-
-void DynamicCollector::SetRate(eDynamicRate rate) {
-    RequireDisabled();
-    if (rate < eDynamicRate::Rate4K || rate > eDynamicRate::Dynamic2Custom) {
-        Refuse(eTavikErrors::InvalidArgument,
-               Name() + " has no dynamic rate " + std::to_string(static_cast<int>(rate)) + ".");
-    }
-    settings.rate = rate;
-}
-
-void DynamicCollector::SetInterval(int microseconds) {
-    RequireDisabled();
+void DynamicSettings::SetInterval(int microseconds) {
     RequireNotNegative(microseconds, "The interval between syncs");
-    settings.interval = microseconds;
+    interval = microseconds;
 }
 
-void DynamicCollector::SetCollectionSize(int syncs) {
-    RequireDisabled();
+void DynamicSettings::SetCollectionSize(int syncs) {
     RequireNotNegative(syncs, "The number of syncs");
-    settings.collectionSize = syncs;
+    collectionSize = syncs;
 }
 
-void DynamicCollector::SetNumberOfModules(int count) {
-    RequireDisabled();
+void DynamicSettings::SetNumberOfModules(int count) {
     RequireNotNegative(count, "The number of modules");
-    if (count > network.Modules().Count()) {
-        Refuse(eTavikErrors::InvalidArgument, Name() + " lists " + std::to_string(network.Modules().Count()) +
-                                                  " modules; " + std::to_string(count) + " cannot be collected.");
+    if (count > ListedCount()) {
+        Reject(eTavikErrors::InvalidArgument, Name() + " lists " + std::to_string(ListedCount()) + " modules; " +
+                                                  std::to_string(count) + " cannot be collected.");
     }
-    settings.numberOfModules = count;
+    numberOfModules = count;
 }
 
-void DynamicCollector::SetMasterIndex(int index) {
-    RequireDisabled();
-    if (index < -1 || index >= network.Modules().Count()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange,
+void DynamicSettings::SetMasterIndex(int index) {
+    if (index < -1 || index >= ListedCount()) {
+        Reject(eTavikErrors::ModuleIndexOutOfRange,
                Name() + " has no module at position " + std::to_string(index) + " that could be its master.");
     }
     if (index >= 0 && !ModuleAt(index).Description().capabilities.dynamicMaster) {
-        Refuse(eTavikErrors::NotSupported, "Module " + ModuleAt(index).Identity() + " cannot be a master.");
+        Reject(eTavikErrors::NotSupported, "Module " + ModuleAt(index).Identity() + " cannot be a master.");
     }
-    settings.masterIndex = index;
+    masterIndex = index;
 }
 
-int DynamicCollector::NumberOfModules() const {
-    const ModuleList& list = network.Modules();
-    if (settings.numberOfModules) {
-        return std::min(*settings.numberOfModules, list.Count());
+int DynamicSettings::NumberOfModules() const {
+    const auto listed = network->Listed();
+    if (numberOfModules) {
+        return std::min(*numberOfModules, static_cast<int>(listed.size()));
     }
-    int count = 0;
-    while (count < list.Count() && list.HardwareAt(count).Description().capabilities.dynamic) {
-        ++count;
-    }
-    return count;
+    const auto end = std::find_if(listed.begin(), listed.end(), [](const ModuleHardware* module) {
+        return !module->Description().capabilities.dynamic;
+    });
+    return static_cast<int>(end - listed.begin());
 }
 
-int DynamicCollector::MinimumInterval() const {
+int DynamicSettings::MinimumInterval() const {
     // A sync message, and the answer of each module.
     constexpr int syncMessage = 100;
     constexpr int answer = 6;
     return syncMessage + answer * NumberOfModules();
 }
 
-int DynamicCollector::SyncInterval() const {
-    switch (settings.rate) {
+int DynamicSettings::SyncInterval() const {
+    switch (rate) {
     case eDynamicRate::Rate4K:
         return 250;
     case eDynamicRate::Rate2K:
@@ -140,87 +124,65 @@ int DynamicCollector::SyncInterval() const {
     case eDynamicRate::Dynamic2Custom:
         break;
     }
-    return settings.interval > 0 ? settings.interval : MinimumInterval();
+    return interval > 0 ? interval : MinimumInterval();
 }
 
-void DynamicCollector::RefuseTogether(const std::string& sentence) const {
-    Refuse(eTavikErrors::DynamicNotPossible, Name() + " cannot be enabled for dynamic mode: " + sentence);
+void DynamicSettings::RejectTogether(const std::string& sentence) const {
+    Reject(eTavikErrors::DynamicNotPossible, Name() + " cannot be enabled for dynamic mode: " + sentence);
 }
 
-// The settings can be made in any order, so whether they go together is seen here.
-void DynamicCollector::Enable() {
-    network.RequireConnected();
-    if (enabled) {
-        return;
-    }
-    RequireIdle();
-    if (network.Modules().Notifying()) {
-        Refuse(eTavikErrors::NotifyRunning,
-               "A notify run is going on on network \"" + network.Name() + "\"; stop it before enabling dynamic mode.");
-    }
+void DynamicSettings::RequirePossible() const {
     RequireAbleModules();
     if (IsExternal()) {
         RequireAbleMaster();
     } else {
         RequirePossibleInterval();
     }
-    enabled = true;
 }
 
-void DynamicCollector::Disable() {
-    network.RequireConnected();
-    if (IsBusy()) {
-        Refuse(eTavikErrors::AcquisitionRunning, Name() + " is collecting readings; stop that first.");
-    }
-    enabled = false;
-    if (state == eDynamicState::Prepared) {
-        state = eDynamicState::Idle;
-    }
-}
-
-void DynamicCollector::RequireAbleModules() const {
-    const NetworkCapabilities& able = network.Description().capabilities;
-    const bool custom = settings.rate == eDynamicRate::Dynamic2Custom;
-    const std::string rate = TavikLibrary::eDynamicRate_ToString(settings.rate);
+void DynamicSettings::RequireAbleModules() const {
+    const NetworkCapabilities& able = network->Capabilities();
+    const bool custom = rate == eDynamicRate::Dynamic2Custom;
+    const std::string name = TavikLibrary::eDynamicRate_ToString(rate);
     if (custom ? !able.dynamic2 : !able.dynamic) {
-        RefuseTogether("its controller does not offer the rate " + rate + ".");
+        RejectTogether("its controller does not offer the rate " + name + ".");
     }
     if (NumberOfModules() == 0) {
-        RefuseTogether("there are no modules to collect.");
+        RejectTogether("there are no modules to collect.");
     }
     for (int index = 0; index < NumberOfModules(); ++index) {
-        const ModuleDescription& module = network.Modules().HardwareAt(index).Description();
-        if (!CanBeCollected(module.capabilities, settings.rate)) {
-            RefuseTogether("module " + module.identity + " cannot be collected at the rate " + rate + ".");
+        const ModuleDescription& module = ModuleAt(index).Description();
+        if (!CanBeCollected(module.capabilities, rate)) {
+            RejectTogether("module " + module.identity + " cannot be collected at the rate " + name + ".");
         }
     }
 }
 
-void DynamicCollector::RequirePossibleInterval() const {
+void DynamicSettings::RequirePossibleInterval() const {
     if (SyncInterval() < MinimumInterval()) {
-        RefuseTogether(std::to_string(NumberOfModules()) + " modules need " + std::to_string(MinimumInterval()) +
+        RejectTogether(std::to_string(NumberOfModules()) + " modules need " + std::to_string(MinimumInterval()) +
                        " us between two syncs, but there are " + std::to_string(SyncInterval()) + " us.");
     }
 }
 
-void DynamicCollector::RequireAbleMaster() const {
-    if (!network.Description().capabilities.dynamicExternal) {
-        RefuseTogether("its controller cannot let a module trigger the syncs.");
+void DynamicSettings::RequireAbleMaster() const {
+    if (!network->Capabilities().dynamicExternal) {
+        RejectTogether("its controller cannot let a module trigger the syncs.");
     }
-    const int index = settings.masterIndex;
-    if (index < 0 || index >= network.Modules().Count()) {
-        RefuseTogether("no module is chosen as the master.");
+    const int index = masterIndex;
+    if (index < 0 || index >= ListedCount()) {
+        RejectTogether("no module is chosen as the master.");
     }
     ModuleHardware& module = ModuleAt(index);
     if (module.Master() == nullptr || !module.Description().capabilities.dynamicMaster) {
-        RefuseTogether("module " + module.Identity() + " cannot be a master.");
+        RejectTogether("module " + module.Identity() + " cannot be a master.");
     }
     if (index < NumberOfModules()) {
-        RefuseTogether("the master " + module.Identity() + " triggers only modules before it, which are " +
+        RejectTogether("the master " + module.Identity() + " triggers only modules before it, which are " +
                        std::to_string(index) + ", not " + std::to_string(NumberOfModules()) + ".");
     }
     if (module.Master()->Mode() == eDynamicMasterMode::NotMaster) {
-        RefuseTogether("module " + module.Identity() + " is not set to any master mode.");
+        RejectTogether("module " + module.Identity() + " is not set to any master mode.");
     }
 }
 

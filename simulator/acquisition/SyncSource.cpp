@@ -1,7 +1,7 @@
 #include "simulator/acquisition/SyncSource.h"
 
-#include "simulator/modules/EncoderHardware.h"
-#include "simulator/modules/MasterSettings.h"
+#include "simulator/hardware/EncoderHardware.h"
+#include "simulator/hardware/MasterSettings.h"
 
 #include <algorithm>
 
@@ -12,16 +12,14 @@ using TavikLibrary::eRefAction;
 
 namespace {
 
-constexpr double rounding = 1e-9; // seconds; what bench times may be off by
-
 class FromController : public SyncSource {
 public:
-    FromController(double theBeginning, double theInterval) : beginning(theBeginning), interval(theInterval) {}
+    FromController(Nanoseconds theBeginning, Nanoseconds theInterval)
+        : beginning(theBeginning), interval(theInterval) {}
 
-    std::optional<double> Next(double until) override {
-        // Multiplied, so that errors do not add up over a long collection.
-        const double next = beginning + static_cast<double>(given + 1) * interval;
-        if (next > until + rounding) {
+    std::optional<Nanoseconds> Next(Nanoseconds until) override {
+        const Nanoseconds next = beginning + (given + 1) * interval;
+        if (next > until) {
             return std::nullopt;
         }
         ++given;
@@ -29,16 +27,16 @@ public:
     }
 
 private:
-    const double beginning;
-    const double interval;
+    const Nanoseconds beginning;
+    const Nanoseconds interval;
     std::int64_t given = 0;
 };
 
-/// Looks at the master's count at fixed times, and back for when it got so far. So the syncs do not depend on how often
-/// the collection is brought up to date.
+/// Polls the master's count at fixed times, and searches the last poll interval for a trigger. The syncs do not depend
+/// on how often the collection is brought up to date.
 class FromMaster : public SyncSource {
 public:
-    FromMaster(ModuleHardware& theMaster, double theBeginning, double theShortestInterval)
+    FromMaster(ModuleHardware& theMaster, Nanoseconds theBeginning, Nanoseconds theShortestInterval)
         : master(theMaster),
           settings(*theMaster.Master()),
           beginning(theBeginning),
@@ -52,30 +50,32 @@ public:
         }
     }
 
-    std::optional<double> Next(double until) override {
+    std::optional<Nanoseconds> Next(Nanoseconds until) override {
         while (true) {
-            if (const auto sync = BetweenLooks()) {
-                ready = *sync + shortestInterval - 2.0 * accuracy;
+            if (const auto sync = BetweenPolls()) {
+                ready = *sync + shortestInterval - 2 * tolerance;
                 *target += settings.TxSync();
                 return sync;
             }
-            const double next = beginning + static_cast<double>(looks + 1) * lookInterval;
-            if (next > until + rounding) {
+            const Nanoseconds next = beginning + (polls + 1) * pollInterval;
+            if (next > until) {
                 return std::nullopt;
             }
-            LookAt(next);
+            PollAt(next);
         }
     }
 
     bool Missed() const override { return missed; }
 
 private:
-    struct Look {
-        double time;
+    struct Poll {
+        Nanoseconds time;
         std::int64_t count;
     };
-    static constexpr double lookInterval = 0.001; // seconds
-    static constexpr double accuracy = 1e-7;      // of a trigger's time, in seconds
+    static constexpr std::chrono::milliseconds pollInterval{1};
+    /// The search for a trigger divides a poll interval into so many parts, of 61 ns.
+    static constexpr std::int64_t parts = 1 << 14;
+    static constexpr Nanoseconds tolerance{100}; ///< of the instant of a trigger
 
     /// The reference mark begins the counting, and sets the master's own count to 0 or its preset on the way.
     bool WaitForMark() {
@@ -90,8 +90,8 @@ private:
         return waiting != nullptr;
     }
 
-    void LookAt(double time) {
-        ++looks;
+    void PollAt(Nanoseconds time) {
+        ++polls;
         before = after;
         after = {time, master.TriggerCountAt(time)};
         if (waiting != nullptr && waiting->RefAction(time) == eRefAction::None) {
@@ -100,8 +100,8 @@ private:
         }
     }
 
-    /// The next trigger between the last two looks that finds the modules ready.
-    std::optional<double> BetweenLooks() {
+    /// The next trigger between the last two polls that finds the modules ready.
+    std::optional<Nanoseconds> BetweenPolls() {
         if (!target || after.count < *target) {
             return std::nullopt;
         }
@@ -110,28 +110,33 @@ private:
             const std::int64_t count = ready < after.time ? master.TriggerCountAt(ready) : after.count;
             *target += (std::max(count - *target, std::int64_t{0}) / settings.TxSync() + 1) * settings.TxSync();
         }
-        return after.count < *target ? std::nullopt : std::optional<double>(TimeOf(*target));
+        return after.count < *target ? std::nullopt : std::optional<Nanoseconds>(TimeOf(*target));
     }
 
-    /// When the master reached a count between the last two looks.
-    double TimeOf(std::int64_t count) const {
-        double earlier = before.time;
-        double later = after.time;
-        while (later - earlier > accuracy) {
-            const double middle = (earlier + later) / 2.0;
-            (master.TriggerCountAt(middle) < count ? earlier : later) = middle;
+    /// When the master reached a count between the last two polls.
+    Nanoseconds TimeOf(std::int64_t count) const {
+        std::int64_t earlier = 0;
+        std::int64_t later = parts;
+        while (later - earlier > 1) {
+            const std::int64_t middle = (earlier + later) / 2;
+            (master.TriggerCountAt(Part(middle)) < count ? earlier : later) = middle;
         }
-        return later;
+        return Part(later);
+    }
+
+    /// The end of a part of the last poll interval, rounded to the nearest nanosecond.
+    Nanoseconds Part(std::int64_t part) const {
+        return before.time + (part * Nanoseconds(pollInterval) + Nanoseconds(parts / 2)) / parts;
     }
 
     ModuleHardware& master;
     const MasterSettings settings;
-    const double beginning;
-    const double shortestInterval;
-    double ready; ///< when the modules are ready for the next trigger
-    std::int64_t looks = 0;
-    Look before;
-    Look after;
+    const Nanoseconds beginning;
+    const Nanoseconds shortestInterval;
+    Nanoseconds ready; ///< when the modules are ready for the next trigger
+    std::int64_t polls = 0;
+    Poll before;
+    Poll after;
     EncoderHardware* waiting = nullptr; ///< the master, until it has passed its reference mark
     std::optional<std::int64_t> target; ///< the count that triggers next
     bool missed = false;
@@ -139,11 +144,11 @@ private:
 
 } // namespace
 
-std::unique_ptr<SyncSource> ControllerSyncs(double beginning, double interval) {
+std::unique_ptr<SyncSource> ControllerSyncs(Nanoseconds beginning, Nanoseconds interval) {
     return std::make_unique<FromController>(beginning, interval);
 }
 
-std::unique_ptr<SyncSource> MasterSyncs(ModuleHardware& master, double beginning, double shortestInterval) {
+std::unique_ptr<SyncSource> MasterSyncs(ModuleHardware& master, Nanoseconds beginning, Nanoseconds shortestInterval) {
     return std::make_unique<FromMaster>(master, beginning, shortestInterval);
 }
 

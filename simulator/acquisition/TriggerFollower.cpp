@@ -1,39 +1,39 @@
 #include "simulator/acquisition/TriggerFollower.h"
 
 #include "simulator/acquisition/BufferedModule.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
 
 namespace TavikSimulator {
 
-TriggerFollower::TriggerFollower(const ModuleHardware& triggeringModule, int countsPerTrigger, std::int64_t from)
+TriggerFollower::TriggerFollower(const ModuleHardware& triggeringModule, int countsPerTrigger, Nanoseconds from)
     : master(triggeringModule), step(countsPerTrigger), begin(from), due(CountAt(0) + step) {}
 
-std::vector<std::int64_t> TriggerFollower::Until(std::int64_t instant) {
-    std::vector<std::int64_t> instants;
+std::vector<Nanoseconds> TriggerFollower::Until(Nanoseconds instant) {
+    std::vector<Nanoseconds> instants;
     const std::int64_t last = (instant - begin) / TimingUnit;
     const std::int64_t reached = CountAt(last);
     while (due <= reached) {
-        looks = FirstLookWith(due, looks, last);
-        instants.push_back(InstantOf(looks));
-        due += ((CountAt(looks) - due) / step + 1) * step;
+        polls = FirstPollWith(due, polls, last);
+        instants.push_back(InstantOf(polls));
+        due += ((CountAt(polls) - due) / step + 1) * step;
     }
-    looks = last;
+    polls = last;
     return instants;
 }
 
-std::int64_t TriggerFollower::InstantOf(std::int64_t look) const {
-    return begin + look * TimingUnit;
+Nanoseconds TriggerFollower::InstantOf(std::int64_t poll) const {
+    return begin + poll * TimingUnit;
 }
 
-std::int64_t TriggerFollower::CountAt(std::int64_t look) const {
-    return master.TriggerCountAt(static_cast<double>(InstantOf(look)) / 1e9);
+std::int64_t TriggerFollower::CountAt(std::int64_t poll) const {
+    return master.TriggerCountAt(InstantOf(poll));
 }
 
 // The next trigger is near as a rule, so that the span is widened first. The count never goes back, so that halving
 // the span finds the look then.
-std::int64_t TriggerFollower::FirstLookWith(std::int64_t count, std::int64_t before, std::int64_t last) const {
+std::int64_t TriggerFollower::FirstPollWith(std::int64_t count, std::int64_t before, std::int64_t last) const {
     std::int64_t ahead = 1;
     while (before + ahead < last && CountAt(before + ahead) < count) {
         before += ahead;

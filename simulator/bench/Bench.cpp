@@ -1,9 +1,8 @@
 #include "simulator/bench/Bench.h"
 
-#include "simulator/bench/ErrorTexts.h"
-#include "simulator/bench/NetworksImplementation.h"
 #include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/ModuleHardware.h"
 #include "simulator/signals/Noise.h"
 
 #include <algorithm>
@@ -17,7 +16,7 @@ Bench::Bench(const BenchDescription& description)
     : clock(description.clockSpeed, description.manualClock),
       gate(clock, *this),
       seed(description.seed),
-      thread(gate.mutex, [this] { return SeeToCollections(); }) {
+      thread(gate.mutex, [this] { return CollectPendingWork(); }) {
     gate.SetLatency(description.latency);
     for (const NetworkDescription& network : description.networks) {
         networks.push_back(std::make_unique<SimulatedNetwork>(*this, network));
@@ -26,7 +25,7 @@ Bench::Bench(const BenchDescription& description)
         }
     }
     for (const Fault& fault : description.faults) {
-        gate.faults.Add(fault, 0.0);
+        gate.faults.Add(fault, Nanoseconds::zero());
     }
 }
 
@@ -38,12 +37,12 @@ SimulatedNetwork& Bench::NetworkNamed(const std::string& name) {
             return *network;
         }
     }
-    Refuse(eTavikErrors::InvalidArgument, "The bench has no network \"" + name + "\".");
+    Reject(eTavikErrors::InvalidArgument, "The bench has no network \"" + name + "\".");
 }
 
 bool Bench::HasModule(const std::string& identity) {
     return std::any_of(networks.begin(), networks.end(),
-                       [&](const auto& network) { return network->Modules().IsOnBench(identity); });
+                       [&](const auto& network) { return network->Modules().All().Find(identity) != nullptr; });
 }
 
 std::uint64_t Bench::SeedOf(const std::string& identity) const {
@@ -57,17 +56,17 @@ void Bench::Schedule(const Event& event) {
     events.insert(place, event);
 }
 
-void Bench::Settle() {
+void Bench::AdvanceToNow() {
     if (events.empty() && !Collecting()) {
         return;
     }
-    const double now = clock.Now();
+    const Nanoseconds now = clock.Now();
     while (!events.empty() && events.back().at <= now) {
         Event event = events.back();
         events.pop_back();
         CollectUntil(event.at);
-        Happen(event);
-        if (event.description.every > 0.0) {
+        Apply(event);
+        if (event.description.every > Nanoseconds::zero()) {
             event.at += event.description.every;
             Schedule(event);
         }
@@ -80,23 +79,23 @@ bool Bench::Collecting() const {
                        [](const auto& network) { return network->acquisition.Running(); });
 }
 
-void Bench::CollectUntil(double seconds) {
+void Bench::CollectUntil(Nanoseconds time) {
     for (const auto& network : networks) {
-        network->CollectUntil(seconds);
+        network->CollectUntil(time);
     }
 }
 
-void Bench::Happen(const Event& event) {
+void Bench::Apply(const Event& event) {
     const EventDescription& what = event.description;
     switch (what.kind) {
     case EventKind::ModuleLeaves:
-        event.network->Modules().SetPresent(what.module, false, event.at);
+        event.network->Modules().All().SetPresent(what.module, false, event.at);
         break;
     case EventKind::ModuleReturns:
-        event.network->Modules().SetPresent(what.module, true, event.at);
+        event.network->Modules().All().SetPresent(what.module, true, event.at);
         break;
     case EventKind::ModuleReplaced:
-        event.network->Modules().Replace(what.module, what.replacement, what.replacementType);
+        event.network->Modules().All().Replace(what.module, what.replacement, what.replacementType);
         break;
     case EventKind::ControllerLeaves:
         event.network->SetPresent(false);
@@ -107,13 +106,6 @@ void Bench::Happen(const Event& event) {
     }
 }
 
-void Bench::Attach() {
-    if (servers++ == 0) {
-        networksObject =
-            std::make_unique<TavikLibrary::TavikNetworks>(new TavikLibrary::TavikNetworks::Implementation(*this));
-    }
-}
-
 void Bench::Detach() {
     if (--servers > 0) {
         return;
@@ -121,31 +113,30 @@ void Bench::Detach() {
     for (const auto& network : networks) {
         network->Disconnect();
         network->known = false;
-        network->dynamic.Reset();
         network->EndObjects();
     }
-    networksObject.reset();
+    object.reset();
 }
 
 void Bench::StartDynamic(void (*collectionFinished)()) {
     std::vector<SimulatedNetwork*> prepared;
     for (const auto& network : networks) {
-        if (network->dynamic.State() == eDynamicState::Prepared) {
-            network->dynamic.RequireIdle();
+        if (network->acquisition.dynamic.State() == eDynamicState::Prepared) {
+            network->RequireNotCollecting();
             prepared.push_back(network.get());
         }
     }
     if (prepared.empty()) {
-        Refuse(eTavikErrors::DynamicNotReady, "No network is prepared for a dynamic collection.");
+        Reject(eTavikErrors::DynamicNotReady, "No network is prepared for a dynamic collection.");
     }
     for (SimulatedNetwork* network : prepared) {
-        network->dynamic.Start(clock.Now(), collectionFinished);
+        network->acquisition.dynamic.Start(collectionFinished);
     }
 }
 
 void Bench::StopDynamic() {
     for (const auto& network : networks) {
-        network->dynamic.Stop();
+        network->acquisition.dynamic.Stop();
     }
 }
 
@@ -156,16 +147,17 @@ void Bench::EndThreadIfUnused() {
     });
 }
 
-LibraryThread::Duty Bench::SeeToCollections() {
-    Settle();
-    LibraryThread::Duty duty;
+LibraryThread::PendingWork Bench::CollectPendingWork() {
+    AdvanceToNow();
+    LibraryThread::PendingWork duty;
     for (const auto& network : networks) {
-        if (const auto call = network->dynamic.Announce()) {
+        if (const auto call = network->acquisition.dynamic.Announce()) {
             duty.calls.push_back(call);
         }
     }
-    duty.watching = std::any_of(networks.begin(), networks.end(),
-                                [](const auto& network) { return network->dynamic.State() == eDynamicState::Running; });
+    duty.watching = std::any_of(networks.begin(), networks.end(), [](const auto& network) {
+        return network->acquisition.dynamic.State() == eDynamicState::Running;
+    });
     return duty;
 }
 

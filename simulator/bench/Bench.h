@@ -1,8 +1,8 @@
 #pragma once
 
 #include "library/TavikNetworks.h"
+#include "simulator/bench/BenchDescription.h"
 #include "simulator/bench/Clock.h"
-#include "simulator/bench/Description.h"
 #include "simulator/bench/Gate.h"
 #include "simulator/bench/LibraryThread.h"
 
@@ -17,7 +17,7 @@ namespace TavikSimulator {
 class SimulatedNetwork;
 
 /// Everything that a TavikServer finds: networks, modules, time, and the gate before it all.
-class Bench final : private Gate::Settler {
+class Bench final : private Gate::Updater {
 public:
     explicit Bench(const BenchDescription& description);
     ~Bench();
@@ -43,41 +43,37 @@ public:
     /// Seed of the noise of the module with this identity.
     std::uint64_t SeedOf(const std::string& identity) const;
     /// Lets what is due by now happen.
-    void Settle() override;
+    void AdvanceToNow() override;
 
     /// A server begins or ends; with the last one all objects of the library end.
-    void Attach();
+    void Attach() { ++servers; }
     void Detach();
     /// Starts the dynamic collections that are prepared. The callback is called from the library's own thread when
     /// one of them has ended. Throws TavikException, and starts none, when that cannot be.
     void StartDynamic(void (*collectionFinished)());
     void StopDynamic();
-    TavikLibrary::TavikNetworks* NetworksObject() { return networksObject.get(); }
+
+    /// Made by the boundary for the first server.
+    std::unique_ptr<TavikLibrary::TavikNetworks> object;
 
 private:
     struct Event {
-        double at;
+        Nanoseconds at;
         SimulatedNetwork* network;
         EventDescription description;
     };
     void Schedule(const Event& event);
     bool Collecting() const;
-    void CollectUntil(double seconds);
-    void Happen(const Event& event);
-    LibraryThread::Duty SeeToCollections();
+    void CollectUntil(Nanoseconds time);
+    void Apply(const Event& event);
+    LibraryThread::PendingWork CollectPendingWork();
 
     std::uint64_t seed;
     std::vector<std::unique_ptr<SimulatedNetwork>> networks;
     std::vector<Event> events; ///< the next one last
     int servers = 0;
-    std::unique_ptr<TavikLibrary::TavikNetworks> networksObject;
     /// Ends before everything else.
     LibraryThread thread;
 };
-
-/// The bench of this process; makes one if there is none. Throws TavikException when that fails.
-std::shared_ptr<Bench> CurrentBench();
-/// Puts a fresh bench in the place of the current one.
-void ReplaceCurrentBench(const BenchDescription& description);
 
 } // namespace TavikSimulator

@@ -1,6 +1,6 @@
 #include "simulator/bench/CallJournal.h"
 
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -50,7 +50,7 @@ void CallJournal::WriteTo(const std::string& path) {
     const std::lock_guard lock(mutex);
     file = OpenFile(path);
     if (file < 0) {
-        Refuse(TavikLibrary::eTavikErrors::InvalidArgument,
+        Reject(TavikLibrary::eTavikErrors::InvalidArgument,
                "The journal \"" + path + "\" cannot be written: " + std::strerror(errno) + ".");
     }
     on = true;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/control/BenchControl.h"
+#include "simulator/bench/JournalEntry.h"
 
 #include <atomic>
 #include <cstddef>

@@ -7,30 +7,32 @@ namespace TavikSimulator {
 
 namespace {
 
-// A sleeping thread is woken some 60 us late. The last stretch of a wait is spent awake, so that a read
-// of 0.2 ms takes 0.2 ms. Whoever gave the processor away meanwhile would get it back milliseconds later
-// on a busy machine.
+// A sleeping thread wakes about 60 µs late. The last 100 µs of a wait are a busy wait, so that a read of 0.2 ms takes
+// 0.2 ms; yielding the processor can cost milliseconds.
 constexpr std::chrono::microseconds AwakeStretch{100};
 
 using Seconds = std::chrono::duration<double>;
 
 } // namespace
 
-double Bus::Reserve(double now, double seconds) {
+Nanoseconds Bus::Reserve(Nanoseconds now, Nanoseconds duration) {
     const std::lock_guard lock(mutex);
-    freeAt = std::max(freeAt, now) + seconds;
+    freeAt = std::max(freeAt, now) + duration;
     return freeAt;
 }
 
 Clock::Clock(double clockSpeed, bool byHand) : manual(byHand), speed(clockSpeed), started(SteadyClock::now()) {}
 
-double Clock::Now() const {
+Nanoseconds Clock::Now() const {
     const std::lock_guard lock(mutex);
     return NowLocked();
 }
 
-double Clock::NowLocked() const {
-    return manual ? origin : origin + Seconds(SteadyClock::now() - started).count() * speed;
+Nanoseconds Clock::NowLocked() const {
+    if (manual) {
+        return origin;
+    }
+    return std::min(origin + FromSeconds(Seconds(SteadyClock::now() - started).count() * speed), LatestTime);
 }
 
 void Clock::RunReal(double clockSpeed) {
@@ -52,32 +54,32 @@ bool Clock::IsManual() const {
     return manual;
 }
 
-void Clock::Advance(double seconds) {
-    AdvancedByHand(seconds);
+void Clock::Advance(Nanoseconds duration) {
+    AdvancedByHand(duration);
 }
 
-bool Clock::AdvancedByHand(double seconds) {
+bool Clock::AdvancedByHand(Nanoseconds duration) {
     const std::lock_guard lock(mutex);
     if (manual) {
-        origin += seconds;
+        origin = std::min(origin + duration, LatestTime);
     }
     return manual;
 }
 
-Clock::SteadyClock::time_point Clock::TimePointOf(double benchTime) const {
+Clock::SteadyClock::time_point Clock::TimePointOf(Nanoseconds benchTime) const {
     const std::lock_guard lock(mutex);
-    return started + std::chrono::duration_cast<SteadyClock::duration>(Seconds((benchTime - origin) / speed));
+    return started + std::chrono::duration_cast<SteadyClock::duration>(Seconds(ToSeconds(benchTime - origin) / speed));
 }
 
-void Clock::Wait(double seconds) {
-    if (seconds > 0.0 && !AdvancedByHand(seconds)) {
-        SleepUntil(TimePointOf(Now() + seconds));
+void Clock::Wait(Nanoseconds duration) {
+    if (duration > Nanoseconds::zero() && !AdvancedByHand(duration)) {
+        SleepUntil(TimePointOf(Now() + duration));
     }
 }
 
-void Clock::WaitOn(Bus& bus, double seconds) {
-    if (seconds > 0.0 && !AdvancedByHand(seconds)) {
-        SleepUntil(TimePointOf(bus.Reserve(Now(), seconds)));
+void Clock::WaitOn(Bus& bus, Nanoseconds duration) {
+    if (duration > Nanoseconds::zero() && !AdvancedByHand(duration)) {
+        SleepUntil(TimePointOf(bus.Reserve(Now(), duration)));
     }
 }
 

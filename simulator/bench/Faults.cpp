@@ -1,7 +1,7 @@
 #include "simulator/bench/Faults.h"
 
 #include "library/TavikException.h"
-#include "simulator/bench/ErrorTexts.h"
+#include "simulator/hardware/ErrorTexts.h"
 #include "simulator/signals/Noise.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 
 void Require(bool fulfilled, const char* sentence) {
     if (!fulfilled) {
-        Refuse(eTavikErrors::InvalidArgument, sentence);
+        Reject(eTavikErrors::InvalidArgument, sentence);
     }
 }
 
@@ -70,7 +70,7 @@ bool Matches(const std::string& pattern, const std::string& text) {
     return pattern.find_first_not_of('*', p) == std::string::npos;
 }
 
-int Faults::Add(const Fault& fault, double now) {
+int Faults::Add(const Fault& fault, Nanoseconds now) {
     RequirePossible(fault);
     const std::lock_guard lock(mutex);
     Active added;
@@ -109,7 +109,7 @@ void Faults::Rearm() {
     armed = !active.empty() || countdown.has_value();
 }
 
-bool Faults::CountdownStrikes() {
+bool Faults::CountdownEnds() {
     if (!countdown) {
         return false;
     }
@@ -119,7 +119,7 @@ bool Faults::CountdownStrikes() {
     return countdown->left == 0;
 }
 
-bool Faults::Triggers(Active& active, double now) {
+bool Faults::Triggers(Active& active, Nanoseconds now) {
     const Fault& fault = active.fault;
     ++active.matched;
     switch (fault.trigger) {
@@ -130,8 +130,8 @@ bool Faults::Triggers(Active& active, double now) {
     case FaultTrigger::FromNth:
         return active.matched >= fault.n;
     case FaultTrigger::During: {
-        const double since = now - active.setAt - fault.from;
-        return since >= 0.0 && since < fault.duration;
+        const Nanoseconds since = now - active.setAt - FromSeconds(fault.from);
+        return since >= Nanoseconds::zero() && since < FromSeconds(fault.duration);
     }
     case FaultTrigger::Probability:
         return Draw(fault.seed, active.drawn++) < fault.probability;
@@ -139,12 +139,12 @@ bool Faults::Triggers(Active& active, double now) {
     return false;
 }
 
-Strike Faults::Ask(const JournalEntry& call, bool canReturnResult) {
+FaultInjection Faults::Ask(const JournalEntry& call, bool canReturnResult) {
     const std::lock_guard lock(mutex);
-    Strike strike;
-    if (CountdownStrikes()) {
-        strike.struck = true;
-        strike.failure = countdown->fault;
+    FaultInjection injection;
+    if (CountdownEnds()) {
+        injection.injected = true;
+        injection.failure = countdown->fault;
         if (!countdown->everyCallAfter) {
             countdown.reset();
             Rearm();
@@ -153,26 +153,26 @@ Strike Faults::Ask(const JournalEntry& call, bool canReturnResult) {
     for (Active& candidate : active) {
         const Fault& fault = candidate.fault;
         const bool canApply = fault.effect != FaultEffect::Result || canReturnResult;
-        if (strike.failure || !canApply || !Matches(fault.object, call.object) ||
-            !Matches(fault.operation, call.operation) || !Triggers(candidate, call.time)) {
+        if (injection.failure || !canApply || !Matches(fault.object, call.object) ||
+            !Matches(fault.operation, call.operation) || !Triggers(candidate, FromSeconds(call.time))) {
             continue;
         }
-        strike.struck = true;
+        injection.injected = true;
         ++triggeredBy[candidate.number];
         if (fault.effect == FaultEffect::Slow) {
-            strike.delay += fault.delay;
+            injection.delay += FromSeconds(fault.delay);
         } else if (fault.effect == FaultEffect::Result) {
-            strike.result = fault.code;
+            injection.result = fault.code;
         } else {
-            strike.failure = fault;
+            injection.failure = fault;
         }
     }
-    if (strike.struck) {
+    if (injection.injected) {
         ++triggered;
-        lastStruck = call;
-        lastStruck.faulted = true;
+        lastFaulted = call;
+        lastFaulted.faulted = true;
     }
-    return strike;
+    return injection;
 }
 
 std::uint64_t Faults::Triggered() const {
@@ -186,9 +186,9 @@ std::uint64_t Faults::Triggered(int number) const {
     return found == triggeredBy.end() ? 0 : found->second;
 }
 
-JournalEntry Faults::LastStruck() const {
+JournalEntry Faults::LastFaulted() const {
     const std::lock_guard lock(mutex);
-    return lastStruck;
+    return lastFaulted;
 }
 
 void ThrowFault(const Fault& fault) {

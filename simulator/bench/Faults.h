@@ -1,6 +1,8 @@
 #pragma once
 
-#include "simulator/control/BenchControl.h"
+#include "simulator/bench/Fault.h"
+#include "simulator/bench/JournalEntry.h"
+#include "simulator/signals/Nanoseconds.h"
 
 #include <atomic>
 #include <cstdint>
@@ -19,9 +21,9 @@ bool Matches(const std::string& pattern, const std::string& text);
 void RequirePossible(const Fault& fault);
 
 /// What the faults that struck a call make of it.
-struct Strike {
-    bool struck = false;
-    double delay = 0.0; ///< in seconds
+struct FaultInjection {
+    bool injected = false;
+    Nanoseconds delay{};
     std::optional<int> result;
     std::optional<Fault> failure; ///< the fault by which the call is to throw
 };
@@ -33,23 +35,23 @@ public:
     bool Armed() const { return armed.load(std::memory_order_relaxed); }
 
     /// Returns the fault's number. Throws TavikException on a fault that can never take effect.
-    int Add(const Fault& fault, double now);
+    int Add(const Fault& fault, Nanoseconds now);
     void Remove(int number);
     void Clear();
     void FailCall(std::uint64_t k, bool everyCallAfter, const Fault& fault);
 
     /// Asks every fault about a call that is about to begin. One that throws ends the asking.
-    Strike Ask(const JournalEntry& call, bool canReturnResult);
+    FaultInjection Ask(const JournalEntry& call, bool canReturnResult);
 
     std::uint64_t Triggered() const;
     std::uint64_t Triggered(int number) const;
-    JournalEntry LastStruck() const;
+    JournalEntry LastFaulted() const;
 
 private:
     struct Active {
         int number = 0;
         Fault fault;
-        double setAt = 0.0;
+        Nanoseconds setAt{};
         std::uint64_t matched = 0;
         std::uint64_t drawn = 0;
     };
@@ -58,8 +60,8 @@ private:
         bool everyCallAfter = false;
         Fault fault;
     };
-    static bool Triggers(Active& active, double now);
-    bool CountdownStrikes();
+    static bool Triggers(Active& active, Nanoseconds now);
+    bool CountdownEnds();
     void Rearm();
 
     mutable std::mutex mutex;
@@ -69,7 +71,7 @@ private:
     std::optional<Countdown> countdown;
     std::uint64_t triggered = 0;
     std::map<int, std::uint64_t> triggeredBy;
-    JournalEntry lastStruck;
+    JournalEntry lastFaulted;
 };
 
 /// Throws what the fault says.

@@ -5,24 +5,24 @@ namespace TavikSimulator {
 JournalEntry Gate::Begin(std::uint64_t number, const std::string& object, const char* operation) {
     JournalEntry entry;
     entry.number = number;
-    entry.time = clock.Now();
+    entry.time = ToSeconds(clock.Now());
     entry.thread = ThreadNumber();
     entry.object = object;
     entry.operation = operation;
     return entry;
 }
 
-std::optional<int> Gate::Struck(JournalEntry& entry, bool canReturnResult) {
+std::optional<int> Gate::InjectFault(JournalEntry& entry, bool canReturnResult) {
     if (!faults.Armed()) {
         return std::nullopt;
     }
-    const Strike strike = faults.Ask(entry, canReturnResult);
-    entry.faulted = strike.struck;
-    clock.Wait(strike.delay);
-    if (strike.failure) {
-        ThrowFault(*strike.failure);
+    const FaultInjection injection = faults.Ask(entry, canReturnResult);
+    entry.faulted = injection.injected;
+    clock.Wait(injection.delay);
+    if (injection.failure) {
+        ThrowFault(*injection.failure);
     }
-    return strike.result;
+    return injection.result;
 }
 
 void Gate::End(const JournalEntry& entry) {

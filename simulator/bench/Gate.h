@@ -25,15 +25,15 @@ struct NoWait {};
 class Gate {
 public:
     /// Brings the bench up to date before a call; runs under the lock.
-    class Settler {
+    class Updater {
     public:
-        virtual void Settle() = 0;
+        virtual void AdvanceToNow() = 0;
 
     protected:
-        ~Settler() = default;
+        ~Updater() = default;
     };
 
-    Gate(Clock& clock, Settler& settler) : clock(clock), settler(settler) {}
+    Gate(Clock& clock, Updater& updater) : clock(clock), updater(updater) {}
 
     /// Runs a call. The body does its work and returns its result. A body that takes an optional int
     /// gets the result code that a fault imposes on it; the result of another body that returns a whole
@@ -97,7 +97,7 @@ private:
     template <class Body>
     auto Locked(Body& body, std::optional<int> code) {
         const std::lock_guard lock(mutex);
-        settler.Settle();
+        updater.AdvanceToNow();
         return Run(body, code);
     }
 
@@ -117,7 +117,7 @@ private:
         entry.arguments = ArgumentsText(args...);
         entry.takesCode = canFail && CanReturnResult<Body>();
         try {
-            const std::optional<int> code = canFail ? Struck(entry, entry.takesCode) : std::nullopt;
+            const std::optional<int> code = canFail ? InjectFault(entry, entry.takesCode) : std::nullopt;
             SpendTime(wait);
             if constexpr (std::is_void_v<decltype(Run(body, code))>) {
                 Locked(body, code);
@@ -138,12 +138,12 @@ private:
     }
 
     JournalEntry Begin(std::uint64_t number, const std::string& object, const char* operation);
-    std::optional<int> Struck(JournalEntry& entry, bool canReturnResult);
+    std::optional<int> InjectFault(JournalEntry& entry, bool canReturnResult);
     void End(const JournalEntry& entry);
     void EndFailed(JournalEntry& entry, int code, const char* text);
 
     Clock& clock;
-    Settler& settler;
+    Updater& updater;
     std::atomic<std::uint64_t> numbers{0};
     std::atomic<std::uint64_t> unfailing{0};
     std::atomic<bool> latency{true};

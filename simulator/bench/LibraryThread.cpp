@@ -10,7 +10,7 @@ namespace {
 thread_local const void* ownThreadOf = nullptr;
 
 // A clock that is advanced by hand wakes nobody, so the thread looks by itself.
-constexpr std::chrono::milliseconds LookAgain{2};
+constexpr std::chrono::milliseconds PollInterval{2};
 
 } // namespace
 
@@ -30,7 +30,7 @@ void LibraryThread::Wake() {
     }
     wake.notify_all();
     if (!thread.joinable()) {
-        life = std::make_shared<Life>();
+        life = std::make_shared<LifetimeToken>();
         thread = std::thread([this, own = life] { Run(own); });
     }
 }
@@ -60,17 +60,17 @@ void LibraryThread::EndUnless(const std::function<bool()>& inUse) {
     }
 }
 
-void LibraryThread::Run(const std::shared_ptr<Life>& own) {
+void LibraryThread::Run(const std::shared_ptr<LifetimeToken>& own) {
     ownThreadOf = this;
     while (!own->over) {
-        Duty found;
+        PendingWork found;
         {
             std::unique_lock lock(benchLock);
             awake = false;
             found = duty();
             const auto called = [&] { return awake || own->over; };
             if (found.calls.empty() && found.watching) {
-                wake.wait_for(lock, LookAgain, called);
+                wake.wait_for(lock, PollInterval, called);
             } else if (found.calls.empty()) {
                 wake.wait(lock, called);
             }

@@ -17,13 +17,13 @@ class LibraryThread {
 public:
     using Callback = void (*)();
     /// What is found to be done, under the bench's lock.
-    struct Duty {
+    struct PendingWork {
         bool watching = false;       ///< look again soon
         std::vector<Callback> calls; ///< to be made without the lock
     };
 
     /// The duty is asked for under this lock.
-    LibraryThread(std::mutex& lock, std::function<Duty()> what) : benchLock(lock), duty(std::move(what)) {}
+    LibraryThread(std::mutex& lock, std::function<PendingWork()> what) : benchLock(lock), duty(std::move(what)) {}
     /// As End.
     ~LibraryThread();
     LibraryThread(const LibraryThread&) = delete;
@@ -37,19 +37,19 @@ public:
 
 private:
     /// Outlives the bench when that ends inside a call that the thread makes.
-    struct Life {
+    struct LifetimeToken {
         std::atomic<bool> over{false};
     };
-    void Run(const std::shared_ptr<Life>& life);
+    void Run(const std::shared_ptr<LifetimeToken>& life);
 
     std::mutex& benchLock;
-    const std::function<Duty()> duty;
+    const std::function<PendingWork()> duty;
     bool awake = false; ///< guarded by the bench's lock
     std::condition_variable wake;
 
     std::mutex mutex; ///< guards what follows; taken before the bench's lock
     std::thread thread;
-    std::shared_ptr<Life> life;
+    std::shared_ptr<LifetimeToken> life;
 };
 
 } // namespace TavikSimulator

@@ -1,57 +1,43 @@
 #include "simulator/bench/ModuleList.h"
 
 #include "simulator/bench/Bench.h"
-#include "simulator/bench/ErrorTexts.h"
 #include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/ModuleHardware.h"
-#include "simulator/modules/ModuleImplementation.h"
-#include "simulator/modules/ModuleKinds.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace TavikSimulator {
 
-using TavikLibrary::eModuleType;
 using TavikLibrary::eTavikErrors;
-using TavikLibrary::TavikModule;
 
 ModuleList::ModuleList(Bench& ownerBench, SimulatedNetwork& ownerNetwork,
                        const std::vector<ModuleDescription>& descriptions)
-    : bench(ownerBench), network(ownerNetwork) {
-    for (const ModuleDescription& description : descriptions) {
-        modules.push_back(KindOf(description.type).makeHardware(description));
-        if (description.place == Place::Listed) {
-            Append(modules.back());
-            list.back().connector = description.remembered ? description.identity : std::string();
+    : bench(ownerBench), network(ownerNetwork), all(ownerBench, ownerNetwork, descriptions) {
+    for (const auto& hardware : all) {
+        const ModuleDescription& description = hardware->Description();
+        if (description.plugState == PlugState::Listed) {
+            Append(hardware);
+            list.back()->connector = description.remembered ? description.identity : std::string();
         }
     }
 }
 
 ModuleList::~ModuleList() = default;
 
-TavikModule* ModuleList::At(unsigned int index) {
+ListedModule& ModuleList::At(unsigned int index) const {
     if (index >= list.size()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
+        Reject(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
                                                         " of network \"" + network.Name() + "\", which has " +
                                                         std::to_string(list.size()) + " modules.");
     }
-    Entry& entry = list[index];
-    if (!entry.module) {
-        entry.implementation = new TavikModule::Implementation(bench, network, entry.hardware);
-        entry.module = KindOf(entry.hardware->Description().type).makeModule(entry.implementation);
-    }
-    return entry.module.get();
-}
-
-TavikModule::Implementation& ModuleList::ImplementationAt(int index) {
-    At(static_cast<unsigned int>(index));
-    return *list[static_cast<std::size_t>(index)].implementation;
+    return *list[index];
 }
 
 int ModuleList::IndexOf(const std::string& identity) const {
     for (std::size_t i = 0; i < list.size(); ++i) {
-        if (list[i].hardware->Identity() == identity) {
+        if (list[i]->hardware->Identity() == identity) {
             return static_cast<int>(i);
         }
     }
@@ -59,110 +45,93 @@ int ModuleList::IndexOf(const std::string& identity) const {
 }
 
 const ModuleHardware& ModuleList::HardwareAt(int index) const {
-    return *list[static_cast<std::size_t>(index)].hardware;
+    return *list[static_cast<std::size_t>(index)]->hardware;
 }
 
 std::vector<std::string> ModuleList::Identities() const {
     std::vector<std::string> identities;
-    for (const Entry& entry : list) {
-        identities.push_back(entry.hardware->Identity());
+    for (const auto& entry : list) {
+        identities.push_back(entry->hardware->Identity());
     }
     return identities;
 }
 
 std::vector<ModuleHardware*> ModuleList::Listed() const {
     std::vector<ModuleHardware*> listed;
-    for (const Entry& entry : list) {
-        listed.push_back(entry.hardware.get());
+    for (const auto& entry : list) {
+        listed.push_back(entry->hardware.get());
     }
     return listed;
 }
 
 void ModuleList::RequireChangeable() const {
     if (notify) {
-        Refuse(eTavikErrors::NotifyRunning,
+        Reject(eTavikErrors::NotifyRunning,
                "A notify run is going on on network \"" + network.Name() + "\"; stop it first.");
     }
     network.RequireNotCollecting();
-    if (network.dynamic.Enabled()) {
-        Refuse(eTavikErrors::DynamicEnabled,
+    if (network.acquisition.dynamic.Enabled()) {
+        Reject(eTavikErrors::DynamicEnabled,
                "Network \"" + network.Name() + "\" is enabled for dynamic mode; disable that first.");
     }
 }
 
 void ModuleList::RequireIndex(int index) const {
     if (index < 0 || index >= Count()) {
-        Refuse(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
+        Reject(eTavikErrors::ModuleIndexOutOfRange, "There is no module at position " + std::to_string(index) +
                                                         " of network \"" + network.Name() + "\", which has " +
                                                         std::to_string(Count()) + " modules.");
     }
 }
 
 void ModuleList::Append(const std::shared_ptr<ModuleHardware>& hardware) {
-    Entry entry;
-    entry.hardware = hardware;
     hardware->listed = true;
     hardware->replaces.clear();
-    list.push_back(std::move(entry));
+    list.push_back(std::make_unique<ListedModule>(hardware));
 }
 
-// The front-end may hold on to a module for too long. The object stays, so that a call on it can be
-// refused with a sentence.
-void ModuleList::Retire(Entry& entry) {
-    entry.hardware->listed = false;
-    if (entry.module) {
-        entry.implementation->removed = true;
-        removed.push_back(std::move(entry.module));
+// The front-end may keep a removed module's object. It stays, so that a call on it is rejected with an error message.
+void ModuleList::Retire(std::unique_ptr<ListedModule> module) {
+    module->hardware->listed = false;
+    module->removed = true;
+    network.acquisition.Forget(*module->hardware);
+    if (module->object) {
+        removed.push_back(std::move(module));
     }
 }
 
-void ModuleList::PutBackOnWire(Entry& entry) {
-    Retire(entry);
-    entry.hardware->announcesWhenAsked = true;
+void ModuleList::PutBackOnBus(std::unique_ptr<ListedModule> module) {
+    module->hardware->announcesWhenAsked = true;
+    Retire(std::move(module));
 }
 
 // A connector whose module does not answer keeps what it remembers.
 void ModuleList::WriteConnectors() {
-    for (Entry& entry : list) {
-        if (entry.hardware->present) {
-            entry.connector = entry.hardware->Identity();
+    for (const auto& entry : list) {
+        if (entry->hardware->present) {
+            entry->connector = entry->hardware->Identity();
         }
     }
 }
 
-std::shared_ptr<ModuleHardware> ModuleList::FindOnBench(const std::string& identity) const {
-    const auto found = std::find_if(modules.begin(), modules.end(),
-                                    [&](const auto& hardware) { return hardware->Identity() == identity; });
-    return found == modules.end() ? nullptr : *found;
-}
-
-ModuleHardware& ModuleList::OnBench(const std::string& identity) {
-    const auto hardware = FindOnBench(identity);
-    if (!hardware) {
-        Refuse(eTavikErrors::IdentityUnknown,
-               "Network \"" + network.Name() + "\" of the bench has no module " + identity + ".");
-    }
-    return *hardware;
-}
-
-std::shared_ptr<ModuleHardware> ModuleList::AddableOnWire(const std::string& identity,
-                                                          const std::string& probeIdentity) const {
+std::shared_ptr<ModuleHardware> ModuleList::AddableOnBus(const std::string& identity,
+                                                         const std::string& probeIdentity) const {
     if (!IsIdentity(identity)) {
-        Refuse(eTavikErrors::IdentityMalformed,
+        Reject(eTavikErrors::IdentityMalformed,
                "\"" + identity + "\" is not a module identity: that has 10 characters, upper-case letters and digits.");
     }
     if (IndexOf(identity) >= 0) {
-        Refuse(eTavikErrors::IdentityDuplicate,
+        Reject(eTavikErrors::IdentityDuplicate,
                "Module " + identity + " is in the list of network \"" + network.Name() + "\" already.");
     }
-    auto hardware = FindOnBench(identity);
+    auto hardware = all.Find(identity);
     if (!hardware || !hardware->present) {
-        Refuse(eTavikErrors::IdentityUnknown,
+        Reject(eTavikErrors::IdentityUnknown,
                "No module " + identity + " answers on network \"" + network.Name() + "\".");
     }
     const auto& probe = hardware->Description().probeIdentity;
     if (!probeIdentity.empty() && probe != probeIdentity) {
-        Refuse(eTavikErrors::IdentityUnknown, "Module " + identity + " has the probe " + probe.value_or("(none)") +
+        Reject(eTavikErrors::IdentityUnknown, "Module " + identity + " has the probe " + probe.value_or("(none)") +
                                                   " behind it, not " + probeIdentity + ".");
     }
     return hardware;
@@ -170,13 +139,13 @@ std::shared_ptr<ModuleHardware> ModuleList::AddableOnWire(const std::string& ide
 
 void ModuleList::Add(const std::string& identity, const std::string& probeIdentity) {
     RequireChangeable();
-    const auto hardware = AddableOnWire(identity, probeIdentity);
+    const auto hardware = AddableOnBus(identity, probeIdentity);
     if (Count() >= MostModules) {
-        Refuse(eTavikErrors::NetworkFull, "Module " + identity + " was not added: network \"" + network.Name() +
+        Reject(eTavikErrors::NetworkFull, "Module " + identity + " was not added: network \"" + network.Name() +
                                               "\" holds " + std::to_string(MostModules) + " modules and is full.");
     }
     if (!hardware->CanWorkAt(network.Speed())) {
-        Refuse(eTavikErrors::SpeedNotAvailable, "Module " + identity + " cannot work at the speed " +
+        Reject(eTavikErrors::SpeedNotAvailable, "Module " + identity + " cannot work at the speed " +
                                                     TavikLibrary::eNetSpeed_ToString(network.Speed()) +
                                                     " of network \"" + network.Name() + "\".");
     }
@@ -187,67 +156,58 @@ void ModuleList::Add(const std::string& identity, const std::string& probeIdenti
 void ModuleList::Delete(int index) {
     RequireChangeable();
     RequireIndex(index);
-    PutBackOnWire(list[static_cast<std::size_t>(index)]);
+    PutBackOnBus(std::move(list[static_cast<std::size_t>(index)]));
     list.erase(list.begin() + index);
 }
 
 void ModuleList::Clear() {
     RequireChangeable();
-    for (Entry& entry : list) {
-        PutBackOnWire(entry);
+    for (auto& entry : list) {
+        PutBackOnBus(std::move(entry));
     }
     list.clear();
 }
 
 void ModuleList::ClearConnectors() {
     RequireChangeable();
-    for (Entry& entry : list) {
-        entry.connector.clear();
+    for (const auto& entry : list) {
+        entry->connector.clear();
     }
 }
 
 void ModuleList::RequirePosition(int position) const {
     if (position < 0 || position >= Count()) {
-        Refuse(eTavikErrors::PositionInvalid, "There is no position " + std::to_string(position) + " on network \"" +
+        Reject(eTavikErrors::PositionInvalid, "There is no position " + std::to_string(position) + " on network \"" +
                                                   network.Name() + "\", which has " + std::to_string(Count()) +
                                                   " modules.");
     }
 }
 
-std::vector<int> ModuleList::WantedPositions() const {
+std::vector<int> ModuleList::TakeWantedPositions() {
     std::vector<int> wanted;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        const auto* implementation = list[i].implementation;
-        wanted.push_back(implementation ? implementation->position.value_or(static_cast<int>(i)) : static_cast<int>(i));
+    for (const auto& entry : list) {
+        wanted.push_back(entry->position.value_or(static_cast<int>(wanted.size())));
+        entry->position.reset();
     }
     return wanted;
 }
 
-void ModuleList::ForgetWantedPositions() {
-    for (Entry& entry : list) {
-        if (entry.implementation) {
-            entry.implementation->position.reset();
-        }
-    }
-}
-
 void ModuleList::ApplyPositions() {
     RequireChangeable();
-    const std::vector<int> wanted = WantedPositions();
-    // Also when they are refused: the next attempt starts from the list as it is.
-    ForgetWantedPositions();
+    // Taken also when they are rejected: the next attempt starts from the list as it is.
+    const std::vector<int> wanted = TakeWantedPositions();
     std::vector<int> from(list.size(), -1);
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         const auto position = static_cast<std::size_t>(wanted[i]);
         if (position >= from.size() || from[position] >= 0) {
-            Refuse(eTavikErrors::PositionInvalid, "The modules of network \"" + network.Name() +
-                                                      "\" stay where they are: " + list[i].hardware->Identity() +
+            Reject(eTavikErrors::PositionInvalid, "The modules of network \"" + network.Name() +
+                                                      "\" stay where they are: " + list[i]->hardware->Identity() +
                                                       " was to go to position " + std::to_string(position) +
                                                       ", which is not free.");
         }
         from[position] = static_cast<int>(i);
     }
-    std::vector<Entry> reordered;
+    std::vector<std::unique_ptr<ListedModule>> reordered;
     reordered.reserve(list.size());
     for (const int index : from) {
         reordered.push_back(std::move(list[static_cast<std::size_t>(index)]));
@@ -256,72 +216,61 @@ void ModuleList::ApplyPositions() {
     WriteConnectors();
 }
 
-std::shared_ptr<ModuleHardware> ModuleList::ReplacementFor(const Entry& entry) const {
-    const std::string& identity = entry.hardware->Identity();
-    if (entry.connector != identity) {
-        return nullptr;
-    }
-    const auto found = std::find_if(modules.begin(), modules.end(), [&](const auto& hardware) {
-        return hardware->present && hardware->replaces == identity;
-    });
-    return found == modules.end() ? nullptr : *found;
+std::shared_ptr<ModuleHardware> ModuleList::ReplacementFor(const ListedModule& module) const {
+    const std::string& identity = module.hardware->Identity();
+    return module.connector == identity ? all.ReplacementOf(identity) : nullptr;
 }
 
-void ModuleList::RequireFits(const Entry& entry, const ModuleHardware& replacement) const {
-    const ModuleDescription& old = entry.hardware->Description();
-    const ModuleDescription& now = replacement.Description();
+void ModuleList::RequireFits(const ModuleDescription& old, const ModuleDescription& now) {
     if (old.type != now.type) {
-        Refuse(eTavikErrors::HotSwapMismatch,
+        Reject(eTavikErrors::HotSwapMismatch,
                "Module " + old.identity + " (" + TavikLibrary::eModuleType_ToString(old.type) + ") was replaced by " +
                    now.identity + " (" + TavikLibrary::eModuleType_ToString(now.type) + "), which is of another kind.");
     }
     if (!old.hotSwappable || !now.hotSwappable) {
-        Refuse(eTavikErrors::HotSwapMismatch, "Module " + old.identity + " was replaced by " + now.identity +
+        Reject(eTavikErrors::HotSwapMismatch, "Module " + old.identity + " was replaced by " + now.identity +
                                                   ", but modules of this kind cannot be swapped.");
     }
 }
 
 void ModuleList::TakeInReplacements() {
     RequireChangeable();
-    std::vector<std::pair<Entry*, std::shared_ptr<ModuleHardware>>> swaps;
-    for (Entry& entry : list) {
-        if (const auto replacement = ReplacementFor(entry)) {
-            RequireFits(entry, *replacement);
-            swaps.emplace_back(&entry, replacement);
+    std::vector<std::shared_ptr<ModuleHardware>> replacements;
+    for (const auto& entry : list) {
+        replacements.push_back(ReplacementFor(*entry));
+        if (replacements.back()) {
+            RequireFits(entry->hardware->Description(), replacements.back()->Description());
         }
     }
-    for (auto& [entry, replacement] : swaps) {
-        Retire(*entry);
-        *entry = Entry();
-        entry->hardware = replacement;
-        entry->connector = replacement->Identity();
-        replacement->listed = true;
-        replacement->replaces.clear();
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        if (replacements[i]) {
+            Retire(std::move(list[i]));
+            list[i] = std::make_unique<ListedModule>(replacements[i]);
+            list[i]->connector = replacements[i]->Identity();
+            replacements[i]->listed = true;
+            replacements[i]->replaces.clear();
+        }
     }
 }
 
 void ModuleList::RequireAllAnswer() const {
-    const double now = bench.clock.Now();
-    for (int index = 0; index < Count(); ++index) {
-        RequireAnswer(index, now);
+    const Nanoseconds now = bench.clock.Now();
+    for (const auto& entry : list) {
+        entry->hardware->RequireAnswer(now, network.Name());
     }
 }
 
-void ModuleList::RequireAnswer(int index, double now) const {
-    const ModuleHardware& hardware = HardwareAt(index);
-    if (!hardware.Answers(now)) {
-        Refuse(eTavikErrors::ModuleNotResponding,
-               "Module " + hardware.Identity() + " on network \"" + network.Name() + "\" does not answer.");
-    }
+void ModuleList::RequireAnswer(const ModuleHardware& module) const {
+    list[static_cast<std::size_t>(IndexOf(module.Identity()))]->RequireAnswer(bench.clock.Now(), network.Name());
 }
 
-void ModuleList::BeginNotifying(double now) {
+void ModuleList::BeginNotifying(Nanoseconds now) {
     RequireChangeable();
-    notify.emplace(modules, now);
+    notify.emplace(all, now);
     ProgressNotifying(now);
 }
 
-void ModuleList::ProgressNotifying(double now) {
+void ModuleList::ProgressNotifying(Nanoseconds now) {
     if (!notify) {
         return;
     }
@@ -336,61 +285,63 @@ void ModuleList::ProgressNotifying(double now) {
     }
 }
 
-std::vector<ModuleHardware*> ModuleList::OnBench() const {
-    std::vector<ModuleHardware*> all;
-    for (const auto& hardware : modules) {
-        all.push_back(hardware.get());
+std::vector<StoredModule> ModuleList::Stored(Nanoseconds now) const {
+    std::vector<StoredModule> stored;
+    for (const auto& entry : list) {
+        stored.push_back(
+            {entry->hardware->Identity(), entry->hardware->Description().type, entry->hardware->Settings(now)});
     }
-    return all;
+    return stored;
 }
 
-void ModuleList::SetPresent(const std::string& identity, bool present, double now) {
-    ModuleHardware& hardware = OnBench(identity);
-    if (present && !hardware.present) {
-        for (const auto& other : modules) {
-            if (other->replaces == identity) {
-                // Its connector takes one module at a time.
-                other->present = false;
-            }
-        }
-        hardware.PowerOn(now);
+void ModuleList::RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, Nanoseconds now) const {
+    const auto hardware = all.Find(stored.identity);
+    if (!hardware || !hardware->present) {
+        Reject(eTavikErrors::IdentityUnknown,
+               "No module " + stored.identity + " answers on network \"" + network.Name() + "\".");
     }
-    hardware.present = present;
+    if (hardware->Description().type != stored.type) {
+        Reject(eTavikErrors::InvalidArgument, "Module " + stored.identity + " is not of the kind " +
+                                                  TavikLibrary::eModuleType_ToString(stored.type) + ".");
+    }
+    if (!hardware->CanWorkAt(speed)) {
+        Reject(eTavikErrors::SpeedNotAvailable, "Module " + stored.identity + " cannot work at the speed " +
+                                                    TavikLibrary::eNetSpeed_ToString(speed) + ".");
+    }
+    hardware->RequireSettings(stored.settings, now);
 }
 
-void ModuleList::Replace(const std::string& oldIdentity, const std::string& newIdentity, eModuleType type) {
-    ModuleHardware& old = OnBench(oldIdentity);
-    if (IndexOf(oldIdentity) < 0) {
-        Refuse(eTavikErrors::IdentityUnknown,
-               "Module " + oldIdentity + " is not in the list of network \"" + network.Name() + "\".");
+void ModuleList::RequireRestorable(const std::vector<StoredModule>& stored) const {
+    RequireChangeable();
+    if (stored.size() > static_cast<std::size_t>(MostModules)) {
+        Reject(eTavikErrors::NetworkFull, "A network holds " + std::to_string(MostModules) + " modules at most.");
     }
-    if (!IsIdentity(newIdentity)) {
-        Refuse(eTavikErrors::IdentityMalformed, "\"" + newIdentity + "\" is not a module identity.");
-    }
-    if (bench.HasModule(newIdentity)) {
-        Refuse(eTavikErrors::IdentityDuplicate, "The bench has a module " + newIdentity + " already.");
-    }
-    const bool sameKind = type == eModuleType::Unknown || type == old.Description().type;
-    ModuleDescription description = sameKind ? old.Description() : KindOf(type).defaults();
-    description.identity = newIdentity;
-    description.place = Place::Wire;
-    description.announcesAfter.reset();
-    description.signal.seed = bench.SeedOf(newIdentity);
-    for (const auto& other : modules) {
-        if (other->replaces == oldIdentity) {
-            other->present = false;
-            other->replaces.clear();
+}
+
+void ModuleList::Restore(const std::vector<StoredModule>& stored, Nanoseconds now) {
+    std::vector<std::unique_ptr<ListedModule>> before = std::move(list);
+    list.clear();
+    for (const StoredModule& module : stored) {
+        const auto hardware = all.Find(module.identity);
+        const auto kept =
+            std::find_if(before.begin(), before.end(), [&](const auto& entry) { return entry->hardware == hardware; });
+        if (kept == before.end()) {
+            Append(hardware);
+        } else {
+            list.push_back(std::move(*kept));
+            before.erase(kept);
         }
+        hardware->UseSettings(module.settings, now);
     }
-    modules.push_back(KindOf(description.type).makeHardware(description));
-    modules.back()->replaces = oldIdentity;
-    old.present = false;
+    for (auto& entry : before) {
+        PutBackOnBus(std::move(entry));
+    }
+    WriteConnectors();
 }
 
 void ModuleList::EndObjects() {
-    for (Entry& entry : list) {
-        entry.module.reset();
-        entry.implementation = nullptr;
+    for (const auto& entry : list) {
+        entry->EndObject();
     }
     removed.clear();
 }

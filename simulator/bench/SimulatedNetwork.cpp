@@ -1,9 +1,8 @@
 #include "simulator/bench/SimulatedNetwork.h"
 
 #include "library/TavikException.h"
-#include "simulator/bench/ErrorTexts.h"
-#include "simulator/bench/NetworkImplementation.h"
-#include "simulator/modules/ModuleHardware.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/ModuleHardware.h"
 
 #include <algorithm>
 
@@ -12,23 +11,29 @@ namespace TavikSimulator {
 using TavikLibrary::eNetSpeed;
 using TavikLibrary::eTavikErrors;
 
-double TransactionTime(eNetSpeed speed) {
+Nanoseconds TransactionTime(eNetSpeed speed) {
+    using std::chrono::microseconds;
     switch (speed) {
     case eNetSpeed::Low:
-        return 0.0025;
+        return microseconds(2500);
     case eNetSpeed::Medium:
-        return 0.0012;
+        return microseconds(1200);
     case eNetSpeed::High:
-        return 0.00035;
+        return microseconds(350);
     case eNetSpeed::UltraHigh:
-        return 0.0002;
+        return microseconds(200);
     }
-    return 0.0;
+    return Nanoseconds::zero();
+}
+
+Nanoseconds ReadBurstTime(eNetSpeed speed, int modules) {
+    // A transaction is a question, a pause and an answer. The command takes half a transaction, as a question does; an
+    // answer takes a quarter, because there is no pause.
+    return TransactionTime(speed) / 2 + modules * TransactionTime(speed) / 4;
 }
 
 SimulatedNetwork::SimulatedNetwork(Bench& ownerBench, const NetworkDescription& networkDescription)
-    : difference(ownerBench, *this),
-      bench(ownerBench),
+    : bench(ownerBench),
       description(networkDescription),
       controllerID(description.controller),
       text(description.description),
@@ -41,13 +46,13 @@ SimulatedNetwork::~SimulatedNetwork() = default;
 
 void SimulatedNetwork::RequireConnected() const {
     if (!connected) {
-        Refuse(eTavikErrors::NetworkNotConnected, "Network \"" + Name() + "\" is not connected.");
+        Reject(eTavikErrors::NetworkNotConnected, "Network \"" + Name() + "\" is not connected.");
     }
 }
 
 void SimulatedNetwork::RequireNotCollecting() const {
     if (acquisition.Running()) {
-        Refuse(eTavikErrors::AcquisitionRunning, "Network \"" + Name() + "\" is collecting readings; stop that first.");
+        Reject(eTavikErrors::AcquisitionRunning, "Network \"" + Name() + "\" is collecting readings; stop that first.");
     }
 }
 
@@ -67,9 +72,7 @@ void SimulatedNetwork::Connect() {
 void SimulatedNetwork::Disconnect() {
     connected = false;
     modules.CancelNotifying();
-    acquisition.StopBuffered();
-    difference.Abandon();
-    dynamic.Disconnect();
+    acquisition.Disconnect();
 }
 
 void SimulatedNetwork::SetPresent(bool nowPresent) {
@@ -87,17 +90,17 @@ bool SimulatedNetwork::ControllerCanWorkAt(eNetSpeed wanted) const {
 void SimulatedNetwork::SetSpeed(eNetSpeed wanted) {
     const std::string name = TavikLibrary::eNetSpeed_ToString(wanted);
     if (Modules().Notifying()) {
-        Refuse(eTavikErrors::NotifyRunning,
+        Reject(eTavikErrors::NotifyRunning,
                "A notify run is going on on network \"" + Name() + "\"; stop it before setting the speed.");
     }
     RequireNotCollecting();
     if (!ControllerCanWorkAt(wanted)) {
-        Refuse(eTavikErrors::SpeedNotAvailable,
+        Reject(eTavikErrors::SpeedNotAvailable,
                "The controller of network \"" + Name() + "\" cannot work at the speed " + name + ".");
     }
     for (int i = 0; i < modules.Count(); ++i) {
         if (!modules.HardwareAt(i).CanWorkAt(wanted)) {
-            Refuse(eTavikErrors::SpeedNotAvailable, "Module " + modules.HardwareAt(i).Identity() + " on network \"" +
+            Reject(eTavikErrors::SpeedNotAvailable, "Module " + modules.HardwareAt(i).Identity() + " on network \"" +
                                                         Name() + "\" cannot work at the speed " + name + ".");
         }
     }
@@ -109,20 +112,20 @@ StoredNetwork SimulatedNetwork::Stored() {
 }
 
 void SimulatedNetwork::Restore(const StoredNetwork& stored, const std::string& file) {
-    NamingPlace(file, stored.line, [&] {
+    WithFileAndLine(file, stored.line, [&] {
         if (stored.name != Name()) {
-            Refuse(eTavikErrors::InvalidArgument,
+            Reject(eTavikErrors::InvalidArgument,
                    "It describes the network \"" + stored.name + "\", not \"" + Name() + "\".");
         }
         if (!ControllerCanWorkAt(stored.speed)) {
-            Refuse(eTavikErrors::SpeedNotAvailable,
+            Reject(eTavikErrors::SpeedNotAvailable,
                    "The controller cannot work at the speed " + TavikLibrary::eNetSpeed_ToString(stored.speed) + ".");
         }
         Modules().RequireRestorable(stored.modules);
     });
-    const double now = bench.clock.Now();
+    const Nanoseconds now = bench.clock.Now();
     for (const StoredModule& module : stored.modules) {
-        NamingPlace(file, module.line, [&] { Modules().RequireRestorable(module, stored.speed, now); });
+        WithFileAndLine(file, module.line, [&] { Modules().RequireRestorable(module, stored.speed, now); });
     }
     Modules().Restore(stored.modules, now);
     speed = stored.speed;
@@ -130,6 +133,10 @@ void SimulatedNetwork::Restore(const StoredNetwork& stored, const std::string& f
 
 void SimulatedNetwork::SpendTransactions(int count) {
     bench.clock.WaitOn(bus, count * TransactionTime(Speed()));
+}
+
+void SimulatedNetwork::SpendReadBurst(int count) {
+    bench.clock.WaitOn(bus, ReadBurstTime(Speed(), count));
 }
 
 ModuleList& SimulatedNetwork::Modules() {
@@ -148,15 +155,27 @@ int SimulatedNetwork::ReadBurstCapableCount() {
     return count;
 }
 
-TavikLibrary::TavikNetwork* SimulatedNetwork::Object() {
-    if (!object) {
-        object =
-            std::make_unique<TavikLibrary::TavikNetwork>(new TavikLibrary::TavikNetwork::Implementation(bench, *this));
+int SimulatedNetwork::ReadBurst(int& count) {
+    if (!description.capabilities.readBurst) {
+        return static_cast<int>(eTavikErrors::NotSupported);
     }
-    return object.get();
+    if (Modules().Notifying()) {
+        return static_cast<int>(eTavikErrors::NotifyRunning);
+    }
+    if (acquisition.Running()) {
+        return static_cast<int>(eTavikErrors::AcquisitionRunning);
+    }
+    const Nanoseconds instant = bench.clock.Now();
+    const int capable = ReadBurstCapableCount();
+    for (int i = 0; i < capable; ++i) {
+        modules.At(static_cast<unsigned int>(i)).KeepReadingOf(instant);
+    }
+    count = capable;
+    return static_cast<int>(eTavikErrors::NoError);
 }
 
 void SimulatedNetwork::EndObjects() {
+    acquisition.Reset();
     modules.EndObjects();
     object.reset();
 }

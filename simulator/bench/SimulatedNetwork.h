@@ -1,32 +1,27 @@
 #pragma once
 
 #include "library/TavikNetwork.h"
-#include "simulator/acquisition/AcquisitionState.h"
-#include "simulator/acquisition/BufferedCollection.h"
-#include "simulator/acquisition/DifferenceRun.h"
-#include "simulator/acquisition/DynamicCollector.h"
+#include "simulator/acquisition/Acquisition.h"
 #include "simulator/bench/Bench.h"
+#include "simulator/bench/BenchDescription.h"
 #include "simulator/bench/Clock.h"
-#include "simulator/bench/Description.h"
 #include "simulator/bench/ModuleList.h"
 
 #include <atomic>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace TavikSimulator {
 
-/// Time that one transaction takes (a question to a module and its answer), in seconds.
-double TransactionTime(TavikLibrary::eNetSpeed speed);
-/// Time that a read burst of so many modules takes, in seconds: one command to all of them, and their answers one
-/// after another without a question to each.
-double ReadBurstTime(TavikLibrary::eNetSpeed speed, int modules);
+/// Duration of one transaction: a question to a module and its answer.
+Nanoseconds TransactionTime(TavikLibrary::eNetSpeed speed);
+/// Duration of a read burst of so many modules: one command to all of them, and their answers one after another.
+Nanoseconds ReadBurstTime(TavikLibrary::eNetSpeed speed, int modules);
 
 /// A controller and the modules behind it. Guarded by the bench's lock, but for what says otherwise.
-class SimulatedNetwork {
+class SimulatedNetwork final : public AcquiringNetwork {
 public:
     SimulatedNetwork(Bench& bench, const NetworkDescription& description);
     ~SimulatedNetwork();
@@ -57,22 +52,22 @@ public:
         return bench.gate.Call(object, operation, wait, body, args...);
     }
 
-    /// The bench's time in seconds; needs no lock.
-    double Now() const { return bench.clock.Now(); }
+    /// Needs no lock.
+    Nanoseconds Now() const override { return bench.clock.Now(); }
 
     /// Never changes; needs no lock.
-    const std::string& Name() const { return description.name; }
+    const std::string& Name() const override { return description.name; }
     const NetworkDescription& Description() const { return description; }
     std::string ControllerID() const { return controllerID; }
     std::string Text() const { return text; }
 
     bool IsConnected() const { return connected; }
     bool IsPresent() const { return present; }
-    void RequireConnected() const;
+    void RequireConnected() const override;
     /// Throws TavikException while readings are being collected.
-    void RequireNotCollecting() const;
-    /// How long Connect will take, in seconds; needs no lock.
-    double ConnectTime() const { return connected ? 0.0 : description.connectTime; }
+    void RequireNotCollecting() const override;
+    /// How long Connect will take; needs no lock.
+    Nanoseconds ConnectTime() const { return connected ? Nanoseconds::zero() : description.connectTime; }
     void Connect();
     void Disconnect();
     void SetPresent(bool present);
@@ -98,27 +93,24 @@ public:
     /// Reads the modules that take part in a read burst. Returns a result code; count is set on success only.
     int ReadBurst(int& count);
 
-    /// The library's object for this network; the same one as long as there is a server.
-    TavikLibrary::TavikNetwork* Object();
-    /// Ends the library's objects of this network and its modules.
+    /// Takes the readings of running collections that are due until a bench time.
+    void CollectUntil(Nanoseconds time) { acquisition.CollectUntil(time); }
+
+    // What the acquisition modes need of their network.
+    const NetworkCapabilities& Capabilities() const override { return description.capabilities; }
+    std::vector<ModuleHardware*> Listed() override { return Modules().Listed(); }
+    bool Notifying() override { return Modules().Notifying(); }
+    void RequireChangeable() override { Modules().RequireChangeable(); }
+    void RequireIndex(int index) override { Modules().RequireIndex(index); }
+    void RequireAnswer(const ModuleHardware& module) override { Modules().RequireAnswer(module); }
+
+    /// The library ends: destroys its objects of this network and its modules, and forgets what it kept.
     void EndObjects();
 
-    /// Each of these throws TavikException, and changes nothing, when it cannot be done.
-    void RequireBufferedAtRest() const;
-    void SetBufferedMaster(int index);
-    void StartBuffered();
-    void SampleBuffered();
-    int BufferedEnabledCount();
-    /// List position of the module that triggers samples; -1 for the controller.
-    int BufferedMasterIndex();
-
-    /// Takes the readings of running collections that were due until a bench time.
-    void CollectUntil(double seconds);
-
-    AcquisitionState acquisition;
-    DifferenceRun difference;
-    DynamicCollector dynamic{*this, acquisition.dynamic};
+    Acquisition acquisition{*this};
     bool known = false; ///< found by FindNetworks
+    /// Made by the boundary for the first call that returns it.
+    std::unique_ptr<TavikLibrary::TavikNetwork> object;
 
 private:
     Bench& bench;
@@ -131,9 +123,6 @@ private:
     int failedTriesLeft;
     Bus bus;
     ModuleList modules;
-    std::string bufferedMaster; ///< identity; empty for the controller
-    std::optional<BufferedCollection> bufferedRun;
-    std::unique_ptr<TavikLibrary::TavikNetwork> object;
 };
 
 } // namespace TavikSimulator

@@ -1,12 +1,12 @@
 #include "simulator/control/BenchControl.h"
 
-#include "simulator/bench/Bench.h"
-#include "simulator/bench/BenchFile.h"
-#include "simulator/bench/ErrorTexts.h"
 #include "simulator/bench/SimulatedNetwork.h"
-#include "simulator/modules/AirGaugeHardware.h"
-#include "simulator/modules/ModuleHardware.h"
-#include "simulator/modules/ModuleKinds.h"
+#include "simulator/boundary/CurrentBench.h"
+#include "simulator/files/BenchFile.h"
+#include "simulator/hardware/AirGaugeHardware.h"
+#include "simulator/hardware/ErrorTexts.h"
+#include "simulator/hardware/ModuleHardware.h"
+#include "simulator/hardware/ModuleTypes.h"
 
 #include <cmath>
 #include <mutex>
@@ -20,45 +20,46 @@ namespace {
 
 void Require(bool fulfilled, const char* sentence) {
     if (!fulfilled) {
-        Refuse(eTavikErrors::InvalidArgument, sentence);
+        Reject(eTavikErrors::InvalidArgument, sentence);
     }
 }
 
 // Does something to the bench under its lock, when what is due by now has happened.
-template <class Deed>
-auto OnBench(Deed deed) {
+template <class Action>
+auto OnBench(Action action) {
     const std::shared_ptr<Bench> bench = CurrentBench();
     const std::lock_guard lock(bench->gate.mutex);
-    bench->Settle();
-    return deed(*bench);
+    bench->AdvanceToNow();
+    return action(*bench);
 }
 
-template <class Deed>
-auto OnNetwork(const std::string& name, Deed deed) {
-    return OnBench([&](Bench& bench) { return deed(bench.NetworkNamed(name), bench); });
+template <class Action>
+auto OnNetwork(const std::string& name, Action action) {
+    return OnBench([&](Bench& bench) { return action(bench.NetworkNamed(name), bench); });
 }
 
 eModuleType TypeNamed(const std::string& name) {
-    for (const ModuleKind& kind : ModuleKinds()) {
+    for (const ModuleTypeInfo& kind : ModuleTypes()) {
         if (name == kind.name) {
             return kind.type;
         }
     }
-    Refuse(eTavikErrors::InvalidArgument, "There is no kind of module \"" + name + "\".");
+    Reject(eTavikErrors::InvalidArgument, "There is no kind of module \"" + name + "\".");
 }
 
 void Replace(const std::string& networkName, const std::string& oldIdentity, const std::string& newIdentity,
              eModuleType type) {
-    OnNetwork(networkName,
-              [&](SimulatedNetwork& network, Bench&) { network.Modules().Replace(oldIdentity, newIdentity, type); });
+    OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) {
+        network.Modules().All().Replace(oldIdentity, newIdentity, type);
+    });
 }
 
-template <class Deed>
-void OnAirGauge(const std::string& networkName, const std::string& identity, Deed deed) {
+template <class Action>
+void OnAirGauge(const std::string& networkName, const std::string& identity, Action action) {
     OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) {
-        auto* gauge = dynamic_cast<AirGaugeHardware*>(&network.Modules().OnBench(identity));
+        auto* gauge = dynamic_cast<AirGaugeHardware*>(&network.Modules().All().At(identity));
         Require(gauge != nullptr, "Only an air gauge has a nozzle and a display.");
-        deed(*gauge);
+        action(*gauge);
     });
 }
 
@@ -100,11 +101,11 @@ void AdvanceClock(double seconds) {
     const std::shared_ptr<Bench> bench = CurrentBench();
     Require(std::isfinite(seconds) && seconds >= 0.0, "Time passes forwards only.");
     Require(bench->clock.IsManual(), "Only a manual clock can be advanced.");
-    bench->clock.Advance(seconds);
+    bench->clock.Advance(FromSeconds(seconds));
 }
 
 double BenchTime() {
-    return CurrentBench()->clock.Now();
+    return ToSeconds(CurrentBench()->clock.Now());
 }
 
 void SetLatency(bool on) {
@@ -167,7 +168,7 @@ std::uint64_t FaultsTriggered(int number) {
 }
 
 JournalEntry LastFaultedCall() {
-    return CurrentBench()->gate.faults.LastStruck();
+    return CurrentBench()->gate.faults.LastFaulted();
 }
 
 std::uint64_t CallCount() {
@@ -176,7 +177,7 @@ std::uint64_t CallCount() {
 
 void SetModulePresent(const std::string& networkName, const std::string& identity, bool present) {
     OnNetwork(networkName, [&](SimulatedNetwork& network, Bench& bench) {
-        network.Modules().SetPresent(identity, present, bench.clock.Now());
+        network.Modules().All().SetPresent(identity, present, bench.clock.Now());
     });
 }
 
@@ -196,11 +197,11 @@ void ReplaceModule(const std::string& networkName, const std::string& oldIdentit
 void HoldPosition(const std::string& networkName, const std::string& identity, double position) {
     Require(std::fabs(position) <= 1e9, "A position must lie within +-1e9.");
     OnNetwork(networkName,
-              [&](SimulatedNetwork& network, Bench&) { network.Modules().OnBench(identity).Hold(position); });
+              [&](SimulatedNetwork& network, Bench&) { network.Modules().All().At(identity).Hold(position); });
 }
 
 void ReleasePosition(const std::string& networkName, const std::string& identity) {
-    OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) { network.Modules().OnBench(identity).Release(); });
+    OnNetwork(networkName, [&](SimulatedNetwork& network, Bench&) { network.Modules().All().At(identity).Release(); });
 }
 
 void PutInNozzle(const std::string& networkName, const std::string& identity, NozzlePart part) {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "simulator/bench/Fault.h"
+#include "simulator/bench/JournalEntry.h"
+#include "simulator/hardware/NozzlePart.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -53,24 +57,6 @@ void SetLatency(bool on);
 
 // ---- Journal ---------------------------------------------------------------------------------------
 
-/// One call of the library. Objects are "server", "networks", "network <name>", "buffered <name>",
-/// "difference <name>", "dynamic <name>", "module <identity>", "status <identity>",
-/// "buffered <identity>" and "difference <identity>".
-struct JournalEntry {
-    std::uint64_t number = 0; ///< calls are numbered from 1 in the order in which they began
-    double time = 0.0;        ///< bench time at the call's beginning, in seconds
-    int thread = 0;           ///< threads are numbered from 1 in the order of their first call
-    std::string object;
-    std::string operation;  ///< as declared, for example "ReadInCounts", "setNetSpeed", "~TavikServer"
-    std::string arguments;  ///< for example "3" or "\"KX20000001\", \"\""
-    std::string result;     ///< the result; empty for a call without one and for one that failed
-    bool failed = false;    ///< the call threw
-    bool faulted = false;   ///< a fault took part in it
-    int errorCode = 0;      ///< of the TavikException it threw
-    std::string error;      ///< the text it threw
-    bool takesCode = false; ///< the effect Result can put a code in place of its result
-};
-
 /// Starts the journal, empty; the oldest entries make room for new ones beyond the capacity.
 void StartJournal(std::size_t capacity = 1000000);
 void StopJournal();
@@ -79,46 +65,7 @@ void ClearJournal();
 std::vector<JournalEntry> Journal();
 /// How many entries had to make room since the journal was started.
 std::uint64_t JournalDropped();
-/// "network Mixed.setNetSpeed(High)": object, operation and arguments.
-std::string CallText(const JournalEntry& entry);
-/// The entry as a line for a person to read, as TAVIK_JOURNAL=FILE writes it.
-std::string JournalLine(const JournalEntry& entry);
-
 // ---- Faults ----------------------------------------------------------------------------------------
-
-enum class FaultTrigger {
-    Once,        ///< the first matching call
-    Nth,         ///< the n-th matching call only
-    FromNth,     ///< the n-th matching call and all later ones
-    During,      ///< matching calls within a span of bench time, counted from when the fault was set
-    Probability, ///< each matching call with a probability, drawn from a seeded generator
-};
-
-enum class FaultEffect {
-    ThrowLibrary, ///< throws TavikException(code, text)
-    ThrowPlain,   ///< throws std::runtime_error(text)
-    Slow,         ///< takes longer by a delay, then does its work
-    Result,       ///< a reading gets the code as its result code; another operation that returns a whole
-                  ///< number or an enumeration returns the code without doing its work; other operations
-                  ///< are left alone
-};
-
-/// A fault. A call that throws by a fault has had no effect. Destructors and GetErrorDescription never
-/// fail. The patterns may hold "*" for any run of characters.
-struct Fault {
-    std::string object = "*";
-    std::string operation = "*";
-    FaultTrigger trigger = FaultTrigger::Once;
-    std::uint64_t n = 1;      ///< for Nth and FromNth, from 1
-    double from = 0.0;        ///< for During: seconds until the span begins
-    double duration = 0.0;    ///< for During: length of the span in seconds
-    double probability = 1.0; ///< for Probability, 0 to 1
-    std::uint64_t seed = 1;   ///< for Probability
-    FaultEffect effect = FaultEffect::ThrowLibrary;
-    int code = 0x2101;  ///< for ThrowLibrary and Result
-    std::string text;   ///< for the throwing effects; empty: the description of the code
-    double delay = 0.0; ///< for Slow, in seconds
-};
 
 /// Sets a fault and returns its number, by which it can be removed. Throws on a fault that can never
 /// take effect (such as a probability beyond 0 to 1).
@@ -162,8 +109,6 @@ void HoldPosition(const std::string& networkName, const std::string& identity, d
 /// Gives the gauge back the signal that the bench file describes.
 void ReleasePosition(const std::string& networkName, const std::string& identity);
 
-/// What can be in the nozzle of an air gauge.
-enum class NozzlePart { Nothing, MasterA, MasterB, WorkPiece };
 /// Puts something into the nozzle of an air gauge, where it stays until ReleasePosition. The work piece has
 /// the size that the bench file describes, or that of HoldPosition, which puts it into the nozzle as well.
 void PutInNozzle(const std::string& networkName, const std::string& identity, NozzlePart part);

@@ -11,16 +11,11 @@ constexpr double Pi = 3.14159265358979323846;
 /// Time constants after which a sample is forgotten: 0.03 % of it is left.
 constexpr double TimeConstantsKept = 8.0;
 
-std::int64_t FloorDivision(std::int64_t number, std::int64_t divisor) {
-    const std::int64_t quotient = number / divisor;
-    return number % divisor < 0 ? quotient - 1 : quotient;
-}
-
 } // namespace
 
-LowPass::LowPass(double cutoffFrequency, std::int64_t period)
+LowPass::LowPass(double cutoffFrequency, Nanoseconds period)
     : cutoff(cutoffFrequency), samplePeriod(period), share(0.0), memory(1), anchors(), latest() {
-    const double samplesPerTimeConstant = 1e9 / (2.0 * Pi * cutoff * static_cast<double>(period));
+    const double samplesPerTimeConstant = 1e9 / (2.0 * Pi * cutoff * static_cast<double>(period.count()));
     share = 1.0 - std::exp(-1.0 / samplesPerTimeConstant);
     memory = std::max<std::int64_t>(1, std::llround(TimeConstantsKept * samplesPerTimeConstant));
 }
@@ -51,14 +46,14 @@ double LowPass::AtAnchor(const Signal& signal, std::int64_t index) const {
     Value& kept = anchors[static_cast<std::size_t>((index / memory) & 1)];
     if (kept.index != index) {
         const std::int64_t start = index - memory;
-        kept = {index, Walk(signal, {start, signal.AtNanoseconds(start * samplePeriod)}, index)};
+        kept = {index, Walk(signal, {start, signal.At(start * samplePeriod)}, index)};
     }
     return kept.filtered;
 }
 
 double LowPass::Walk(const Signal& signal, Value from, std::int64_t to) const {
     for (std::int64_t index = from.index + 1; index <= to; ++index) {
-        from.filtered += share * (signal.AtNanoseconds(index * samplePeriod) - from.filtered);
+        from.filtered += share * (signal.At(index * samplePeriod) - from.filtered);
     }
     return from.filtered;
 }

@@ -14,7 +14,7 @@ namespace TavikSimulator {
 class LowPass {
 public:
     /// Cut-off frequency in Hz, above 0; sample period in nanoseconds, above 0.
-    LowPass(double cutoff, std::int64_t samplePeriod);
+    LowPass(double cutoff, Nanoseconds samplePeriod);
 
     /// The mean of the filtered samples that end with this one.
     double MeanOf(const Signal& signal, std::int64_t last, int samples) const;
@@ -30,7 +30,7 @@ private:
     double Walk(const Signal& signal, Value from, std::int64_t to) const;
 
     double cutoff;
-    std::int64_t samplePeriod;
+    Nanoseconds samplePeriod;
     double share;        ///< of a new sample in the filtered value
     std::int64_t memory; ///< samples after which hardly anything of an old one is left
     mutable std::array<Value, 2> anchors;

@@ -10,30 +10,19 @@ namespace TavikSimulator {
 
 namespace {
 
-constexpr double NanosecondsPerSecond = 1e9;
 constexpr double TwoPi = 6.283185307179586476925;
 
 SignalDescription Possible(SignalDescription description) {
-    const std::string complaint = Validate(description);
-    if (!complaint.empty()) {
-        throw std::invalid_argument(complaint);
+    const std::string reason = Validate(description);
+    if (!reason.empty()) {
+        throw std::invalid_argument(reason);
     }
     return description;
 }
 
-double SecondsOf(std::int64_t nanoseconds) {
-    return static_cast<double>(nanoseconds) / NanosecondsPerSecond;
-}
-
-// The rest that is left over whole periods counted from 0 in both directions: 0 to below the period.
-std::int64_t Since(std::int64_t value, std::int64_t period) {
-    const std::int64_t rest = value % period;
-    return rest < 0 ? rest + period : rest;
-}
-
-// How much of its period a repeating thing has done, 0 to below 1.
-double Turns(std::int64_t nanoseconds, std::int64_t period) {
-    return static_cast<double>(Since(nanoseconds, period)) / static_cast<double>(period);
+// The share of its period that a repeating motion has completed, 0 to below 1.
+double Turns(Nanoseconds time, Nanoseconds period) {
+    return static_cast<double>(WithinPeriod(time, period).count()) / static_cast<double>(period.count());
 }
 
 double SineOfTurns(double turns) {
@@ -56,48 +45,41 @@ double WithPhase(double turns, double phase) {
     return sum - std::floor(sum);
 }
 
-double PartAt(const std::vector<double>& parts, std::int64_t nanoseconds, std::int64_t period) {
-    const std::int64_t partsBefore = (nanoseconds - Since(nanoseconds, period)) / period;
-    return parts[static_cast<std::size_t>(Since(partsBefore, static_cast<std::int64_t>(parts.size())))];
+double PartAt(const std::vector<double>& parts, Nanoseconds time, Nanoseconds period) {
+    const auto count = static_cast<std::int64_t>(parts.size());
+    const std::int64_t index = PeriodsUntil(time, period) % count;
+    return parts[static_cast<std::size_t>(index < 0 ? index + count : index)];
 }
 
-double RampSeconds(std::int64_t nanoseconds, std::int64_t period) {
-    if (nanoseconds <= 0) {
-        return 0.0;
+Nanoseconds RampTime(Nanoseconds time, Nanoseconds period) {
+    if (time <= Nanoseconds::zero()) {
+        return Nanoseconds::zero();
     }
-    return SecondsOf(period > 0 ? Since(nanoseconds, period) : nanoseconds);
+    return period > Nanoseconds::zero() ? WithinPeriod(time, period) : time;
 }
 
 } // namespace
 
-std::int64_t NanosecondsOf(double seconds) {
-    return static_cast<std::int64_t>(std::floor(seconds * NanosecondsPerSecond + 0.5));
-}
-
 Signal::Signal(SignalDescription signalDescription)
     : description(Possible(std::move(signalDescription))),
-      period(NanosecondsOf(description.period)),
-      revolution(NanosecondsOf(description.revolution)),
-      driftPeriod(NanosecondsOf(description.driftPeriod)) {}
+      period(FromSeconds(description.period)),
+      revolution(FromSeconds(description.revolution)),
+      driftPeriod(FromSeconds(description.driftPeriod)) {}
 
-double Signal::At(double seconds) const {
-    return AtNanoseconds(NanosecondsOf(seconds));
-}
-
-double Signal::AtNanoseconds(std::int64_t nanoseconds) const {
-    const double position = WithoutNoise(nanoseconds);
+double Signal::At(Nanoseconds time) const {
+    const double position = WithoutNoise(time);
     if (description.noise == 0.0) {
         return position;
     }
-    return position + description.noise * NormalNoise(description.seed, nanoseconds);
+    return position + description.noise * NormalNoise(description.seed, time.count());
 }
 
-double Signal::WithoutNoise(std::int64_t nanoseconds) const {
-    return description.base + MotionAt(nanoseconds) + FormAt(nanoseconds) + DriftAt(nanoseconds);
+double Signal::WithoutNoise(Nanoseconds time) const {
+    return description.base + MotionAt(time) + FormAt(time) + DriftAt(time);
 }
 
-double Signal::MotionAt(std::int64_t nanoseconds) const {
-    const auto turns = [&] { return WithPhase(Turns(nanoseconds, period), description.phase); };
+double Signal::MotionAt(Nanoseconds time) const {
+    const auto turns = [&] { return WithPhase(Turns(time, period), description.phase); };
     switch (description.motion) {
     case Motion::Still:
         return 0.0;
@@ -108,9 +90,9 @@ double Signal::MotionAt(std::int64_t nanoseconds) const {
     case Motion::Square:
         return description.amplitude * SquareOfTurns(turns());
     case Motion::Steps:
-        return PartAt(description.parts, nanoseconds, period);
+        return PartAt(description.parts, time, period);
     case Motion::Ramp:
-        return description.rate * RampSeconds(nanoseconds, period);
+        return description.rate * ToSeconds(RampTime(time, period));
     }
     return 0.0;
 }
@@ -118,11 +100,11 @@ double Signal::MotionAt(std::int64_t nanoseconds) const {
 // Out-of-roundness as a Fourier series over the angle of the part, the term of n undulations per
 // revolution by term (the terms of ISO 12181-1; D. J. Whitehouse, Handbook of Surface and
 // Nanometrology, the chapter on roundness).
-double Signal::FormAt(std::int64_t nanoseconds) const {
+double Signal::FormAt(Nanoseconds time) const {
     if (description.harmonics.empty()) {
         return 0.0;
     }
-    const double angle = Turns(nanoseconds, revolution);
+    const double angle = Turns(time, revolution);
     double deviation = 0.0;
     for (const Harmonic& harmonic : description.harmonics) {
         deviation += harmonic.amplitude * SineOfTurns(harmonic.lobes * angle + harmonic.phase);
@@ -130,14 +112,14 @@ double Signal::FormAt(std::int64_t nanoseconds) const {
     return deviation;
 }
 
-double Signal::DriftAt(std::int64_t nanoseconds) const {
+double Signal::DriftAt(Nanoseconds time) const {
     double drift = 0.0;
     if (description.driftAmplitude != 0.0) {
-        drift += description.driftAmplitude * SineOfTurns(Turns(nanoseconds, driftPeriod));
+        drift += description.driftAmplitude * SineOfTurns(Turns(time, driftPeriod));
     }
-    if (description.warmUp != 0.0 && nanoseconds > 0) {
+    if (description.warmUp != 0.0 && time > Nanoseconds::zero()) {
         // One body that warms up through one resistance: the first-order lag.
-        drift -= description.warmUp * std::expm1(-SecondsOf(nanoseconds) / description.warmUpTime);
+        drift -= description.warmUp * std::expm1(-ToSeconds(time) / description.warmUpTime);
     }
     return drift;
 }

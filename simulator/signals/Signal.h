@@ -1,5 +1,7 @@
 #pragma once
 
+#include "simulator/signals/Nanoseconds.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -65,29 +67,23 @@ public:
     /// Throws std::invalid_argument with the sentence of Validate for an impossible description.
     explicit Signal(SignalDescription description);
 
-    /// The value at a bench time in seconds (within +-9e9), resolved to whole nanoseconds. Two times
-    /// in the same nanosecond have the same noise, any other two have independent noise.
-    double At(double seconds) const;
-    /// The same at a whole number of nanoseconds of bench time.
-    double AtNanoseconds(std::int64_t nanoseconds) const;
-    /// The value that an ideal gauge would feel at that time: everything but the noise.
-    double WithoutNoise(std::int64_t nanoseconds) const;
+    /// The value at a bench time. Two different times have independent noise.
+    double At(Nanoseconds time) const;
+    /// The value without noise: the reading of an ideal gauge.
+    double WithoutNoise(Nanoseconds time) const;
 
     const SignalDescription& Description() const { return description; }
 
 private:
-    double MotionAt(std::int64_t nanoseconds) const;
-    double FormAt(std::int64_t nanoseconds) const;
-    double DriftAt(std::int64_t nanoseconds) const;
+    double MotionAt(Nanoseconds time) const;
+    double FormAt(Nanoseconds time) const;
+    double DriftAt(Nanoseconds time) const;
 
     SignalDescription description;
-    // Periods in whole nanoseconds: a motion begins each period on time, however long the bench runs.
-    std::int64_t period;
-    std::int64_t revolution;
-    std::int64_t driftPeriod;
+    // In whole nanoseconds: a motion begins each period on time, however long the bench runs.
+    Nanoseconds period;
+    Nanoseconds revolution;
+    Nanoseconds driftPeriod;
 };
-
-/// Bench time in whole nanoseconds, rounded to the nearest.
-std::int64_t NanosecondsOf(double seconds);
 
 } // namespace TavikSimulator

@@ -15,7 +15,7 @@ constexpr int MostLobes = 500;
 constexpr std::size_t MostHarmonics = 64;
 
 // Collects the first complaint; the order of the checks is the order of the description.
-class Complaint {
+class Fault {
 public:
     void Number(const char* name, double value) {
         Unless(std::fabs(value) <= LargestNumber, std::string("The ") + name + " must lie within +-1e9.");
@@ -28,9 +28,9 @@ public:
         Number(name, value);
         Unless(value >= ShortestPeriod, std::string("The ") + name + " must be 0.000001 s or longer.");
     }
-    void Unless(bool fulfilled, const std::string& complaint) {
+    void Unless(bool fulfilled, const std::string& reason) {
         if (!fulfilled && sentence.empty()) {
-            sentence = complaint;
+            sentence = reason;
         }
     }
     const std::string& Sentence() const { return sentence; }
@@ -39,38 +39,36 @@ private:
     std::string sentence;
 };
 
-void CheckMotion(Complaint& complaint, const SignalDescription& description) {
-    complaint.Number("base", description.base);
-    complaint.NotNegative("amplitude", description.amplitude);
+void CheckMotion(Fault& reason, const SignalDescription& description) {
+    reason.Number("base", description.base);
+    reason.NotNegative("amplitude", description.amplitude);
     if (description.motion != Motion::Ramp || description.period != 0.0) {
-        complaint.Period("period", description.period);
+        reason.Period("period", description.period);
     }
-    complaint.Number("phase", description.phase);
-    complaint.Number("rate", description.rate);
-    complaint.Unless(description.motion != Motion::Steps || !description.parts.empty(),
-                     "Steps need at least one part.");
+    reason.Number("phase", description.phase);
+    reason.Number("rate", description.rate);
+    reason.Unless(description.motion != Motion::Steps || !description.parts.empty(), "Steps need at least one part.");
     for (const double part : description.parts) {
-        complaint.Number("deviation of a part", part);
+        reason.Number("deviation of a part", part);
     }
 }
 
-void CheckForm(Complaint& complaint, const SignalDescription& description) {
-    complaint.Period("revolution", description.revolution);
-    complaint.Unless(description.harmonics.size() <= MostHarmonics, "The form must not have more than 64 harmonics.");
+void CheckForm(Fault& reason, const SignalDescription& description) {
+    reason.Period("revolution", description.revolution);
+    reason.Unless(description.harmonics.size() <= MostHarmonics, "The form must not have more than 64 harmonics.");
     for (const Harmonic& harmonic : description.harmonics) {
-        complaint.Unless(harmonic.lobes >= 1 && harmonic.lobes <= MostLobes,
-                         "The lobes of a harmonic must be 1 to 500.");
-        complaint.NotNegative("amplitude of a harmonic", harmonic.amplitude);
-        complaint.Number("phase of a harmonic", harmonic.phase);
+        reason.Unless(harmonic.lobes >= 1 && harmonic.lobes <= MostLobes, "The lobes of a harmonic must be 1 to 500.");
+        reason.NotNegative("amplitude of a harmonic", harmonic.amplitude);
+        reason.Number("phase of a harmonic", harmonic.phase);
     }
 }
 
-void CheckDriftAndNoise(Complaint& complaint, const SignalDescription& description) {
-    complaint.NotNegative("drift amplitude", description.driftAmplitude);
-    complaint.Period("drift period", description.driftPeriod);
-    complaint.Number("warm-up", description.warmUp);
-    complaint.Period("warm-up time", description.warmUpTime);
-    complaint.NotNegative("noise", description.noise);
+void CheckDriftAndNoise(Fault& reason, const SignalDescription& description) {
+    reason.NotNegative("drift amplitude", description.driftAmplitude);
+    reason.Period("drift period", description.driftPeriod);
+    reason.Number("warm-up", description.warmUp);
+    reason.Period("warm-up time", description.warmUpTime);
+    reason.NotNegative("noise", description.noise);
 }
 
 } // namespace
@@ -93,11 +91,11 @@ std::optional<Motion> MotionFromName(std::string_view name) {
 }
 
 std::string Validate(const SignalDescription& description) {
-    Complaint complaint;
-    CheckMotion(complaint, description);
-    CheckForm(complaint, description);
-    CheckDriftAndNoise(complaint, description);
-    return complaint.Sentence();
+    Fault reason;
+    CheckMotion(reason, description);
+    CheckForm(reason, description);
+    CheckDriftAndNoise(reason, description);
+    return reason.Sentence();
 }
 
 } // namespace TavikSimulator

@@ -11,7 +11,7 @@ constexpr double LongestStep = 1.0;    // seconds
 
 } // namespace
 
-std::int64_t StepFor(const SignalDescription& signal) {
+Nanoseconds StepFor(const SignalDescription& signal) {
     constexpr double stepsPerPeriod = 256.0;
     double shortest = LongestStep * stepsPerPeriod;
     if (signal.motion != Motion::Still && signal.motion != Motion::Ramp) {
@@ -20,7 +20,7 @@ std::int64_t StepFor(const SignalDescription& signal) {
     for (const Harmonic& harmonic : signal.harmonics) {
         shortest = std::min(shortest, signal.revolution / harmonic.lobes);
     }
-    return NanosecondsOf(std::clamp(shortest / stepsPerPeriod, ShortestStep, LongestStep));
+    return FromSeconds(std::clamp(shortest / stepsPerPeriod, ShortestStep, LongestStep));
 }
 
 } // namespace TavikSimulator

@@ -2,12 +2,9 @@
 
 #include "simulator/signals/Signal.h"
 
-#include <cstdint>
-
 namespace TavikSimulator {
 
-/// The steps in which the way of a signal is followed, in nanoseconds: short against everything that the signal does
-/// (1/256 of the shortest period), at least 1 ms and at most 1 s.
-std::int64_t StepFor(const SignalDescription& signal);
+/// The interval at which the travel of a signal is followed: 1/256 of its shortest period, 1 ms to 1 s.
+Nanoseconds StepFor(const SignalDescription& signal);
 
 } // namespace TavikSimulator

@@ -1,4 +1,4 @@
-#include "simulator/bench/BenchFile.h"
+#include "simulator/files/BenchFile.h"
 
 #include "library/TavikException.h"
 #include "tests/fuzz/Fuzz.h"

@@ -1,9 +1,9 @@
-#include "simulator/bench/NetworkFile.h"
+#include "simulator/files/NetworkFile.h"
 
 #include "library/TavikException.h"
 #include "simulator/bench/Bench.h"
-#include "simulator/bench/BenchFile.h"
 #include "simulator/bench/SimulatedNetwork.h"
+#include "simulator/files/BenchFile.h"
 #include "tests/fuzz/Fuzz.h"
 
 using TavikSimulator::StoredModule;

@@ -1,13 +1,18 @@
-"""Which room of the tree may include which, and how an include is written."""
+"""Which folder of the tree may include which, and how an include is written."""
 
 import posixpath
 import re
 
-# Every room, with the rooms besides itself that it may include.
+# The folders of the simulator: each may include those before it.
+SIMULATOR = ["signals", "hardware", "acquisition", "bench", "files", "boundary", "control"]
+# Every folder, with the folders besides itself that it may include.
 PANEL_BASE = ["library", "panels/common"]
 ROOMS = {
     "library": [],
-    "simulator": ["library"],
+    **{
+        f"simulator/{folder}": ["library"] + [f"simulator/{lower}" for lower in SIMULATOR[:index]]
+        for index, folder in enumerate(SIMULATOR)
+    },
     "panels/common": ["library"],
     "panels/types": PANEL_BASE,
     "panels/wireless": PANEL_BASE,
@@ -28,7 +33,7 @@ ROOMS = {
                      "tools/oracle"],
     "benchmarks": ["library", "panels", "app", "simulator/control", "tools"],
 }
-ROOMS_WITHOUT_QT = ("library", "simulator")
+WITHOUT_QT = re.compile(r"(?:library|simulator)\b")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 GENERATED = re.compile(r"(?:ui_\w+\.h|moc_\w+\.cpp|\w+\.moc)$")
@@ -50,7 +55,7 @@ def judge_include(tree, room, bracket, target):
     if bracket == "<":
         if room_of(target):
             return f"<{target}> belongs in quotes"
-        if room in ROOMS_WITHOUT_QT and re.match(r"Q[A-Zt]", target):
+        if WITHOUT_QT.match(room) and re.match(r"Q[A-Zt]", target):
             return f"<{target}>: {room} does without Qt"
         return None
     if GENERATED.match(posixpath.basename(target)):
@@ -73,6 +78,38 @@ def include_order(tree):
             wrong = include and judge_include(tree, room, *include.groups())
             if wrong:
                 yield f"{path}:{number}: {wrong}"
+    yield from folder_cycles(tree)
+
+
+def folder_cycles(tree):
+    """Folders that include each other, directly or through others."""
+    includes = {}
+    for path in tree.sources():
+        for number, line in tree.lines(path):
+            include = INCLUDE.match(line)
+            target = include and include.group(2)
+            if target and tree.has(target) and posixpath.dirname(target) != posixpath.dirname(path):
+                edge = includes.setdefault(posixpath.dirname(path), {})
+                edge.setdefault(posixpath.dirname(target), f"{path}:{number}")
+    for folder in includes:
+        for target, place in includes[folder].items():
+            way_back = shortest_way(includes, target, folder)
+            if way_back:
+                yield f"{place}: include cycle {' -> '.join([folder] + way_back)}"
+
+
+def shortest_way(includes, start, end):
+    """The folders by which one includes another, both included; None when it does not."""
+    ways = [[start]]
+    seen = {start}
+    for way in ways:
+        if way[-1] == end:
+            return way
+        for target in includes.get(way[-1], {}):
+            if target not in seen:
+                seen.add(target)
+                ways.append(way + [target])
+    return None
 
 
 def build_lists(tree):

@@ -59,6 +59,8 @@ SAMPLES = {
             {"library/TavikModule.h": "#include <QString>\n"},
             {"simulator/bench/Bench.h": "#include <QtCore/QString>\n"},
             {"simulator/bench/Bench.h": '#include "panels/common/ErrorBox.h"\n'},
+            {"simulator/bench/Bench.h": '#include "simulator/control/Control.h"\n'},
+            {"tests/panels/A.h": '#include "tests/app/B.h"\n', "tests/app/B.h": '#include "tests/panels/A.h"\n'},
             {"panels/common/ErrorBox.h": '#include "panels/types/Panel.h"\n'},
             {"panels/types/Panel.h": '#include "panels/module/Module.h"\n'},
             {"panels/types/Panel.h": '#include "ErrorBox.h"\n'},

@@ -1,4 +1,4 @@
-#include "simulator/modules/ProbePhysics.h"
+#include "simulator/hardware/ProbePhysics.h"
 #include "tests/simulator/signals/Statistics.h"
 
 #include <QtTest>
@@ -30,7 +30,7 @@ ProbeDescription NoisyProbe(int samples) {
 std::vector<double> Readings(const ProbePhysics& probe, std::size_t count, int samplesApart) {
     std::vector<double> readings(count);
     for (std::size_t i = 0; i < count; ++i) {
-        readings[i] = probe.ReadAt(static_cast<double>(i) * samplesApart * SamplePeriod).units;
+        readings[i] = probe.ReadAt(FromSeconds(static_cast<double>(i) * samplesApart * SamplePeriod)).units;
     }
     return readings;
 }
@@ -100,8 +100,8 @@ void ProbeAveragingTest::motionIsAveragedOverTheWindow() {
     double highest = 0.0;
     for (int sample = 0; sample < 200; ++sample) {
         // A window as long as the period sees the whole swing, and so none of it.
-        QVERIFY(std::fabs(averaging.ReadAt(sample * SamplePeriod).units - 1.0) <= step);
-        highest = std::fmax(highest, quick.ReadAt(sample * SamplePeriod).units);
+        QVERIFY(std::fabs(averaging.ReadAt(FromSeconds(sample * SamplePeriod)).units - 1.0) <= step);
+        highest = std::fmax(highest, quick.ReadAt(FromSeconds(sample * SamplePeriod)).units);
     }
     QVERIFY(std::fabs(highest - 1.5) <= step);
 }
@@ -123,7 +123,8 @@ void ProbeAveragingTest::steadyMotionIsSeenLate() {
     for (int sample = 1000; sample < 5000; sample += 37) {
         const double late = (samples - 1) / 2.0 * SamplePeriod;
         const double expected = 0.5 * (sample * SamplePeriod - late);
-        QVERIFY(std::fabs(probe.ReadAt(sample * SamplePeriod).units - expected) <= 0.5001 / probe.CountsPerUnit());
+        QVERIFY(std::fabs(probe.ReadAt(FromSeconds(sample * SamplePeriod)).units - expected) <=
+                0.5001 / probe.CountsPerUnit());
     }
 }
 
@@ -147,60 +148,61 @@ void ProbeAveragingTest::readingsAreUnsettledUntilTheWindowIsFull() {
     QFETCH(int, samples);
     const double change = 1000 * SamplePeriod;
     ProbePhysics probe(NoisyProbe(1));
-    probe.SetAveragingSamples(samples, change);
+    probe.SetAveragingSamples(samples, FromSeconds(change));
     QCOMPARE(probe.AveragingSamples(), samples);
-    QCOMPARE(probe.SettlingTime(), (samples - 1) * SamplePeriod);
+    QCOMPARE(ToSeconds(probe.SettlingTime()), (samples - 1) * SamplePeriod);
 
     for (int sample = 0; sample < 2 * samples; ++sample) {
         const int expected = sample < samples - 1 ? Unsettled : 0;
-        QCOMPARE(probe.ReadAt(change + sample * SamplePeriod).code, expected);
+        QCOMPARE(probe.ReadAt(FromSeconds(change + sample * SamplePeriod)).code, expected);
     }
     const ProbePhysics longRunning(NoisyProbe(samples));
-    const double settled = change + probe.SettlingTime();
-    QCOMPARE(longRunning.ReadAt(settled).code, 0);
-    QCOMPARE(probe.ReadAt(settled).counts, longRunning.ReadAt(settled).counts);
+    const double settled = change + ToSeconds(probe.SettlingTime());
+    QCOMPARE(longRunning.ReadAt(FromSeconds(settled)).code, 0);
+    QCOMPARE(probe.ReadAt(FromSeconds(settled)).counts, longRunning.ReadAt(FromSeconds(settled)).counts);
 }
 
 void ProbeAveragingTest::unsettledReadingsAverageWhatThereIs() {
     const double change = 1000 * SamplePeriod;
     ProbePhysics probe(NoisyProbe(1));
-    probe.SetAveragingSamples(64, change);
+    probe.SetAveragingSamples(64, FromSeconds(change));
     for (const int collected : {1, 2, 4, 8, 16, 32}) {
         const double time = change + (collected - 1) * SamplePeriod;
-        QCOMPARE(probe.ReadAt(time).code, Unsettled);
-        QCOMPARE(probe.ReadAt(time).counts, ProbePhysics(NoisyProbe(collected)).ReadAt(time).counts);
+        QCOMPARE(probe.ReadAt(FromSeconds(time)).code, Unsettled);
+        QCOMPARE(probe.ReadAt(FromSeconds(time)).counts,
+                 ProbePhysics(NoisyProbe(collected)).ReadAt(FromSeconds(time)).counts);
     }
 }
 
 void ProbeAveragingTest::everySettingAndPowerOnStartAnew() {
     ProbePhysics probe(NoisyProbe(4));
-    QCOMPARE(probe.ReadAt(0.0).code, 0);
-    QCOMPARE(probe.ReadAt(1.0).code, 0);
+    QCOMPARE(probe.ReadAt(FromSeconds(0.0)).code, 0);
+    QCOMPARE(probe.ReadAt(FromSeconds(1.0)).code, 0);
 
-    probe.SetResolutionBits(16, 1.0);
-    QCOMPARE(probe.ReadAt(1.0).code, Unsettled);
-    QCOMPARE(probe.ReadAt(1.0 + probe.SettlingTime()).code, 0);
-    probe.SetAveragingSamples(8, 2.0);
-    QCOMPARE(probe.ReadAt(2.0).code, Unsettled);
-    QCOMPARE(probe.ReadAt(2.0 + probe.SettlingTime()).code, 0);
-    probe.Restart(3.0);
-    QCOMPARE(probe.ReadAt(3.0).code, Unsettled);
-    QCOMPARE(probe.ReadAt(3.0 + probe.SettlingTime()).code, 0);
+    probe.SetResolutionBits(16, FromSeconds(1.0));
+    QCOMPARE(probe.ReadAt(FromSeconds(1.0)).code, Unsettled);
+    QCOMPARE(probe.ReadAt(FromSeconds(1.0 + ToSeconds(probe.SettlingTime()))).code, 0);
+    probe.SetAveragingSamples(8, FromSeconds(2.0));
+    QCOMPARE(probe.ReadAt(FromSeconds(2.0)).code, Unsettled);
+    QCOMPARE(probe.ReadAt(FromSeconds(2.0 + ToSeconds(probe.SettlingTime()))).code, 0);
+    probe.Restart(FromSeconds(3.0));
+    QCOMPARE(probe.ReadAt(FromSeconds(3.0)).code, Unsettled);
+    QCOMPARE(probe.ReadAt(FromSeconds(3.0 + ToSeconds(probe.SettlingTime()))).code, 0);
 }
 
 void ProbeAveragingTest::withoutAveragingReadingsAreSettledAtOnce() {
     ProbePhysics probe(NoisyProbe(1));
-    probe.SetResolutionBits(14, 1.0);
-    QCOMPARE(probe.SettlingTime(), 0.0);
-    QCOMPARE(probe.ReadAt(1.0).code, 0);
+    probe.SetResolutionBits(14, FromSeconds(1.0));
+    QCOMPARE(ToSeconds(probe.SettlingTime()), 0.0);
+    QCOMPARE(probe.ReadAt(FromSeconds(1.0)).code, 0);
 }
 
 void ProbeAveragingTest::beyondTheStrokeStaysBeyondWhileUnsettled() {
     ProbeDescription description = NoisyProbe(8);
     description.signal.base = 3.0;
     ProbePhysics probe(description);
-    probe.Restart(1.0);
-    QCOMPARE(probe.ReadAt(1.0).code, OverRange);
+    probe.Restart(FromSeconds(1.0));
+    QCOMPARE(probe.ReadAt(FromSeconds(1.0)).code, OverRange);
 }
 
 QTEST_APPLESS_MAIN(ProbeAveragingTest)

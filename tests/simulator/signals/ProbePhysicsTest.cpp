@@ -1,4 +1,4 @@
-#include "simulator/modules/ProbePhysics.h"
+#include "simulator/hardware/ProbePhysics.h"
 
 #include "tests/simulator/signals/Threads.h"
 
@@ -146,14 +146,14 @@ void ProbePhysicsTest::impossibleProbesAreRefusedWithASentence() {
 
 void ProbePhysicsTest::impossibleSettingsAreRefusedAndChangeNothing() {
     ProbePhysics probe(ProbeAt(0.25));
-    QCOMPARE(RefusalOf([&] { probe.SetResolutionBits(20, 1.0); }),
+    QCOMPARE(RefusalOf([&] { probe.SetResolutionBits(20, FromSeconds(1.0)); }),
              QStringLiteral("The resolution must be 14, 15, 16, 17 or 18 bits."));
-    QCOMPARE(RefusalOf([&] { probe.SetAveragingSamples(-1, 1.0); }),
+    QCOMPARE(RefusalOf([&] { probe.SetAveragingSamples(-1, FromSeconds(1.0)); }),
              QStringLiteral("The averaging must be 1, 2, 4, 8, 16, 32, 64, 128 or 256 samples."));
     QCOMPARE(probe.ResolutionBits(), 14);
     QCOMPARE(probe.AveragingSamples(), 1);
     QCOMPARE(probe.CountsPerUnit(), 8192.0);
-    QCOMPARE(probe.ReadAt(1.0).counts, 10240);
+    QCOMPARE(probe.ReadAt(FromSeconds(1.0)).counts, 10240);
 }
 
 void ProbePhysicsTest::readsAtEveryResolution_data() {
@@ -166,13 +166,13 @@ void ProbePhysicsTest::readsAtEveryResolution_data() {
 void ProbePhysicsTest::readsAtEveryResolution() {
     QFETCH(int, bits);
     ProbePhysics probe(ProbeAt(0.3));
-    probe.SetResolutionBits(bits, 0.0);
+    probe.SetResolutionBits(bits, FromSeconds(0.0));
     QCOMPARE(probe.ResolutionBits(), bits);
     QCOMPARE(probe.Offset(), -1.0);
     QCOMPARE(probe.Stroke(), 2.0);
     QCOMPARE(probe.CountsPerUnit(), std::pow(2.0, bits) / 2.0);
 
-    const Reading reading = probe.ReadAt(1.0);
+    const Reading reading = probe.ReadAt(FromSeconds(1.0));
     QCOMPARE(reading.code, 0);
     QCOMPARE(reading.counts, static_cast<int>(std::lround(1.3 * std::pow(2.0, bits - 1))));
     QVERIFY(std::fabs(reading.units - 0.3) <= 0.5 / probe.CountsPerUnit());
@@ -196,11 +196,11 @@ void ProbePhysicsTest::nothingReadsBetweenTheSteps() {
     std::set<int> seen;
     for (int i = 0; i <= 2100; ++i) {
         const double time = i * description.samplePeriod;
-        const Reading reading = probe.ReadAt(time);
+        const Reading reading = probe.ReadAt(FromSeconds(time));
         const double steps = (reading.units - -1.0) / step;
         QVERIFY(steps == std::floor(steps));
         QVERIFY(steps == reading.counts);
-        QVERIFY(std::fabs(reading.units - signal.At(time)) <= step * 0.5000001);
+        QVERIFY(std::fabs(reading.units - signal.At(FromSeconds(time))) <= step * 0.5000001);
         seen.insert(reading.counts);
     }
     QCOMPARE(*seen.rbegin() - *seen.begin(), 300);
@@ -232,7 +232,7 @@ void ProbePhysicsTest::limitsOfTheStroke() {
     QFETCH(double, stepsBeyond);
     QFETCH(bool, above);
     const double beyond = stepsBeyond * 2.0 / std::pow(2.0, bits);
-    const Reading reading = ProbePhysics(ProbeAt(above ? 1.0 + beyond : -1.0 - beyond, bits)).ReadAt(1.0);
+    const Reading reading = ProbePhysics(ProbeAt(above ? 1.0 + beyond : -1.0 - beyond, bits)).ReadAt(FromSeconds(1.0));
     QTEST(reading.code, "code");
     QCOMPARE(reading.counts, above ? 1 << bits : 0);
     QVERIFY(reading.units == (above ? 1.0 : -1.0));
@@ -245,10 +245,10 @@ void ProbePhysicsTest::samplesAtItsOwnPace() {
     const ProbePhysics probe(description);
     for (int sample = -5; sample < 1000; ++sample) {
         const double begin = sample * 256e-6;
-        const double reading = probe.ReadAt(begin).units;
-        QVERIFY(probe.ReadAt(begin + 100e-6).units == reading);
-        QVERIFY(probe.ReadAt(begin + 255.9e-6).units == reading);
-        QVERIFY(probe.ReadAt(begin + 256e-6).units != reading);
+        const double reading = probe.ReadAt(FromSeconds(begin)).units;
+        QVERIFY(probe.ReadAt(FromSeconds(begin + 100e-6)).units == reading);
+        QVERIFY(probe.ReadAt(FromSeconds(begin + 255.9e-6)).units == reading);
+        QVERIFY(probe.ReadAt(FromSeconds(begin + 256e-6)).units != reading);
     }
 }
 
@@ -260,7 +260,7 @@ void ProbePhysicsTest::everySampleComesOnTime() {
     description.signal.rate = 2.0 / 262144.0 / 256e-6;
     const ProbePhysics probe(description);
     for (int sample = 0; sample <= 262144; ++sample) {
-        QCOMPARE(probe.ReadAt(sample * 256e-6).counts, sample);
+        QCOMPARE(probe.ReadAt(FromSeconds(sample * 256e-6)).counts, sample);
     }
 }
 
@@ -274,10 +274,10 @@ void ProbePhysicsTest::sameSeedSameReadingsInAnyOrderFromAnyThread() {
     const ProbePhysics probe(description);
     const ProbePhysics again(description);
     const std::size_t count = 1U << 13U;
-    const auto answers =
-        AskedFromThreads(count, [&](std::size_t i) { return probe.ReadAt(static_cast<double>(i) * 3e-4).units; });
+    const auto answers = AskedFromThreads(
+        count, [&](std::size_t i) { return probe.ReadAt(FromSeconds(static_cast<double>(i) * 3e-4)).units; });
     for (std::size_t i = 0; i < count; ++i) {
-        const Reading reading = again.ReadAt(static_cast<double>(i) * 3e-4);
+        const Reading reading = again.ReadAt(FromSeconds(static_cast<double>(i) * 3e-4));
         for (const std::vector<double>& thread : answers) {
             QVERIFY(thread[i] == reading.units);
         }
@@ -292,7 +292,9 @@ void ProbePhysicsTest::anotherSeedGivesOtherReadings() {
     const ProbePhysics other(description);
     int same = 0;
     for (int sample = 0; sample < 1000; ++sample) {
-        same += probe.ReadAt(sample * 256e-6).counts == other.ReadAt(sample * 256e-6).counts ? 1 : 0;
+        same += probe.ReadAt(FromSeconds(sample * 256e-6)).counts == other.ReadAt(FromSeconds(sample * 256e-6)).counts
+                    ? 1
+                    : 0;
     }
     // Two readings that scatter over some thousand counts agree by chance once in 4600.
     QVERIFY2(same <= 4, qPrintable(QString::number(same)));

@@ -36,7 +36,7 @@ void SignalDescriptionTest::theDefaultIsAPartAtRestAtZero() {
     QCOMPARE(Validate(SignalDescription()), std::string());
     const Signal signal{SignalDescription()};
     for (const double seconds : {-1.0, 0.0, 1.0, 1e6}) {
-        QVERIFY(signal.At(seconds) == 0.0);
+        QVERIFY(signal.At(FromSeconds(seconds)) == 0.0);
     }
 }
 
@@ -156,7 +156,7 @@ void SignalDescriptionTest::limitsAreAllowed() {
     QCOMPARE(QString::fromStdString(Validate(description)), QString());
     const Signal signal(description);
     for (const double seconds : {-8e9, -0.3, 0.0, 0.3, 8e9}) {
-        QVERIFY(std::isfinite(signal.At(seconds)));
+        QVERIFY(std::isfinite(signal.At(FromSeconds(seconds))));
     }
 }
 

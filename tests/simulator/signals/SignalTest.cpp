@@ -117,8 +117,8 @@ void SignalTest::motionsPassThroughTheirPoints() {
     SignalDescription description = Moving(motion);
     description.phase = phase;
     // Times are rounded to nanoseconds, in which the steepest motion covers 0.8e-9.
-    QVERIFY2(std::fabs(Signal(description).At(seconds) - position) < 1e-9,
-             qPrintable(QString::number(Signal(description).At(seconds), 'g', 17)));
+    QVERIFY2(std::fabs(Signal(description).At(FromSeconds(seconds)) - position) < 1e-9,
+             qPrintable(QString::number(Signal(description).At(FromSeconds(seconds)), 'g', 17)));
 }
 
 void SignalTest::periodicMotionsRepeatToTheBit_data() {
@@ -133,9 +133,9 @@ void SignalTest::periodicMotionsRepeatToTheBit() {
     QFETCH(Motion, motion);
     const Signal signal(Moving(motion));
     for (std::int64_t time = 0; time < 2 * Second; time += 12345678) {
-        const double value = signal.WithoutNoise(time);
+        const double value = signal.WithoutNoise(Nanoseconds(time));
         for (const std::int64_t periods : {-1LL, 1LL, 1000LL, 1000000000LL}) {
-            QVERIFY(signal.WithoutNoise(time + periods * 2 * Second) == value);
+            QVERIFY(signal.WithoutNoise(Nanoseconds(time + periods * 2 * Second)) == value);
         }
     }
 }
@@ -149,7 +149,7 @@ void SignalTest::periodicMotionsSwingAboutTheBase() {
     const Signal signal(Moving(motion));
     std::vector<double> values;
     for (std::int64_t time = 0; time < 2 * Second; time += Second / 1000) {
-        values.push_back(signal.WithoutNoise(time));
+        values.push_back(signal.WithoutNoise(Nanoseconds(time)));
     }
     const auto [lowest, highest] = std::minmax_element(values.begin(), values.end());
     QVERIFY(std::fabs(*lowest - 0.75) < Rounding);
@@ -164,8 +164,8 @@ void SignalTest::stepsPresentPartAfterPart() {
     const Signal signal(description);
     for (std::int64_t part = -6; part < 3000; ++part) {
         const double deviation = description.parts[static_cast<std::size_t>((part + 6) % 3)];
-        QVERIFY(signal.WithoutNoise(part * Second / 10) == 1.0 + deviation);
-        QVERIFY(signal.WithoutNoise((part + 1) * Second / 10 - 1) == 1.0 + deviation);
+        QVERIFY(signal.WithoutNoise(Nanoseconds(part * Second / 10)) == 1.0 + deviation);
+        QVERIFY(signal.WithoutNoise(Nanoseconds((part + 1) * Second / 10 - 1)) == 1.0 + deviation);
     }
 }
 
@@ -174,20 +174,20 @@ void SignalTest::rampLeavesTheBaseAtItsRate() {
     description.rate = -0.5;
     description.period = 0.0;
     const Signal signal(description);
-    QVERIFY(signal.At(-3.0) == 1.0);
-    QVERIFY(signal.At(0.0) == 1.0);
-    QVERIFY(signal.At(0.5) == 0.75);
-    QVERIFY(signal.At(1000.0) == -499.0);
+    QVERIFY(signal.At(FromSeconds(-3.0)) == 1.0);
+    QVERIFY(signal.At(FromSeconds(0.0)) == 1.0);
+    QVERIFY(signal.At(FromSeconds(0.5)) == 0.75);
+    QVERIFY(signal.At(FromSeconds(1000.0)) == -499.0);
 }
 
 void SignalTest::rampStartsAgainAfterEachPeriod() {
     SignalDescription description = Moving(Motion::Ramp);
     description.rate = 0.5;
     const Signal signal(description);
-    QVERIFY(signal.At(1.5) == 1.75);
-    QVERIFY(signal.At(2.0) == 1.0);
-    QVERIFY(signal.At(3.5) == 1.75);
-    QVERIFY(std::fabs(signal.At(1.999999999) - 2.0) < 1e-9);
+    QVERIFY(signal.At(FromSeconds(1.5)) == 1.75);
+    QVERIFY(signal.At(FromSeconds(2.0)) == 1.0);
+    QVERIFY(signal.At(FromSeconds(3.5)) == 1.75);
+    QVERIFY(std::fabs(signal.At(FromSeconds(1.999999999)) - 2.0) < 1e-9);
 }
 
 void SignalTest::formHasTheDescribedHarmonicsOnly() {
@@ -197,7 +197,7 @@ void SignalTest::formHasTheDescribedHarmonicsOnly() {
     const Signal signal(description);
     std::vector<double> revolution(720);
     for (std::size_t i = 0; i < revolution.size(); ++i) {
-        revolution[i] = signal.WithoutNoise(static_cast<std::int64_t>(i) * Second / 1000);
+        revolution[i] = signal.WithoutNoise(Nanoseconds(static_cast<std::int64_t>(i) * Second / 1000));
     }
     for (int lobes = 1; lobes <= 200; ++lobes) {
         std::complex<double> expected = 0.0;
@@ -218,11 +218,11 @@ void SignalTest::driftSwingsSlowly() {
     description.driftAmplitude = 0.01;
     description.driftPeriod = 3600.0;
     const Signal signal(description);
-    QVERIFY(signal.At(0.0) == 0.5);
-    QVERIFY(std::fabs(signal.At(300.0) - 0.505) < Rounding);
-    QVERIFY(std::fabs(signal.At(900.0) - 0.51) < Rounding);
-    QVERIFY(std::fabs(signal.At(2700.0) - 0.49) < Rounding);
-    QVERIFY(std::fabs(signal.At(3600.0) - 0.5) < Rounding);
+    QVERIFY(signal.At(FromSeconds(0.0)) == 0.5);
+    QVERIFY(std::fabs(signal.At(FromSeconds(300.0)) - 0.505) < Rounding);
+    QVERIFY(std::fabs(signal.At(FromSeconds(900.0)) - 0.51) < Rounding);
+    QVERIFY(std::fabs(signal.At(FromSeconds(2700.0)) - 0.49) < Rounding);
+    QVERIFY(std::fabs(signal.At(FromSeconds(3600.0)) - 0.5) < Rounding);
 }
 
 void SignalTest::warmUpFollowsAFirstOrderLag() {
@@ -230,12 +230,12 @@ void SignalTest::warmUpFollowsAFirstOrderLag() {
     description.warmUp = -0.02;
     description.warmUpTime = 600.0;
     const Signal signal(description);
-    QVERIFY(signal.At(-100.0) == 0.0);
-    QVERIFY(signal.At(0.0) == 0.0);
-    QVERIFY(std::fabs(signal.At(600.0) - -0.02 * (1.0 - std::exp(-1.0))) < Rounding);
+    QVERIFY(signal.At(FromSeconds(-100.0)) == 0.0);
+    QVERIFY(signal.At(FromSeconds(0.0)) == 0.0);
+    QVERIFY(std::fabs(signal.At(FromSeconds(600.0)) - -0.02 * (1.0 - std::exp(-1.0))) < Rounding);
     // After ln 2 time constants half of it is done.
-    QVERIFY(std::fabs(signal.At(600.0 * std::log(2.0)) - -0.01) < 1e-12);
-    QVERIFY(std::fabs(signal.At(1e5) - -0.02) < Rounding);
+    QVERIFY(std::fabs(signal.At(FromSeconds(600.0 * std::log(2.0))) - -0.01) < 1e-12);
+    QVERIFY(std::fabs(signal.At(FromSeconds(1e5)) - -0.02) < Rounding);
 }
 
 void SignalTest::partsAddUp() {
@@ -250,9 +250,9 @@ void SignalTest::partsAddUp() {
     for (const std::int64_t time : {0 * Second, Second / 7, 4000 * Second, 86400 * Second}) {
         double sum = 0.0;
         for (const SignalDescription& part : {motion, form, drift, warmUp}) {
-            sum += Signal(part).AtNanoseconds(time);
+            sum += Signal(part).At(Nanoseconds(time));
         }
-        QVERIFY(std::fabs(Signal(all).WithoutNoise(time) - sum) < Rounding);
+        QVERIFY(std::fabs(Signal(all).WithoutNoise(Nanoseconds(time)) - sum) < Rounding);
     }
 }
 
@@ -261,29 +261,29 @@ void SignalTest::noiseHasTheDescribedDeviationAboutTheSignal() {
     std::vector<double> noise(100000);
     for (std::size_t i = 0; i < noise.size(); ++i) {
         const auto time = static_cast<std::int64_t>(i) * 1024000;
-        noise[i] = signal.AtNanoseconds(time) - signal.WithoutNoise(time);
+        noise[i] = signal.At(Nanoseconds(time)) - signal.WithoutNoise(Nanoseconds(time));
     }
     QVERIFY(std::fabs(Mean(noise)) < BoundOfMean(0.001, noise.size()));
     QVERIFY(std::fabs(Deviation(noise) - 0.001) < BoundOfDeviation(0.001, noise.size()));
 }
 
 void SignalTest::timesAreResolvedToNanoseconds() {
-    QCOMPARE(NanosecondsOf(0.0), std::int64_t(0));
-    QCOMPARE(NanosecondsOf(256e-6), std::int64_t(256000));
-    QCOMPARE(NanosecondsOf(1.4e-9), std::int64_t(1));
-    QCOMPARE(NanosecondsOf(1.6e-9), std::int64_t(2));
-    QCOMPARE(NanosecondsOf(-1.6e-9), std::int64_t(-2));
-    QCOMPARE(NanosecondsOf(1e6), 1000000 * Second);
+    QVERIFY(FromSeconds(0.0) == Nanoseconds(0));
+    QVERIFY(FromSeconds(256e-6) == Nanoseconds(256000));
+    QVERIFY(FromSeconds(1.4e-9) == Nanoseconds(1));
+    QVERIFY(FromSeconds(1.6e-9) == Nanoseconds(2));
+    QVERIFY(FromSeconds(-1.6e-9) == Nanoseconds(-2));
+    QVERIFY(FromSeconds(1e6) == Nanoseconds(1000000 * Second));
 
     const Signal signal(EverythingAtOnce());
-    QVERIFY(signal.At(0.7) == signal.AtNanoseconds(700000000));
-    QVERIFY(signal.At(0.7 + 0.4e-9) == signal.At(0.7));
+    QVERIFY(signal.At(FromSeconds(0.7)) == signal.At(Nanoseconds(700000000)));
+    QVERIFY(signal.At(FromSeconds(0.7 + 0.4e-9)) == signal.At(FromSeconds(0.7)));
 
     SignalDescription noiseOnly;
     noiseOnly.noise = 1.0;
     const Signal noise(noiseOnly);
     for (std::int64_t time = 700000000; time < 700000100; ++time) {
-        QVERIFY(noise.AtNanoseconds(time) != noise.AtNanoseconds(time + 1));
+        QVERIFY(noise.At(Nanoseconds(time)) != noise.At(Nanoseconds(time + 1)));
     }
 }
 
@@ -292,9 +292,9 @@ void SignalTest::sameSeedSameValuesInAnyOrderFromAnyThread() {
     const Signal signal(EverythingAtOnce());
     const Signal again(EverythingAtOnce());
     const auto answers =
-        AskedFromThreads(count, [&](std::size_t i) { return signal.At(static_cast<double>(i) * 1e-4); });
+        AskedFromThreads(count, [&](std::size_t i) { return signal.At(FromSeconds(static_cast<double>(i) * 1e-4)); });
     for (std::size_t i = 0; i < count; ++i) {
-        const double value = again.At(static_cast<double>(i) * 1e-4);
+        const double value = again.At(FromSeconds(static_cast<double>(i) * 1e-4));
         for (const std::vector<double>& thread : answers) {
             QVERIFY(thread[i] == value);
         }
@@ -307,8 +307,8 @@ void SignalTest::anotherSeedGivesOtherValues() {
     ++description.seed;
     const Signal other(description);
     for (std::int64_t time = 0; time < 1000; ++time) {
-        QVERIFY(signal.AtNanoseconds(time) != other.AtNanoseconds(time));
-        QVERIFY(signal.WithoutNoise(time) == other.WithoutNoise(time));
+        QVERIFY(signal.At(Nanoseconds(time)) != other.At(Nanoseconds(time)));
+        QVERIFY(signal.WithoutNoise(Nanoseconds(time)) == other.WithoutNoise(Nanoseconds(time)));
     }
 }
 

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "library/TavikEnums.h"
+#include "simulator/hardware/ModuleDescription.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace TavikSimulator {
+
+class Bench;
+class ModuleHardware;
+class SimulatedNetwork;
+
+/// All modules that belong to one network: in its list or not, plugged in or not. Guarded by the bench's lock.
+class AllModules {
+public:
+    AllModules(Bench& bench, const SimulatedNetwork& network, const std::vector<ModuleDescription>& descriptions);
+
+    auto begin() const { return modules.begin(); }
+    auto end() const { return modules.end(); }
+    /// Null when there is no module of this identity.
+    std::shared_ptr<ModuleHardware> Find(const std::string& identity) const;
+    /// Throws TavikException when there is no module of this identity.
+    ModuleHardware& At(const std::string& identity) const;
+    /// The module that is plugged into the connector of another one; null when there is none.
+    std::shared_ptr<ModuleHardware> ReplacementOf(const std::string& identity) const;
+
+    /// Plugs a module in or pulls it off, at a bench time in seconds.
+    void SetPresent(const std::string& identity, bool present, Nanoseconds now);
+    /// Plugs a new module into the connector of a listed one, which is pulled off. Unknown stands for a module of the
+    /// same type. Throws TavikException, and changes nothing, when that cannot be.
+    void Replace(const std::string& oldIdentity, const std::string& newIdentity, TavikLibrary::eModuleType type);
+
+private:
+    Bench& bench;
+    const SimulatedNetwork& network;
+    std::vector<std::shared_ptr<ModuleHardware>> modules;
+};
+
+} // namespace TavikSimulator

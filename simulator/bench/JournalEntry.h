@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace TavikSimulator {
+
+/// One call of the library. Objects are "server", "networks", "network <name>", "buffered <name>",
+/// "difference <name>", "dynamic <name>", "module <identity>", "status <identity>",
+/// "buffered <identity>" and "difference <identity>".
+struct JournalEntry {
+    std::uint64_t number = 0; ///< calls are numbered from 1 in the order in which they began
+    double time = 0.0;        ///< bench time at the call's beginning, in seconds
+    int thread = 0;           ///< threads are numbered from 1 in the order of their first call
+    std::string object;
+    std::string operation;  ///< as declared, for example "ReadInCounts", "setNetSpeed", "~TavikServer"
+    std::string arguments;  ///< for example "3" or "\"KX20000001\", \"\""
+    std::string result;     ///< the result; empty for a call without one and for one that failed
+    bool failed = false;    ///< the call threw
+    bool faulted = false;   ///< a fault took part in it
+    int errorCode = 0;      ///< of the TavikException it threw
+    std::string error;      ///< the text it threw
+    bool takesCode = false; ///< the effect Result can put a code in place of its result
+};
+
+/// "network Mixed.setNetSpeed(High)": object, operation and arguments.
+std::string CallText(const JournalEntry& entry);
+/// The entry as a line for a person to read, as TAVIK_JOURNAL=FILE writes it.
+std::string JournalLine(const JournalEntry& entry);
+
+} // namespace TavikSimulator

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "simulator/boundary/ModuleImplementation.h"
+
+#include <string>
+
+/// What the last update found out about a module.
+class TavikLibrary::TavikModuleStatus::Implementation {
+public:
+    explicit Implementation(TavikModule::Implementation& owner)
+        : module(owner), name("status " + owner.hardware->Identity()) {}
+
+    TavikModule::Implementation& module;
+    const std::string name; ///< in the journal
+    int status = 0;
+    int errorCode = 0;
+};
