@@ -69,9 +69,9 @@ class MonkeyTest : public QObject {
 
 private slots:
     void stepsSurviveBeingWritten();
-    void shrinkingFindsTheStepsThatMatter();
-    void shrinkingOfAFailureThatNeedsNoStep();
-    void shrinkingEndsWithTheQuestions();
+    void minimisingFindsTheStepsThatMatter();
+    void minimisingAFailureThatNeedsNoStep();
+    void minimisingEndsWithTheTries();
     void endsOfRuns_data();
     void endsOfRuns();
     void seededFaultIsFoundAndMinimised();
@@ -94,12 +94,12 @@ void MonkeyTest::stepsSurviveBeingWritten() {
     QVERIFY_EXCEPTION_THROWN(ReadSteps(folder.filePath(QStringLiteral("none"))), std::runtime_error);
 }
 
-void MonkeyTest::shrinkingFindsTheStepsThatMatter() {
+void MonkeyTest::minimisingFindsTheStepsThatMatter() {
     const auto fails = [](const Steps& steps) { return Holds(steps, 3) && Holds(steps, 41) && Holds(steps, 42); };
     QVERIFY(Minimise(Numbered(100), fails, 1000) == Steps({Numbered(4)[3], Numbered(42)[41], Numbered(43)[42]}));
 }
 
-void MonkeyTest::shrinkingOfAFailureThatNeedsNoStep() {
+void MonkeyTest::minimisingAFailureThatNeedsNoStep() {
     QVERIFY(Minimise(
                 Numbered(10), [](const Steps&) { return true; }, 1000)
                 .empty());
@@ -108,7 +108,7 @@ void MonkeyTest::shrinkingOfAFailureThatNeedsNoStep() {
                 .empty());
 }
 
-void MonkeyTest::shrinkingEndsWithTheQuestions() {
+void MonkeyTest::minimisingEndsWithTheTries() {
     int questions = 0;
     const Steps rest = Minimise(
         Numbered(64),
@@ -127,8 +127,8 @@ void MonkeyTest::endsOfRuns_data() {
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("kind");
     QTest::newRow("well") << QStringLiteral("100 events\n") << false << 0 << QString();
-    QTest::newRow("failure") << QStringLiteral("Qt: 5\nfailure: Module 12 said \"no 5\".\nfailure: b\n") << false
-                             << 3 << QStringLiteral("failure: Module N said N.");
+    QTest::newRow("failure") << QStringLiteral("Qt: 5\nfailure: Module 12 said \"no 5\".\nfailure: b\n") << false << 3
+                             << QStringLiteral("failure: Module N said N.");
     QTest::newRow("sanitizer") << QStringLiteral("==7==ERROR: AddressSanitizer: heap-use-after-free on 0x1\n") << false
                                << 1 << QStringLiteral("ERROR: AddressSanitizer: heap-use-after-free");
     QTest::newRow("crash") << QStringLiteral("x\n") << true << 11 << QStringLiteral("crash");

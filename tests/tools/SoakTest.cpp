@@ -155,7 +155,7 @@ void SoakTest::shortRun() {
 
 void SoakTest::whatGoesWrongIsTold() {
     const TourBench bench = DifferenceTourBench();
-    const std::vector<TourStep> steps = {{QStringLiteral("impossible"), Place(),
+    const std::vector<TourStep> steps = {{QStringLiteral("impossible"), Location(),
                                           [](Tour& tour) { tour.Operator().Click("btnNowhere"); },
                                           [](Tour&) { return false; }, LastResortOnly}};
     Soak soak(bench, steps, 1.0);

@@ -12,7 +12,7 @@ namespace {
 /// Connects the networks of a bench with one module, and nothing else, with this rule for failures.
 Scenario ConnectingScenario(const FailureBox& due) {
     const auto steps = [due](const TourBench&) {
-        return std::vector<TourStep>{{QStringLiteral("connected"), Place(),
+        return std::vector<TourStep>{{QStringLiteral("connected"), Location(),
                                       [](Tour& tour) { tour.Operator().Click("btnConnectAll"); },
                                       [](Tour& tour) { return tour.Cell(0, 4) == QLatin1String("Connected"); },
                                       [due](const std::vector<JournalEntry>&) { return due; }}};
@@ -51,6 +51,7 @@ private slots:
     void stepThatCannotBeRepeatedIsFound();
     void slowCallTakesBenchTime();
     void indexNumbersEveryCall();
+    void scenarioMakesTheSameCalls();
     void failuresHaveTexts();
     void sampleIsTheSeeds();
     void shardsMakeTheWhole();
@@ -70,7 +71,7 @@ void SweepTest::rightRuleHolds() {
     QCOMPARE(sweep.Index().Wrong(), QStringList());
     std::vector<Failure> failures;
     for (const Failure& failure : sweep.Index().Failures()) {
-        if (static_cast<int>(failure.faultType) == faultType && sweep.Index().PlaceOf(failure.call)->step == 1) {
+        if (static_cast<int>(failure.faultType) == faultType && sweep.Index().PositionOf(failure.call)->step == 1) {
             failures.push_back(failure);
         }
     }
@@ -133,12 +134,30 @@ void SweepTest::indexNumbersEveryCall() {
     const CallIndex callIndex(*FindScenario(QStringLiteral("panel-RN")));
     QVERIFY(callIndex.Calls() > 100);
     for (std::uint64_t call = 1; call <= callIndex.Calls(); ++call) {
-        const std::optional<CallPlace> place = callIndex.PlaceOf(call);
+        const std::optional<CallPosition> place = callIndex.PositionOf(call);
         QVERIFY(place.has_value());
         QCOMPARE(callIndex.Steps().at(place->step).first + place->inStep - 1, call);
     }
-    QVERIFY(!callIndex.PlaceOf(0).has_value());
-    QVERIFY(!callIndex.PlaceOf(callIndex.Calls() + 1).has_value());
+    QVERIFY(!callIndex.PositionOf(0).has_value());
+    QVERIFY(!callIndex.PositionOf(callIndex.Calls() + 1).has_value());
+}
+
+void SweepTest::scenarioMakesTheSameCalls() {
+    const auto calls = [] {
+        QStringList texts;
+        const CallIndex index(*FindScenario(QStringLiteral("difference")));
+        for (const IndexedStep& step : index.Steps()) {
+            for (const JournalEntry& call : step.calls) {
+                texts.append(step.step.name + QLatin1Char(' ') + QString::fromStdString(CallText(call)));
+            }
+        }
+        return texts;
+    };
+    const QStringList first = calls();
+    // The step counts readings for 5 s by the date, which advances by 200 ms with each query.
+    const int timed = first.filter(QRegularExpression(QStringLiteral("^readburst-timed "))).size();
+    QVERIFY2(timed > 20 && timed < 100, qPrintable(QString::number(timed)));
+    QCOMPARE(calls(), first);
 }
 
 void SweepTest::failuresHaveTexts() {

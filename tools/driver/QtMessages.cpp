@@ -26,7 +26,7 @@ bool TakeExpected(const QString& text) {
     return false;
 }
 
-/// What the platform without a display cannot do matters to nobody.
+/// The offscreen platform reports what it cannot do; no test depends on it.
 bool IsOfThePlatform(const QString& text) {
     return text.startsWith(QLatin1String("This plugin does not support "));
 }
@@ -40,7 +40,7 @@ void Handle(QtMsgType type, const QMessageLogContext& context, const QString& te
         if (TakeExpected(text)) {
             return;
         }
-        FailureLog::Add(QStringLiteral("Qt complains: ") + text);
+        FailureLog::Add(QStringLiteral("Qt message: expected none, got: ") + text);
     }
     if (previous != nullptr) {
         previous(type, context, text);
@@ -63,7 +63,7 @@ void QtMessages::Expect(const QString& pattern) {
 
 void QtMessages::Finish() {
     for (const QRegularExpression& missing : qAsConst(Expected())) {
-        FailureLog::Add(QStringLiteral("Qt did not complain of: ") + missing.pattern());
+        FailureLog::Add(QStringLiteral("Qt message: expected %1, got none.").arg(missing.pattern()));
     }
     Expected().clear();
 }

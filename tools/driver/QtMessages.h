@@ -3,8 +3,7 @@
 #include <QRegularExpression>
 #include <QString>
 
-/// While it lives, whatever Qt complains of (a warning or worse) goes to the FailureLog, unless it was
-/// expected.
+/// While it exists, every message of Qt from a warning up goes to the FailureLog, unless it was expected.
 class QtMessages {
 public:
     QtMessages();
@@ -14,6 +13,6 @@ public:
 
     /// One warning that matches will come.
     void Expect(const QString& pattern);
-    /// Complains of the expected warnings that did not come.
+    /// Logs a failure for every expected warning that did not come.
     void Finish();
 };

@@ -20,45 +20,29 @@ Step Make(const char* verb, const Words&... words) {
     return {{QString::fromLatin1(verb), words...}};
 }
 
-/// What is typed into fields, boxes and whatever has the focus.
+/// The words of a text, separated by bars.
+QStringList Words(const char* text) {
+    return QString::fromUtf8(text).split(QLatin1Char('|'));
+}
+
+/// Texts for fields, boxes and whatever has the focus.
 const QStringList& Typed() {
-    static const QStringList texts = {
-        QStringLiteral("0"),
-        QStringLiteral("1"),
-        QStringLiteral("-1"),
-        QStringLiteral("5"),
-        QStringLiteral("12.5"),
-        QStringLiteral("0.02"),
-        QStringLiteral("100"),
-        QStringLiteral("999999999"),
-        QStringLiteral("-0.5"),
-        QStringLiteral("4000"),
-        QStringLiteral("abc"),
-        QString(),
-        QStringLiteral("KX00000014"),
-        QStringLiteral("kx00000004"),
-        QStringLiteral("KRV0000003"),
-        QStringLiteral("<b>x</b>"),
-        QString::fromUtf8("\xc3\xa4\xe2\x82\xac"),
-        QString(24, QLatin1Char('7')),
-    };
+    static const QStringList texts =
+        Words("0|1|-1|5|12.5|0.02|100|999999999|-0.5|4000|abc||KX00000014|kx00000004|KRV0000003|<b>x</b>|"
+              "\xc3\xa4\xe2\x82\xac|777777777777777777777777");
     return texts;
 }
 
 const QStringList& FileNames() {
-    static const QStringList names = {QStringLiteral("network.xml"), QStringLiteral("second.xml"),
-                                      QStringLiteral("missing.xml"), QStringLiteral("broken.xml"),
-                                      QStringLiteral("no suffix"),   QStringLiteral("no/such/folder.xml")};
+    static const QStringList names =
+        Words("network.xml|second.xml|missing.xml|broken.xml|no suffix|no/such/folder.xml");
     return names;
 }
 
 const QStringList& Keys() {
-    static const QStringList keys = {
-        QStringLiteral("Tab"),    QStringLiteral("Shift+Tab"), QStringLiteral("Return"), QStringLiteral("Escape"),
-        QStringLiteral("Space"),  QStringLiteral("Up"),        QStringLiteral("Down"),   QStringLiteral("Left"),
-        QStringLiteral("Right"),  QStringLiteral("Home"),      QStringLiteral("End"),    QStringLiteral("PgUp"),
-        QStringLiteral("PgDown"), QStringLiteral("Del"),       QStringLiteral("Ctrl+A"), QStringLiteral("Ctrl+C"),
-        QStringLiteral("Ctrl+V"), QStringLiteral("Ctrl+Tab"),  QStringLiteral("F4"),     QStringLiteral("Backspace")};
+    static const QStringList keys =
+        Words("Tab|Shift+Tab|Return|Escape|Space|Up|Down|Left|Right|Home|End|PgUp|PgDown|Del|"
+              "Ctrl+A|Ctrl+C|Ctrl+V|Ctrl+Tab|F4|Backspace");
     return keys;
 }
 

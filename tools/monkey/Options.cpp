@@ -36,7 +36,7 @@ QStringList Options::ForChildren() const {
 Options OptionsOf(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Uses the program at random on simulated benches and judges it after every event."));
+        QStringLiteral("Uses the program at random on simulated benches and checks it after every event."));
     parser.addHelpOption();
     parser.addOptions({
         {seedName, QStringLiteral("Seed of everything that is random."), seedName, QStringLiteral("1")},
@@ -47,7 +47,7 @@ Options OptionsOf(const QStringList& arguments) {
         {sessionsName, QStringLiteral("Plays so many sessions in this process."), sessionsName, QStringLiteral("0")},
         {replayName, QStringLiteral("Plays the steps in this file."), QStringLiteral("file")},
         {logName, QStringLiteral("Writes the steps of the session into this file."), QStringLiteral("file")},
-        {seededName, QStringLiteral("Complains after this step (may be given several times)."), QStringLiteral("step")},
+        {seededName, QStringLiteral("Fails after this step (may be given several times)."), QStringLiteral("step")},
         {crashName, QStringLiteral("Crashes after the seeded steps instead.")},
         {digestsName, QStringLiteral("Prints a digest of each session.")},
         {keepGoingName, QStringLiteral("Goes on after a failure.")},

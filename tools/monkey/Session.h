@@ -27,7 +27,7 @@ public:
     /// To be told of each step before it is done.
     void OnStep(const std::function<void(const Step& step)>& told) { onStep = told; }
     void OnCall(const std::function<void(const TavikSimulator::JournalEntry& call)>& told) { onCall = told; }
-    /// What becomes of a program that something is wrong with. Must not come back.
+    /// What becomes of a program that something is wrong with. Must not return.
     void OnFailures(const std::function<void(const QStringList& failures)>& told) { onFailures = told; }
 
     void Play();

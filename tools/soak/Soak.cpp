@@ -117,7 +117,7 @@ std::vector<TourStep> SoakSteps(const TourBench& bench) {
     std::vector<TourStep> steps;
     AddServerSteps(steps, bench);
     AddModuleSteps(steps, bench);
-    const Place probe{Place::Module, bench.shown, bench.probe};
+    const Location probe{Location::Module, bench.shown, bench.probe};
     AddPage(steps, probe, LastResortOnly);
     steps.push_back({QStringLiteral("read-for-a-while"), probe, ReadForAWhile,
                      [](Tour& tour) { return !tour.Operator().Text("tbReading").isEmpty(); }, LastResortOnly});

@@ -6,7 +6,7 @@ using TavikSimulator::JournalEntry;
 
 namespace {
 
-/// Without the first call of all, which makes the library's server, there is no window to judge.
+/// The first call creates the library's server; without it there is no window to check.
 constexpr std::uint64_t firstThatFails = 2;
 
 std::vector<JournalEntry> CallsThatFail(const std::vector<JournalEntry>& journal) {
@@ -29,17 +29,17 @@ CallIndex::CallIndex(const Scenario& scenario) {
     wrong += run.End();
 }
 
-std::optional<CallPlace> CallIndex::PlaceOf(std::uint64_t call) const {
+std::optional<CallPosition> CallIndex::PositionOf(std::uint64_t call) const {
     for (std::size_t index = 0; index < steps.size(); ++index) {
         const IndexedStep& indexed = steps[index];
         if (call >= indexed.first && call < indexed.first + indexed.calls.size()) {
-            return CallPlace{index, call - indexed.first + 1};
+            return CallPosition{index, call - indexed.first + 1};
         }
     }
     return std::nullopt;
 }
 
-const JournalEntry& CallIndex::CallAt(const CallPlace& place) const {
+const JournalEntry& CallIndex::CallAt(const CallPosition& place) const {
     return steps[place.step].calls[place.inStep - 1];
 }
 
@@ -47,7 +47,7 @@ std::vector<Failure> CallIndex::Failures() const {
     std::vector<Failure> failures;
     for (const FaultType faultType : FaultTypes()) {
         for (std::uint64_t call = firstThatFails; call <= calls; ++call) {
-            if (faultType != FaultType::Code || CallAt(*PlaceOf(call)).takesCode) {
+            if (faultType != FaultType::Code || CallAt(*PositionOf(call)).takesCode) {
                 failures.push_back({faultType, call});
             }
         }

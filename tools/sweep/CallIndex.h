@@ -4,7 +4,7 @@
 #include "tools/sweep/ScenarioRun.h"
 
 /// A call's place in a scenario.
-struct CallPlace {
+struct CallPosition {
     std::size_t step = 0;
     std::uint64_t inStep = 1; ///< its number among the calls of the step
 };
@@ -23,9 +23,9 @@ public:
     const QStringList& Wrong() const { return wrong; }
 
     /// Where a call stands; nothing for one beyond the last.
-    std::optional<CallPlace> PlaceOf(std::uint64_t call) const;
-    const TavikSimulator::JournalEntry& CallAt(const CallPlace& place) const;
-    /// Every failure that can be made, sorted by faultType and call.
+    std::optional<CallPosition> PositionOf(std::uint64_t call) const;
+    const TavikSimulator::JournalEntry& CallAt(const CallPosition& place) const;
+    /// Every failure that can be made, sorted by fault type and call.
     std::vector<Failure> Failures() const;
 
 private:

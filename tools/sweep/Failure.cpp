@@ -10,21 +10,10 @@ const std::vector<FaultType>& FaultTypes() {
 }
 
 QString WordOf(FaultType faultType) {
-    switch (faultType) {
-    case FaultType::Once:
-        return QStringLiteral("once");
-    case FaultType::OnceRuntimeError:
-        return QStringLiteral("once-runtime-error");
-    case FaultType::Persistent:
-        return QStringLiteral("persistent");
-    case FaultType::PersistentRuntimeError:
-        return QStringLiteral("persistent-runtime-error");
-    case FaultType::Slow:
-        return QStringLiteral("slow");
-    case FaultType::Code:
-        break;
-    }
-    return QStringLiteral("code");
+    static const QStringList words = QString(QStringLiteral("once once-runtime-error persistent "
+                                                            "persistent-runtime-error slow code"))
+                                         .split(QLatin1Char(' '));
+    return words.at(static_cast<int>(faultType));
 }
 
 QString ToText(const Failure& failure) {

@@ -9,9 +9,9 @@
 
 /// How a call of the library fails.
 enum class FaultType {
-    Once,             ///< throws a TavikException
-    OnceRuntimeError, ///< throws a std::runtime_error
-    Persistent,       ///< throws a TavikException, and so do all after it until the operator's step has been judged
+    Once,                   ///< throws a TavikException
+    OnceRuntimeError,       ///< throws a std::runtime_error
+    Persistent,             ///< throws a TavikException, as do all later calls until the step has been checked
     PersistentRuntimeError, ///< the same with a std::runtime_error
     Slow,                   ///< takes three seconds
     Code,                   ///< returns an error's code in place of its result

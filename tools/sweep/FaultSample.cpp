@@ -35,9 +35,9 @@ std::vector<Failure> SampleOf(const std::vector<Failure>& failures, std::size_t 
     return chosen;
 }
 
-std::vector<Failure> ShardOf(const std::vector<Failure>& failures, std::size_t sharer, std::size_t sharers) {
+std::vector<Failure> ShardOf(const std::vector<Failure>& failures, std::size_t shard, std::size_t shards) {
     std::vector<Failure> share;
-    for (std::size_t index = sharer - 1; index < failures.size(); index += sharers) {
+    for (std::size_t index = shard - 1; index < failures.size(); index += shards) {
         share.push_back(failures[index]);
     }
     return share;

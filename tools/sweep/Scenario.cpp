@@ -24,7 +24,7 @@ std::vector<Scenario> MakeScenarios() {
     return scenarios;
 }
 
-/// Once there is a window, whoever does not see the networks connects them.
+/// A step that is repeated after a failure finds the window open and connects the networks instead.
 void OpenOrConnect(Tour& tour) {
     if (tour.HasWindow()) {
         tour.Operator().Click("btnConnectAll");
@@ -47,13 +47,13 @@ const Scenario* FindScenario(const QString& name) {
 }
 
 std::vector<TourStep> AllSteps(const Scenario& scenario, const TourBench& bench) {
-    std::vector<TourStep> steps{{QStringLiteral("start"), Place(), OpenOrConnect,
+    std::vector<TourStep> steps{{QStringLiteral("start"), Location(), OpenOrConnect,
                                  [](Tour& tour) { return !tour.Cell(tour.bench.otherNetwork, 0).isEmpty(); },
                                  LastResortOnly}};
     const std::vector<TourStep> tour = scenario.steps(bench);
     steps.insert(steps.end(), tour.begin(), tour.end());
     if (!steps.back().closes) {
-        TourStep close{QStringLiteral("closed"), Place{Place::Nowhere, 0, QString()},
+        TourStep close{QStringLiteral("closed"), Location{Location::Nowhere, 0, QString()},
                        [](Tour& closing) { closing.Window().close(); },
                        [](Tour& closed) { return !closed.Window().isVisible(); }, Swallowed};
         close.closes = true;

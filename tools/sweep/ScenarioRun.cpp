@@ -102,7 +102,7 @@ QStringList ScenarioRun::Perform(const TourStep& step) {
     return Finish(step);
 }
 
-/// What a step that has gone well leaves to be judged.
+/// Returns the errors after a step without a failed call.
 QStringList ScenarioRun::Finish(const TourStep& step) {
     QCoreApplication::processEvents();
     tour.boxes.Finish();
@@ -145,7 +145,7 @@ StepResult ScenarioRun::PerformFailing(const IndexedStep& indexed, const Failure
     } else {
         result.wrong = BoxErrors(tour.boxes, indexed, failure.faultType);
         ClearFaults();
-        // What the operator would have done next in this step may have had no chance.
+        // The later actions of the step may not have been possible.
         tour.boxes.Finish();
         FailureLog::Take();
         if (!step.closes) {
@@ -158,7 +158,7 @@ StepResult ScenarioRun::PerformFailing(const IndexedStep& indexed, const Failure
     return result;
 }
 
-/// The operator goes back to where the step begins, and takes it again unless he sees that it is done.
+/// Returns to where the step begins and repeats it unless its postcondition holds.
 QStringList ScenarioRun::TryAgain(const TourStep& step, FaultType faultType) {
     // While nothing worked the screen could not be shown anew; a button that does one thing or its opposite by what the
     // library says then begins by putting the screen right.

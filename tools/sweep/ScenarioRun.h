@@ -28,7 +28,7 @@ struct FailureInStep {
     std::uint64_t coded = 1;  ///< its number among those that take a code
 };
 
-/// One operator's way through a scenario on a fresh bench, step by step. Every step is judged.
+/// Performs the steps of a scenario on a new bench and checks the program after each.
 class ScenarioRun {
 public:
     explicit ScenarioRun(const TourBench& bench);

@@ -63,7 +63,7 @@ std::vector<Failure> Sweep::NextTour() {
 }
 
 FailureInStep Sweep::InStep(const Failure& failure) const {
-    const CallPlace place = *callIndex.PlaceOf(failure.call);
+    const CallPosition place = *callIndex.PositionOf(failure.call);
     const auto& calls = callIndex.Steps()[place.step].calls;
     const auto coded = std::count_if(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(place.inStep),
                                      [](const JournalEntry& call) { return call.takesCode; });
@@ -71,7 +71,7 @@ FailureInStep Sweep::InStep(const Failure& failure) const {
 }
 
 Sweep::Outcome Sweep::TakeStep(ScenarioRun& run, const Failure& failure, bool again) {
-    const CallPlace place = *callIndex.PlaceOf(failure.call);
+    const CallPosition place = *callIndex.PositionOf(failure.call);
     const TourStep& step = callIndex.Steps()[place.step].step;
     if (again) {
         run.CurrentTour().GoTo(step.place);

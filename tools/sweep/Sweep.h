@@ -7,7 +7,7 @@
 #include <map>
 #include <set>
 
-/// What came of the failures of one faultType in one scenario.
+/// What came of the failures of one fault type in one scenario.
 struct Tally {
     std::uint64_t failures = 0;
     std::uint64_t wrong = 0;
@@ -50,7 +50,7 @@ private:
     std::uint64_t WrongOnes() const;
     void Report(const std::vector<Failure>& failures, const QStringList& wrong) const;
     FailureInStep InStep(const Failure& failure) const;
-    std::size_t StepOf(const Failure& failure) const { return callIndex.PlaceOf(failure.call)->step; }
+    std::size_t StepOf(const Failure& failure) const { return callIndex.PositionOf(failure.call)->step; }
 
     const Scenario& scenario;
     const CallIndex callIndex;

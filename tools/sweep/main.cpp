@@ -98,7 +98,7 @@ int TakeTour(const QStringList& arguments) {
     const auto given = arguments.mid(1);
     for (const QString& argument : given) {
         const std::optional<Failure> failure = FailureFromText(argument);
-        if (!failure || !sweep.Index().PlaceOf(failure->call)) {
+        if (!failure || !sweep.Index().PositionOf(failure->call)) {
             return Refuse(QStringLiteral("\"%1\" is no failure of this scenario.").arg(argument));
         }
         failures.push_back(*failure);

@@ -23,7 +23,7 @@ void AddReadBurstSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.probe.isEmpty()) {
         return;
     }
-    const Place probe{Place::Module, bench.shown, bench.probe};
+    const Location probe{Location::Module, bench.shown, bench.probe};
     const FailureRule box = Always(QStringLiteral("Readburst"), QStringLiteral("Error: "));
     steps.push_back({QStringLiteral("readburst-in-counts"), probe, Press("btnReadInCounts"), HasReadings, box});
     steps.push_back({QStringLiteral("readburst-in-units"), probe, Press("btnReadInUnits"), HasReadings, box});
