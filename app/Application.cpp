@@ -1,5 +1,6 @@
 #include "app/Application.h"
 
+#include "panels/common/FieldStyle.h"
 #include "panels/common/LastResort.h"
 
 #include <QAbstractButton>
@@ -7,6 +8,7 @@
 #include <QPalette>
 #include <QPointer>
 #include <QShortcutEvent>
+#include <QStyle>
 
 #include <cmath>
 
@@ -67,6 +69,7 @@ QPalette WithReadableSelection(QPalette palette) {
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     KeepPictures();
+    setStyle(new FieldStyle(style()->objectName()));
     constexpr int pointSize = 10;
     QFont font = QApplication::font();
     font.setPointSize(pointSize);

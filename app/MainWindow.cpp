@@ -243,10 +243,9 @@ bool MainWindow::HasNetwork() const {
 template <class Calls>
 void MainWindow::ChangeModules(const QString& title, Calls&& calls) {
     if (HasNetwork()) {
-        ErrorBox(this, title, errorPrefix).Try([&] {
-            calls();
-            modulePages->Forget();
-        });
+        // What a page does with a module that is removed by the calls ends while the module exists.
+        modulePages->Forget();
+        ErrorBox(this, title, errorPrefix).Try(calls);
         LastResort::Run([this] { RefreshNetworkPage(); });
     }
 }

@@ -10,8 +10,6 @@
 #include "panels/common/WaitCursor.h"
 #include "ui_ModulePNXWidget.h"
 
-#include <QPointer>
-
 namespace {
 
 /// How a reading's failure begins after something was changed at the air gauge itself.
@@ -47,7 +45,7 @@ void ModulePNXWidget::ShowInformation() {
     ShowInField(ui->tbMasterB, LengthText(module->MasterMaxReadingInUOM(), unit));
     ShowInField(ui->tbLimitHigh, LengthText(module->LimitHigh(), unit));
     ShowInField(ui->tbLimitLow, LengthText(module->LimitLow(), unit));
-    ShowInField(ui->tbStatus, module->IsMastered() ? QStringLiteral("Mastered") : QStringLiteral("Not Mastered"));
+    ShowInField(ui->tbPNXStatus, module->IsMastered() ? QStringLiteral("Mastered") : QStringLiteral("Not Mastered"));
 }
 
 void ModulePNXWidget::UpdateModuleInformation() {
@@ -59,11 +57,15 @@ void ModulePNXWidget::UpdateModuleInformation() {
 }
 
 bool ModulePNXWidget::RefreshFromModule() {
+    const QPointer<TypePanel> panel(this);
     const double length = ReadLength();
+    if (!IsOpen(panel)) {
+        return false;
+    }
     ShowInField(ui->tbPressure, PressureText(module->PressureReading()));
     const TavikLibrary::ePNX_UOM unit = module->DisplayUnitsOfMeasure();
     const bool asPressure = module->OutputReadingAsPressure();
-    ShowInField(ui->tbReading,
+    ShowInField(ui->tbPNXReading,
                 asPressure ? PressureText(PressureOf(module->ReadInCounts())) : LengthText(length, unit));
     return true;
 }
@@ -76,16 +78,17 @@ double ModulePNXWidget::ReadLength() {
             return 0.0;
         }
     }
+    const QPointer<TypePanel> panel(this);
     UpdateModuleInformation();
-    return module->ReadInUnits();
+    return IsOpen(panel) ? module->ReadInUnits() : 0.0;
 }
 
 template <class Dialog>
 bool ModulePNXWidget::RunDialog() {
     ModalDialog<Dialog> dialog(module, this);
-    const QPointer<ModulePNXWidget> panel(this);
+    const QPointer<TypePanel> panel(this);
     dialog.Run();
-    return panel != nullptr && !mainWindow->IsClosing();
+    return IsOpen(panel) && !mainWindow->IsClosing();
 }
 
 void ModulePNXWidget::on_btnMaster_clicked() {
@@ -101,8 +104,4 @@ void ModulePNXWidget::on_btnConfigure_clicked() {
             RefreshFromModule();
         }
     });
-}
-
-void ModulePNXWidget::on_btnUpdateModuleInfo_clicked() {
-    UpdateModuleInformation();
 }

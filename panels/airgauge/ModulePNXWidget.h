@@ -32,7 +32,7 @@ protected:
 private slots:
     void on_btnMaster_clicked();
     void on_btnConfigure_clicked();
-    void on_btnUpdateModuleInfo_clicked();
+    void on_btnUpdateModuleInfo_clicked() { UpdateModuleInformation(); }
 
 private:
     void ShowInformation();

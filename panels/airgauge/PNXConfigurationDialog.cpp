@@ -3,13 +3,10 @@
 #include "library/TavikModulePNX.h"
 #include "panels/airgauge/LengthUnits.h"
 #include "panels/common/HostWindow.h"
-#include "panels/common/MessageBoxes.h"
+#include "panels/common/ModalDialog.h"
 #include "ui_PNXConfigurationDialog.h"
 
 #include <QInputDialog>
-#include <QPointer>
-
-#include <utility>
 
 using TavikLibrary::ePNX_RotateDisplay;
 using TavikLibrary::ePNX_UOM;
@@ -17,12 +14,6 @@ using TavikLibrary::ePNX_UOM;
 namespace {
 
 constexpr int greatestPasscode = 99999999;
-
-/// Runs a slot's calls with the box that all of them share.
-template <class Calls>
-void GuardedSetting(QWidget* parent, Calls&& calls) {
-    ErrorBox(parent, QStringLiteral("PNX Module")).Try(std::forward<Calls>(calls));
-}
 
 } // namespace
 
@@ -43,10 +34,10 @@ PNXConfigurationDialog::~PNXConfigurationDialog() = default;
 // gauge, and what is read next is what the gauge made of it.
 void PNXConfigurationDialog::ShowDisplaySettings() {
     const ePNX_UOM unit = module->DisplayUnitsOfMeasure();
-    ui->cbScreenRotation->setCurrentIndex(static_cast<int>(module->RotateDisplay()));
+    ui->cbScreenRotation->ShowValue(static_cast<int>(module->RotateDisplay()));
     ui->cbRotateKeyboard->setChecked(module->RotateKeyboard());
     ui->cbShowPSIReading->setChecked(module->ShowPSIReading());
-    ui->cbDisplayUOM->setCurrentIndex(static_cast<int>(unit));
+    ui->cbDisplayUOM->ShowValue(static_cast<int>(unit));
     const double high = FromMillimetres(module->LimitHigh(), unit);
     ui->sbHighLimit->setDecimals(DecimalsOf(unit));
     ui->sbHighLimit->setValue(high);
@@ -74,28 +65,28 @@ void PNXConfigurationDialog::ShowOutput() {
     }
 }
 
-void PNXConfigurationDialog::on_cbScreenRotation_currentIndexChanged(int index) {
-    GuardedSetting(this, [&] { module->setRotateDisplay(static_cast<ePNX_RotateDisplay>(index)); });
+void PNXConfigurationDialog::on_cbScreenRotation_currentIndexChanged(int /*index*/) {
+    errors.Try([this] { module->setRotateDisplay(static_cast<ePNX_RotateDisplay>(ui->cbScreenRotation->Value())); });
 }
 
 void PNXConfigurationDialog::on_cbRotateKeyboard_clicked() {
-    GuardedSetting(this, [this] { module->setRotateKeyboard(ui->cbRotateKeyboard->isChecked()); });
+    errors.Try([this] { module->setRotateKeyboard(ui->cbRotateKeyboard->isChecked()); });
 }
 
 void PNXConfigurationDialog::on_cbShowPSIReading_clicked() {
-    GuardedSetting(this, [this] { module->setShowPSIReading(ui->cbShowPSIReading->isChecked()); });
+    errors.Try([this] { module->setShowPSIReading(ui->cbShowPSIReading->isChecked()); });
 }
 
 void PNXConfigurationDialog::on_cbOutputPressure_clicked() {
-    GuardedSetting(this, [this] { module->setOutputReadingAsPressure(ui->cbOutputPressure->isChecked()); });
+    errors.Try([this] { module->setOutputReadingAsPressure(ui->cbOutputPressure->isChecked()); });
 }
 
-void PNXConfigurationDialog::on_cbDisplayUOM_currentIndexChanged(int index) {
-    GuardedSetting(this, [&] {
-        const auto unit = static_cast<ePNX_UOM>(index);
+void PNXConfigurationDialog::on_cbDisplayUOM_currentIndexChanged(int /*index*/) {
+    errors.Try([this] {
+        const auto unit = static_cast<ePNX_UOM>(ui->cbDisplayUOM->Value());
         module->setDisplayUnitsOfMeasure(unit);
         UseDecimalsOf(unit);
-        // The limits stand here in millimetres, whatever the unit, as operators of this tool are used to.
+        // Deliberate: the limits are shown in millimetres here, whatever the unit.
         ui->sbLowLimit->setValue(module->LimitLow());
         ui->sbHighLimit->setValue(module->LimitHigh());
     });
@@ -107,28 +98,25 @@ void PNXConfigurationDialog::UseDecimalsOf(ePNX_UOM unit) {
 }
 
 void PNXConfigurationDialog::on_sbHighLimit_valueChanged(double arg1) {
-    GuardedSetting(this, [&] { module->setLimitHigh(arg1); });
+    errors.Try([&] { module->setLimitHigh(arg1); });
 }
 
 void PNXConfigurationDialog::on_sbLowLimit_valueChanged(double value) {
-    GuardedSetting(this, [&] { module->setLimitLow(value); });
+    errors.Try([&] { module->setLimitLow(value); });
 }
 
 void PNXConfigurationDialog::on_btnSetPassCode_clicked() {
-    const QPointer<PNXConfigurationDialog> stillThere(this);
-    bool accepted = false;
-    const int passcode = QInputDialog::getInt(this, QStringLiteral("Enter Passcode"),
-                                              QStringLiteral("Enter the pascode (0 to 99999999)."), 0, 0,
-                                              greatestPasscode, 1, &accepted);
-    if (accepted && stillThere != nullptr && !HostWindow::IsClosingOver(this)) {
-        GuardedSetting(this, [&] { module->setPasscode(passcode); });
+    ModalDialog<QInputDialog> entry(this);
+    entry->setWindowTitle(QStringLiteral("Enter Passcode"));
+    entry->setLabelText(QStringLiteral("Enter the pascode (0 to 99999999)."));
+    entry->setInputMode(QInputDialog::IntInput);
+    entry->setIntRange(0, greatestPasscode);
+    // The entry is this dialog's child: while it is alive, this dialog is.
+    if (entry.Run() == QDialog::Accepted && entry.IsAlive() && !HostWindow::IsClosingOver(this)) {
+        errors.Try([&] { module->setPasscode(entry->intValue()); });
     }
 }
 
 void PNXConfigurationDialog::on_btnResetToFactory_clicked() {
-    GuardedSetting(this, [this] { module->ResetFactorySettings(); });
-}
-
-void PNXConfigurationDialog::on_btnClose_clicked() {
-    close();
+    errors.Try([this] { module->ResetFactorySettings(); });
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panels/common/MessageBoxes.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -33,7 +35,7 @@ private slots:
     void on_sbLowLimit_valueChanged(double value);
     void on_btnSetPassCode_clicked();
     void on_btnResetToFactory_clicked();
-    void on_btnClose_clicked();
+    void on_btnClose_clicked() { close(); }
 
 private:
     void ShowDisplaySettings();
@@ -43,4 +45,5 @@ private:
 
     std::unique_ptr<Ui::PNXConfigurationDialog> ui;
     TavikLibrary::TavikModulePNX* module;
+    const ErrorBox errors{this, QStringLiteral("PNX Module")};
 };

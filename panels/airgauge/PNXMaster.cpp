@@ -3,8 +3,6 @@
 #include "panels/airgauge/LengthUnits.h"
 #include "panels/common/Activity.h"
 #include "panels/common/HostWindow.h"
-#include "panels/common/LastResort.h"
-#include "panels/common/MessageBoxes.h"
 #include "panels/common/Wait.h"
 #include "ui_PNXMaster.h"
 
@@ -33,7 +31,8 @@ constexpr double roundingOfDistance = 1e-9;
 PNXMaster::PNXMaster(TavikLibrary::TavikModulePNX* newModule, QWidget* parent)
     : QDialog(parent), ui(std::make_unique<Ui::PNXMaster>()), module(newModule) {
     ui->setupUi(this);
-    ErrorBox(this, boxTitle).Try([this] { ShowLastMasters(); });
+    errors.Try([this] { ShowLastMasters(); });
+    ui->btnNext->setEnabled(unit.has_value());
     EnterStage(firstStage);
 }
 
@@ -41,9 +40,9 @@ PNXMaster::~PNXMaster() = default;
 
 void PNXMaster::ShowLastMasters() {
     unit = module->DisplayUnitsOfMeasure();
-    ui->sbMasterA->setValue(FromMillimetres(module->MasterMinReadingInUOM(), unit));
-    ui->sbMasterB->setValue(FromMillimetres(module->MasterMaxReadingInUOM(), unit));
-    const QString unitText = FromLibrary(TavikLibrary::ePNX_UOM_ToString(unit));
+    ui->sbMasterA->setValue(FromMillimetres(module->MasterMinReadingInUOM(), *unit));
+    ui->sbMasterB->setValue(FromMillimetres(module->MasterMaxReadingInUOM(), *unit));
+    const QString unitText = FromLibrary(TavikLibrary::ePNX_UOM_ToString(*unit));
     ui->lblUnitA->setText(unitText);
     ui->lblUnitB->setText(unitText);
 }
@@ -84,7 +83,7 @@ void PNXMaster::RunLivePressure() {
     });
     inLiveLoop = true;
     const Activity activity(HostWindow::Of(this), QStringLiteral("Mastering: reading the air pressure"));
-    GuardedReading([this] { RepeatLivePressure(); });
+    TryReading([this] { RepeatLivePressure(); });
 }
 
 void PNXMaster::RepeatLivePressure() {
@@ -99,15 +98,16 @@ void PNXMaster::RepeatLivePressure() {
 }
 
 template <class Calls>
-void PNXMaster::GuardedReading(Calls&& calls) {
-    try {
+void PNXMaster::TryReading(Calls&& calls) {
+    ErrorBox(this, boxTitle, QStringLiteral("Error reading PNX:\n")).Try([&] {
+        auto onlyCancel = qScopeGuard([this] {
+            live = 0;
+            ui->btnNext->setEnabled(false);
+            ui->btnBack->setEnabled(false);
+        });
         std::forward<Calls>(calls)();
-    } catch (const std::runtime_error& error) {
-        live = 0;
-        ui->btnNext->setEnabled(false);
-        ui->btnBack->setEnabled(false);
-        ShowErrorBox(this, boxTitle, QStringLiteral("Error reading PNX:\n") + FromLibrary(error.what()));
-    }
+        onlyCancel.dismiss();
+    });
 }
 
 // The stages
@@ -116,32 +116,32 @@ bool PNXMaster::MastersAreNearEnough() {
     if (std::abs(SizeB() - SizeA()) <= greatestDistance + roundingOfDistance) {
         return true;
     }
-    const QString limit = LengthText(greatestDistance, unit);
+    const QString limit = LengthText(greatestDistance, *unit);
     ShowErrorBox(this, boxTitle,
                  QStringLiteral("Distance between Master A and Master B cannot be\ngreater than ") + limit);
     return false;
 }
 
 double PNXMaster::SizeA() const {
-    return ToMillimetres(ui->sbMasterA->value(), unit);
+    return ToMillimetres(ui->sbMasterA->value(), *unit);
 }
 
 double PNXMaster::SizeB() const {
-    return ToMillimetres(ui->sbMasterB->value(), unit);
+    return ToMillimetres(ui->sbMasterB->value(), *unit);
 }
 
 void PNXMaster::ShowSummary() {
-    GuardedReading([this] {
+    TryReading([this] {
         pressureB = module->PressureReading();
         ui->tbPressureA->setText(PressureNumber(pressureA));
         ui->tbPressureB->setText(PressureNumber(pressureB));
-        ui->tbMasterA->setText(LengthNumber(ui->sbMasterA->value(), unit));
-        ui->tbMasterB->setText(LengthNumber(ui->sbMasterB->value(), unit));
+        ui->tbMasterA->setText(LengthNumber(ui->sbMasterA->value(), *unit));
+        ui->tbMasterB->setText(LengthNumber(ui->sbMasterB->value(), *unit));
     });
 }
 
 void PNXMaster::on_btnNext_clicked() {
-    LastResort::Run([this] {
+    errors.Try([this] {
         if (!MastersAreNearEnough()) {
             return;
         }
@@ -167,7 +167,7 @@ void PNXMaster::Write() {
 }
 
 void PNXMaster::on_btnBack_clicked() {
-    EnterStage(stage - 1);
+    errors.Try([this] { EnterStage(stage - 1); });
 }
 
 // Closing

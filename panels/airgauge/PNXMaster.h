@@ -1,10 +1,12 @@
 #pragma once
 
 #include "library/TavikModulePNX.h"
+#include "panels/common/MessageBoxes.h"
 
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class PNXMaster;
@@ -16,7 +18,7 @@ class PNXMaster : public QDialog {
     Q_OBJECT
 
 public:
-    /// Reads the unit and the sizes of the last masters; shows a box when that fails.
+    /// Reads the unit and the sizes of the last masters; shows a box when that fails. Without a unit there is no Next.
     PNXMaster(TavikLibrary::TavikModulePNX* module, QWidget* parent);
     ~PNXMaster() override;
 
@@ -43,14 +45,15 @@ private:
     void RepeatLivePressure();
     void ShowSummary();
     template <class Calls>
-    void GuardedReading(Calls&& calls);
+    void TryReading(Calls&& calls);
     void Write();
     double SizeA() const;
     double SizeB() const;
 
     std::unique_ptr<Ui::PNXMaster> ui;
     TavikLibrary::TavikModulePNX* module;
-    TavikLibrary::ePNX_UOM unit = TavikLibrary::ePNX_UOM::mm;
+    const ErrorBox errors{this, QStringLiteral("PNX Mastering")};
+    std::optional<TavikLibrary::ePNX_UOM> unit;
     int stage = 1;
     /// Whether the live pressure goes on.
     int live = 0;

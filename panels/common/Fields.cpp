@@ -2,6 +2,7 @@
 
 #include "panels/common/Text.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -9,6 +10,11 @@
 void ShowInField(QLineEdit* field, const QString& text) {
     field->setText(text);
     field->setCursorPosition(0);
+    field->setToolTip(PlainToolTip(text));
+}
+
+void ShowInField(QLabel* field, const QString& text) {
+    field->setText(text);
     field->setToolTip(PlainToolTip(text));
 }
 

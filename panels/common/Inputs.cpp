@@ -1,8 +1,11 @@
 #include "panels/common/Inputs.h"
 
+#include "panels/common/Fields.h"
+
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QLocale>
+#include <QRadioButton>
 #include <QSignalBlocker>
 
 #include <cmath>
@@ -24,6 +27,12 @@ void ChoiceList::focusInEvent(QFocusEvent* event) {
     // A list view would make its first row current here, though nobody chose it.
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
+}
+
+void ChoiceList::mousePressEvent(QMouseEvent* event) {
+    QListWidget::mousePressEvent(event);
+    // A slot of the row change may have taken the change back, but the view selects the pressed row after it.
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
 }
 
 QItemSelectionModel::SelectionFlags ChoiceList::selectionCommand(const QModelIndex& index, const QEvent* event) const {
@@ -57,11 +66,11 @@ int ChoiceBox::Value() const {
     return currentIndex() >= 0 ? currentIndex() + first : shown;
 }
 
-NumberBox::NumberBox(QWidget* parent) : WheelWithFocus(parent) {
+NumberBox::NumberBox(QWidget* parent) : NumberEntry(parent) {
     SetUpNumbers(this);
 }
 
-DecimalBox::DecimalBox(QWidget* parent) : WheelWithFocus(parent) {
+DecimalBox::DecimalBox(QWidget* parent) : NumberEntry(parent) {
     SetUpNumbers(this);
     connect(this, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this](double value) { exact = value; });
     // Typing the number that is shown rounded is an entry, too.
@@ -76,7 +85,7 @@ DecimalBox::DecimalBox(QWidget* parent) : WheelWithFocus(parent) {
 
 void DecimalBox::ShowExact(double value) {
     setValue(decimals() == 0 ? std::trunc(value) : value);
-    exact = value;
+    exact = qBound(minimum(), value, maximum());
 }
 
 void DecimalBox::ShowDecimals(int decimals) {
@@ -84,4 +93,29 @@ void DecimalBox::ShowDecimals(int decimals) {
     const QSignalBlocker sameNumber(this);
     setDecimals(decimals);
     ShowExact(kept);
+}
+
+InputValues::InputValues(const QWidget* page) {
+    const auto numbers = page->findChildren<QSpinBox*>();
+    for (QSpinBox* box : numbers) {
+        restorers.emplace_back([box, value = box->value()] { box->setValue(value); });
+    }
+    const auto choices = page->findChildren<QComboBox*>();
+    for (QComboBox* box : choices) {
+        restorers.emplace_back([box, index = box->currentIndex()] { box->setCurrentIndex(index); });
+    }
+    const auto lists = page->findChildren<QListWidget*>();
+    for (QListWidget* list : lists) {
+        restorers.emplace_back([list, row = list->currentRow()] { list->setCurrentRow(row); });
+    }
+    const auto buttons = page->findChildren<QRadioButton*>();
+    for (QRadioButton* button : buttons) {
+        restorers.emplace_back([button, checked = button->isChecked()] { Check(button, checked); });
+    }
+}
+
+void InputValues::Restore() const {
+    for (const auto& restore : restorers) {
+        restore();
+    }
 }

@@ -32,7 +32,7 @@ QWidget* BoxParent() {
     return nullptr;
 }
 
-/// The texts that pages have shown themselves in the current event. Touched on the GUI thread only.
+/// The texts that pages show, or have shown in the current event. Touched on the GUI thread only.
 QStringList& ShownByPages() {
     static QStringList texts;
     return texts;
@@ -73,20 +73,25 @@ void LastResort::Report(const QString& text) {
         Qt::QueuedConnection);
 }
 
-void LastResort::MarkAsShown(const QString& text) {
-    if (ShownByPages().isEmpty()) {
-        QMetaObject::invokeMethod(
-            qApp, [] { ShownByPages().clear(); }, Qt::QueuedConnection);
-    }
+LastResort::ShownByPage::ShownByPage(const QString& shownText) : text(shownText) {
     ShownByPages().append(text);
 }
 
-void LastResort::ReportCurrentException() {
+LastResort::ShownByPage::~ShownByPage() {
+    QMetaObject::invokeMethod(
+        qApp, [over = text] { ShownByPages().removeOne(over); }, Qt::QueuedConnection);
+}
+
+QString LastResort::CurrentText() {
     try {
         throw;
     } catch (const std::exception& error) {
-        Report(FromLibrary(error.what()));
+        return FromLibrary(error.what());
     } catch (...) {
-        Report(QStringLiteral("An error of an unknown kind has occurred."));
+        return QStringLiteral("An error of an unknown kind has occurred.");
     }
+}
+
+void LastResort::ReportCurrentException() {
+    Report(CurrentText());
 }

@@ -12,11 +12,24 @@ namespace LastResort {
 /// page in the same event, is not shown again. May be called from any thread.
 void Report(const QString& text);
 
+/// The text of the exception that is being handled; to be called from a catch block only.
+QString CurrentText();
+
 /// Reports the exception that is being handled; to be called from a catch block only.
 void ReportCurrentException();
 
-/// A page shows this text itself: until the current event is over it is not reported again. GUI thread only.
-void MarkAsShown(const QString& text);
+/// A page shows this text itself: while this exists, and until the event in which it ends is over, the text is not
+/// reported again. GUI thread only.
+class ShownByPage {
+public:
+    explicit ShownByPage(const QString& shownText);
+    ~ShownByPage();
+    ShownByPage(const ShownByPage&) = delete;
+    ShownByPage& operator=(const ShownByPage&) = delete;
+
+private:
+    const QString text;
+};
 
 /// Runs calls in a place that no exception may pass through, such as a slot of a list's row change. Returns whether
 /// they came to their end.

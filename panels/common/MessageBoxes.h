@@ -29,8 +29,10 @@ public:
     /// Shows a failure, which the top-level exception handler then does not show a second time.
     void Show(const std::runtime_error& error) const {
         const QString text = FromLibrary(error.what());
-        LastResort::MarkAsShown(text);
+        const LastResort::ShownByPage shown(text);
         ShowErrorBox(parent, title, prefix + text);
+        // The events that the box handled have forgotten it. The page may be deleted by now.
+        LastResort::MarkAsShown(text);
     }
 
     /// Runs library calls and shows a std::runtime_error; an exception of another type goes to the top-level handler.

@@ -5,6 +5,8 @@
 
 #include <QScopeGuard>
 
+#include <utility>
+
 void ModePage::setNetwork(HostWindow* newMainWindow, TavikLibrary::TavikServer* newServer,
                           TavikLibrary::TavikNetwork* newNetwork, TavikLibrary::TavikModule* newModule) {
     Forget();
@@ -31,54 +33,57 @@ void ModePage::setNetwork(HostWindow* newMainWindow, TavikLibrary::TavikServer* 
 
 void ModePage::Empty() {
     filled = false;
-    for (QWidget* command : Commands()) {
-        command->setEnabled(false);
-    }
+    DisableCommands();
     enabledBeforeHold.clear();
     Clear();
 }
 
 void ModePage::setCommandsEnabled(bool enable) {
-    if (!filled || enable != held) {
+    if (!filled || (held && !enable)) {
         return;
     }
     held = !enable;
     if (held) {
         HoldCommands();
-    } else {
-        LastResort::Run([this] { RefreshPage(); });
+        return;
     }
+    for (QWidget* command : std::exchange(enabledBeforeHold, {})) {
+        command->setEnabled(true);
+    }
+    LastResort::Run([this] { Refresh(); });
 }
 
 void ModePage::RefreshPage() {
-    ReleaseCommands();
-    const auto holdAgain = qScopeGuard([this] {
+    auto disableAgain = qScopeGuard([this] {
         if (held) {
-            HoldCommands();
+            DisableCommands();
         }
     });
     Refresh();
+    if (!IsHeldByOthers()) {
+        disableAgain.dismiss();
+    }
 }
 
 void ModePage::HoldCommands() {
     for (QWidget* command : Commands()) {
         if (command->isEnabledTo(command->parentWidget())) {
             enabledBeforeHold.push_back(command);
-            command->setEnabled(false);
         }
     }
+    DisableCommands();
 }
 
-void ModePage::ReleaseCommands() {
-    for (QWidget* command : enabledBeforeHold) {
-        command->setEnabled(true);
+void ModePage::DisableCommands() {
+    for (QWidget* command : Commands()) {
+        command->setEnabled(false);
     }
-    enabledBeforeHold.clear();
 }
 
 void ModePage::Forget() {
-    Leave();
+    // First: what Leave() releases must not refresh this page.
     filled = false;
+    Leave();
     network = nullptr;
     module = nullptr;
 }

@@ -29,9 +29,10 @@ public:
     void setNetwork(HostWindow* mainWindow, TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network,
                     TavikLibrary::TavikModule* module);
     /// Disables the commands, or enables those that were enabled before and refreshes the page. A refresh that fails
-    /// is reported and leaves the page as it was. Never throws.
+    /// is reported and leaves the page as it was. Without effect on an empty page. Never throws.
     virtual void setCommandsEnabled(bool enable);
-    /// The page is taken away: its network and module may be destroyed, and are not called any more. Never throws.
+    /// The page is taken away. To be called while its module exists, since a run on it may have to be ended; afterwards
+    /// network and module are not called any more. Never throws.
     void Forget();
     /// Ends what the page is doing in a loop. Never throws.
     virtual void Stop() noexcept {}
@@ -58,6 +59,8 @@ protected:
     /// Whether a slot may call the library.
     bool MayAct() const;
     bool CommandsAreHeld() const { return held; }
+    /// Whether the commands stay disabled whatever Refresh() makes of them.
+    virtual bool IsHeldByOthers() const { return held; }
 
     const ErrorBox errors;
     HostWindow* mainWindow = nullptr;
@@ -68,7 +71,7 @@ protected:
 private:
     void Empty();
     void HoldCommands();
-    void ReleaseCommands();
+    void DisableCommands();
 
     std::vector<QWidget*> enabledBeforeHold;
     bool held = false;

@@ -9,18 +9,20 @@ Run::Run(HostWindow& hostWindow, const QString& name, QPushButton* stopButton)
     }
     hold = hostWindow.DisableControls(name);
     if (stop != nullptr) {
+        // It may be one of the controls that have been disabled.
         stop->setEnabled(true);
+        stop->setFocus();
     }
 }
 
 Run::~Run() {
-    hold.Release();
-    if (stop == nullptr) {
-        return;
+    const bool stopHadFocus = stop != nullptr && host != nullptr && host->focusWidget() == stop;
+    if (stop != nullptr) {
+        // Before the controls are given back: a page that is refreshed then may find that there is more to be stopped.
+        stop->setEnabled(false);
     }
-    const bool hadFocus = host != nullptr && host->focusWidget() == stop;
-    if (hadFocus && focusedBefore != nullptr && focusedBefore->isEnabled() && focusedBefore->isVisible()) {
+    hold.Release();
+    if (stopHadFocus && focusedBefore != nullptr && focusedBefore->isEnabled() && focusedBefore->isVisible()) {
         focusedBefore->setFocus();
     }
-    stop->setEnabled(false);
 }

@@ -1,5 +1,6 @@
 #include "panels/common/Text.h"
 
+#include <QLocale>
 #include <QTextDocument>
 
 QString FromLibrary(const std::string& text) {
@@ -16,4 +17,9 @@ QString PlainToolTip(const QString& text) {
 
 QString FormatUnits(double value) {
     return QString::number(value, 'f', 5);
+}
+
+QString FormatCount(int count, const QString& noun) {
+    const QString number = QLocale(QLocale::English, QLocale::UnitedStates).toString(count);
+    return count == 1 ? QStringLiteral("1 ") + noun : QStringLiteral("%1 %2s").arg(number, noun);
 }

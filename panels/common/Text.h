@@ -14,3 +14,6 @@ QString PlainToolTip(const QString& text);
 
 /// A value in a unit of measure, in fixed notation with 5 decimals.
 QString FormatUnits(double value);
+
+/// A count with its noun, which is given in the singular: "1 module", "1,200 readings".
+QString FormatCount(int count, const QString& noun);

@@ -1,6 +1,7 @@
 #include "panels/common/TypePanel.h"
 
-#include <QWidget>
+#include <QDialog>
+#include <QPointer>
 
 void TypePanel::SetEnabled(bool enable) {
     for (QWidget* command : Commands()) {
@@ -11,7 +12,21 @@ void TypePanel::SetEnabled(bool enable) {
 void TypePanel::FillAnew() {
     filled = false;
     SetEnabled(false);
+    const QPointer<TypePanel> panel(this);
     Fill();
-    filled = true;
-    SetEnabled(true);
+    // A box that the filling opens may outlive the panel.
+    if (panel != nullptr) {
+        filled = true;
+        SetEnabled(true);
+    }
+}
+
+void TypePanel::closeEvent(QCloseEvent* event) {
+    closed = true;
+    const auto dialogs = findChildren<QDialog*>();
+    for (QDialog* dialog : dialogs) {
+        dialog->done(QDialog::Rejected);
+    }
+    emit Closed();
+    QWidget::closeEvent(event);
 }

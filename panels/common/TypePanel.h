@@ -2,8 +2,10 @@
 
 #include "panels/common/MessageBoxes.h"
 
+#include <QPointer>
 #include <QWidget>
 
+#include <memory>
 #include <vector>
 
 class HostWindow;
@@ -27,7 +29,16 @@ public:
     /// Shows what a read of the module may have changed. Returns false if that failed and a box has been shown.
     virtual bool RefreshFromModule() { return true; }
 
+signals:
+    /// The panel is taken away: its module may be destroyed, and is not called any more.
+    void Closed();
+
 protected:
+    /// Closes the dialogs over the panel.
+    void closeEvent(QCloseEvent* event) override;
+    /// Whether the panel is still there after something that processes events.
+    static bool IsOpen(const QPointer<TypePanel>& panel) { return panel != nullptr && !panel->closed; }
+
     /// Asks the module and shows its answers. Propagates library exceptions.
     virtual void Fill() = 0;
     virtual std::vector<QWidget*> Commands() const = 0;
@@ -39,12 +50,16 @@ protected:
     TavikLibrary::TavikNetwork* network = nullptr;
     const ErrorBox errors;
     bool filled = false;
+
+private:
+    bool closed = false;
 };
 
 /// A panel of the modules of one class.
-template <class Module>
+template <class ModuleClass>
 class TypePanelOf : public TypePanel {
 public:
+    using Module = ModuleClass;
     using TypePanel::TypePanel;
 
     /// Takes the module and fills the panel. Propagates library exceptions; the panel's commands are disabled then.
@@ -59,4 +74,15 @@ public:
 
 protected:
     Module* module = nullptr;
+};
+
+/// The same, with its form, which the panel's constructor sets up.
+template <class Module, class Form>
+class TypePanelWithForm : public TypePanelOf<Module> {
+protected:
+    TypePanelWithForm(QWidget* parent, const QString& boxTitle)
+        : TypePanelOf<Module>(parent, boxTitle), ui(std::make_shared<Form>()) {}
+
+    /// Not a unique_ptr, which would need the form's declaration wherever a panel is deleted.
+    const std::shared_ptr<Form> ui;
 };

@@ -43,8 +43,12 @@ void AllResultsDialog::fillDynamic(TavikServer* server, TavikNetwork* network) {
     TavikLibrary::TavikDynamicData* data = network->Dynamic()->DynamicData();
     const int columns = data->ModuleCount();
     contents.rows = std::max(data->ReadingCount(), 0);
+    const int modules = network->ModuleCount();
     for (int column = 0; column < columns; ++column) {
-        const std::string identity = network->GetModule(static_cast<unsigned int>(column))->Identity();
+        // The list may have become shorter since the collection.
+        const std::string identity = column < modules
+                                         ? network->GetModule(static_cast<unsigned int>(column))->Identity()
+                                         : "Module " + std::to_string(column + 1);
         AddModuleColumn(contents, identity, FetchReadings(*data, column, contents.rows), *server);
     }
     ShowResults(ui->tableResults, std::move(contents));

@@ -1,8 +1,7 @@
 #include "panels/modes/BufferedModeWidget.h"
 
 #include "library/TavikBuffered.h"
-#include "library/TavikModuleDigitalIO.h"
-#include "library/TavikModuleQTA.h"
+#include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
@@ -12,20 +11,17 @@
 #include "panels/modes/AllResultsDialog.h"
 #include "panels/modes/CurrentModuleResultsDialog.h"
 #include "panels/modes/ReadingsFetch.h"
+#include "panels/modes/TriggerMaster.h"
 #include "ui_BufferedModeWidget.h"
 
 #include <QScopeGuard>
-#include <QScopedValueRollback>
 
 #include <initializer_list>
 
 using TavikLibrary::eBufferedMode;
-using TavikLibrary::eModuleType;
 using TavikLibrary::ModuleBuffered;
 using TavikLibrary::NetworkBuffered;
 using TavikLibrary::TavikModule;
-using TavikLibrary::TavikModuleQTA;
-using TavikLibrary::TavikModuleSWAX2;
 
 namespace {
 
@@ -47,30 +43,10 @@ int NearestInterval(const QSpinBox* box, int interval) {
     return static_cast<int>(qBound(qint64{1}, steps, longest) * step);
 }
 
-int CountsPerSampleOf(TavikModule* master) {
-    const eModuleType type = master->ModuleType();
-    if (auto* inputs = dynamic_cast<TavikModuleSWAX2*>(master); inputs && type == eModuleType::SWAX2) {
-        return inputs->TxSample();
-    }
-    if (auto* encoder = dynamic_cast<TavikModuleQTA*>(master); encoder && type == eModuleType::QTA) {
-        return encoder->TxSample();
-    }
-    return 0;
-}
-
-void SetCountsPerSampleOf(TavikModule* master, short counts) {
-    const eModuleType type = master->ModuleType();
-    if (auto* inputs = dynamic_cast<TavikModuleSWAX2*>(master); inputs && type == eModuleType::SWAX2) {
-        inputs->setTxSample(counts);
-    } else if (auto* encoder = dynamic_cast<TavikModuleQTA*>(master); encoder && type == eModuleType::QTA) {
-        encoder->setTxSample(counts);
-    }
-}
-
 } // namespace
 
 BufferedModeWidget::BufferedModeWidget(QWidget* parent)
-    : ModePage(parent, QStringLiteral("Buffered Mode"), QStringLiteral("Error: ")),
+    : SettingsPage(parent, QStringLiteral("Buffered Mode"), QStringLiteral("Error: ")),
       ui(std::make_unique<Ui::BufferedModeWidget>()) {
     ui->setupUi(this);
 }
@@ -78,7 +54,6 @@ BufferedModeWidget::BufferedModeWidget(QWidget* parent)
 BufferedModeWidget::~BufferedModeWidget() = default;
 
 void BufferedModeWidget::Clear() {
-    const QScopedValueRollback<bool> ownChanges(updating, true);
     for (QLineEdit* field :
          {ui->tbModuleID, ui->tbEnabled, ui->tbSubMode, ui->tbIntervalError, ui->tbTTU, ui->tbEnabledModCount}) {
         ShowInField(field, QString());
@@ -87,12 +62,6 @@ void BufferedModeWidget::Clear() {
     ui->sbInterval->setValue(ui->sbInterval->minimum());
     ui->cbMasterAddress->clear();
     ui->sbCountsPerSample->setValue(0);
-}
-
-bool BufferedModeWidget::Fill() {
-    FillMasters();
-    Refresh();
-    return network->IsConnected();
 }
 
 std::vector<QWidget*> BufferedModeWidget::Commands() const {
@@ -106,7 +75,6 @@ void BufferedModeWidget::Leave() {
 }
 
 void BufferedModeWidget::FillMasters() {
-    const QScopedValueRollback<bool> ownChanges(updating, true);
     ui->cbMasterAddress->clear();
     ui->cbMasterAddress->addItem(controllerText);
     const int count = network->ModuleCount();
@@ -118,11 +86,7 @@ void BufferedModeWidget::FillMasters() {
     }
 }
 
-void BufferedModeWidget::Refresh() {
-    if (!network->IsConnected()) {
-        return;
-    }
-    const QScopedValueRollback<bool> ownChanges(updating, true);
+void BufferedModeWidget::Show() {
     ModuleBuffered& buffered = *module->Buffered();
     eBufferedMode mode = buffered.Mode();
     const bool enabled = buffered.Enabled();
@@ -139,7 +103,6 @@ void BufferedModeWidget::ShowModule(eBufferedMode mode, bool enabled) {
     ShowInField(ui->tbModuleID, FromLibrary(module->Identity()));
     ShowInField(ui->tbEnabled, TrueOrFalse(enabled));
     ShowInField(ui->tbSubMode, FromLibrary(TavikLibrary::eBufferedMode_ToString(mode)));
-    shown.mode = mode;
     CheckMode(mode);
     for (QWidget* widget : std::initializer_list<QWidget*>{ui->radioSync, ui->radioSample, ui->btnEnable}) {
         widget->setEnabled(!enabled);
@@ -150,8 +113,8 @@ void BufferedModeWidget::ShowModule(eBufferedMode mode, bool enabled) {
 }
 
 void BufferedModeWidget::ShowInterval(ModuleBuffered& buffered, bool enabled) {
-    shown.interval = NearestInterval(ui->sbInterval, buffered.ReadingInterval());
-    ui->sbInterval->setValue(shown.interval);
+    shownInterval = NearestInterval(ui->sbInterval, buffered.ReadingInterval());
+    ui->sbInterval->setValue(shownInterval);
     ShowInField(ui->tbIntervalError, QString::number(buffered.ReadingIntervalErrorUs()));
     ShowInField(ui->tbTTU, QString::number(buffered.TTUs()));
     for (QWidget* widget : std::initializer_list<QWidget*>{ui->sbInterval, ui->tbIntervalError, ui->tbTTU}) {
@@ -173,16 +136,17 @@ void BufferedModeWidget::ShowNetwork(bool enabled) {
 }
 
 void BufferedModeWidget::ShowMaster(int index, bool enabled) {
-    shown.masterRow = 0;
-    shown.counts = 0;
+    int row = 0;
+    int counts = 0;
     if (index != controllerIndex) {
-        TavikModule* master = network->GetModule(static_cast<unsigned int>(index));
+        TavikModule* listed = TriggerMaster::ModuleAt(*network, index);
         // A module that is not on offer selects nothing.
-        shown.masterRow = ui->cbMasterAddress->findText(FromLibrary(master->Identity()), Qt::MatchExactly);
-        shown.counts = CountsPerSampleOf(master);
+        row = listed == nullptr ? -1 : ui->cbMasterAddress->findText(FromLibrary(listed->Identity()));
+        const auto master = TriggerMaster::Of(listed);
+        counts = master ? master->CountsPerSample() : 0;
     }
-    ui->cbMasterAddress->setCurrentIndex(shown.masterRow);
-    ui->sbCountsPerSample->setValue(shown.counts);
+    ui->cbMasterAddress->setCurrentIndex(row);
+    ui->sbCountsPerSample->setValue(counts);
     ui->cbMasterAddress->setEnabled(!enabled);
     ui->sbCountsPerSample->setEnabled(!enabled && index != controllerIndex);
 }
@@ -192,35 +156,17 @@ void BufferedModeWidget::CheckMode(eBufferedMode mode) {
     Check(ui->radioSample, mode == eBufferedMode::Sample);
 }
 
-void BufferedModeWidget::ShowSettingsAsBefore() {
-    const QScopedValueRollback<bool> ownChanges(updating, true);
-    CheckMode(shown.mode);
-    ui->sbInterval->setValue(shown.interval);
-    ui->cbMasterAddress->setCurrentIndex(shown.masterRow);
-    ui->sbCountsPerSample->setValue(shown.counts);
-}
-
-template <class Calls>
-void BufferedModeWidget::Change(Calls&& calls) {
-    if (updating || !MayAct()) {
-        return;
-    }
-    errors.Try([&] {
-        auto asBefore = qScopeGuard([this] { ShowSettingsAsBefore(); });
-        calls();
-        asBefore.dismiss();
-        RefreshPage();
-    });
-}
-
 void BufferedModeWidget::on_sbInterval_valueChanged(int value) {
     const int interval = NearestInterval(ui->sbInterval, value);
     if (interval != value) {
-        // Comes back here.
+        // setValue() calls this slot again with a valid interval.
         ui->sbInterval->setValue(interval);
-        return;
+    } else if (interval != shownInterval) {
+        Change([&] {
+            module->Buffered()->setReadingInterval(interval);
+            shownInterval = interval;
+        });
     }
-    Change([&] { module->Buffered()->setReadingInterval(interval); });
 }
 
 void BufferedModeWidget::on_btnEnable_clicked() {
@@ -251,18 +197,15 @@ void BufferedModeWidget::on_cbMasterAddress_currentIndexChanged(const QString& t
 
 void BufferedModeWidget::on_sbCountsPerSample_valueChanged(int value) {
     Change([&] {
-        const int master = network->Buffered()->MasterIndex();
-        if (master >= 0) {
-            SetCountsPerSampleOf(network->GetModule(static_cast<unsigned int>(master)), static_cast<short>(value));
+        const int index = network->Buffered()->MasterIndex();
+        if (const auto master = TriggerMaster::Of(TriggerMaster::ModuleAt(*network, index))) {
+            master->SetCountsPerSample(value);
         }
     });
 }
 
 void BufferedModeWidget::on_btnStart_clicked() {
-    if (!MayAct()) {
-        return;
-    }
-    errors.Try([this] {
+    Attempt([this] {
         network->Buffered()->Start();
         // It runs, also if it cannot be shown, and then it must be possible to stop it.
         const auto running = qScopeGuard([this] { BeginRun(); });
@@ -273,22 +216,19 @@ void BufferedModeWidget::on_btnStart_clicked() {
 void BufferedModeWidget::BeginRun() {
     run = std::make_unique<Run>(*mainWindow, QStringLiteral("buffered mode"), ui->btnStop);
     ui->btnSample->setEnabled(ui->radioSample->isChecked());
-    run->activity.ShowSeconds(
-        QStringLiteral("Buffered mode runs, modules enabled: %1").arg(ui->tbEnabledModCount->text()));
+    const QString modules = ui->tbEnabledModCount->text();
+    run->activity.ShowSeconds(QStringLiteral("Buffered mode runs, modules enabled: ") + modules);
+    run->activity.SetOutcome(
+        QStringLiteral("Buffered: %1, ").arg(FormatCount(modules.toInt(), QStringLiteral("module"))) +
+        QStringLiteral("%1 s"));
 }
 
 void BufferedModeWidget::on_btnSample_clicked() {
-    if (!MayAct()) {
-        return;
-    }
-    errors.Try([this] { network->Buffered()->Sample(); });
+    Attempt([this] { network->Buffered()->Sample(); });
 }
 
 void BufferedModeWidget::on_btnStop_clicked() {
-    if (!MayAct()) {
-        return;
-    }
-    errors.Try([this] {
+    Attempt([this] {
         bool stopped = false;
         const auto over = qScopeGuard([&] {
             if (stopped || !StillRuns()) {
@@ -311,21 +251,14 @@ bool BufferedModeWidget::StillRuns() {
 }
 
 void BufferedModeWidget::on_btnCurrentModule_clicked() {
-    if (!MayAct()) {
-        return;
-    }
-    errors.Try([this] {
-        ShowResultsDialog<CurrentModuleResultsDialog>(
-            this, [this](CurrentModuleResultsDialog& dialog) { dialog.fillBuffered(server, module); });
+    Attempt([this] {
+        ShowResultsDialog<CurrentModuleResultsDialog>(this,
+                                                      [this](auto& dialog) { dialog.fillBuffered(server, module); });
     });
 }
 
 void BufferedModeWidget::on_btnAllModules_clicked() {
-    if (!MayAct()) {
-        return;
-    }
-    errors.Try([this] {
-        ShowResultsDialog<AllResultsDialog>(this,
-                                            [this](AllResultsDialog& dialog) { dialog.fillBuffered(server, network); });
+    Attempt([this] {
+        ShowResultsDialog<AllResultsDialog>(this, [this](auto& dialog) { dialog.fillBuffered(server, network); });
     });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panels/common/ModePage.h"
+#include "panels/modes/SettingsPage.h"
 
 #include <memory>
 
@@ -17,7 +17,7 @@ class BufferedModeWidget;
 
 /// The page of buffered mode: how the selected module takes part, what triggers samples, the network's run and its
 /// results.
-class BufferedModeWidget : public ModePage {
+class BufferedModeWidget : public SettingsPage {
     Q_OBJECT
 
 public:
@@ -26,8 +26,8 @@ public:
 
 protected:
     void Clear() override;
-    bool Fill() override;
-    void Refresh() override;
+    void FillMasters() override;
+    void Show() override;
     std::vector<QWidget*> Commands() const override;
 
 private slots:
@@ -45,30 +45,16 @@ private slots:
     void on_cbMasterAddress_currentIndexChanged(const QString& text);
 
 private:
-    /// The settings as the library told them last; they stand again when a change fails.
-    struct Settings {
-        TavikLibrary::eBufferedMode mode{};
-        int interval = 0;
-        int masterRow = 0;
-        int counts = 0;
-    };
-
-    void FillMasters();
     void ShowModule(TavikLibrary::eBufferedMode mode, bool enabled);
     void ShowInterval(TavikLibrary::ModuleBuffered& buffered, bool enabled);
     void ShowNetwork(bool enabled);
     void ShowMaster(int index, bool enabled);
     void CheckMode(TavikLibrary::eBufferedMode mode);
-    void ShowSettingsAsBefore();
-    template <class Calls>
-    void Change(Calls&& calls);
     void Leave() override;
     bool StillRuns();
     void BeginRun();
 
     std::unique_ptr<Ui::BufferedModeWidget> ui;
-    Settings shown;
-    /// Changes of the controls come from the page itself, not from the operator.
-    bool updating = false;
+    int shownInterval = 0;    ///< in microseconds, as the page shows it
     std::unique_ptr<Run> run; ///< while a collection that was started here goes on
 };

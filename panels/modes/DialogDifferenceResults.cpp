@@ -24,16 +24,15 @@ DialogDifferenceResults::DialogDifferenceResults(QWidget* parent)
 DialogDifferenceResults::~DialogDifferenceResults() = default;
 
 void DialogDifferenceResults::fill(TavikLibrary::TavikServer* server, TavikLibrary::TavikNetwork* network) {
-    ui->tableResults->setColumnCount(network->Difference()->Count());
+    const int columns = network->Difference()->Count();
+    ui->tableResults->setColumnCount(columns);
     QStringList identities;
     for (int index = 0; index < network->ModuleCount(); ++index) {
         TavikLibrary::TavikModule* module = network->GetModule(static_cast<unsigned int>(index));
-        if (module->Difference()->Enabled()) {
-            const int column = identities.size();
+        // A module that was enabled after the count has no column.
+        if (module->Difference()->Enabled() && identities.size() < columns) {
             identities.append(FromLibrary(module->Identity()));
-            // As many as were counted, unless one was enabled meanwhile.
-            ui->tableResults->setColumnCount(qMax(ui->tableResults->columnCount(), identities.size()));
-            FillColumn(column, server, module);
+            FillColumn(identities.size() - 1, server, module);
         }
     }
     ui->tableResults->setHorizontalHeaderLabels(identities);

@@ -44,12 +44,20 @@ void DifferenceModeWidget::Clear() {
 }
 
 bool DifferenceModeWidget::Fill() {
-    Refresh();
-    return network->IsConnected();
+    if (!network->IsConnected()) {
+        return false;
+    }
+    ShowModule();
+    return true;
 }
 
 std::vector<QWidget*> DifferenceModeWidget::Commands() const {
     return {ui->btnEnable, ui->btnDisable, ui->btnStartDiff, ui->btnDisplayAllModuleResults};
+}
+
+bool DifferenceModeWidget::IsHeldByOthers() const {
+    // The page's own run leaves the commands to the status: a run that has ended by itself can be followed by another.
+    return CommandsAreHeld() && (run == nullptr || mainWindow->Holders().size() > 1);
 }
 
 void DifferenceModeWidget::Stop() noexcept {
@@ -58,10 +66,18 @@ void DifferenceModeWidget::Stop() noexcept {
     }
 }
 
+void DifferenceModeWidget::Leave() {
+    // Deliberate: the network's run goes on. When the page returns, it offers to stop the run.
+    run.reset();
+}
+
 void DifferenceModeWidget::Refresh() {
-    if (!network->IsConnected()) {
-        return;
+    if (network->IsConnected()) {
+        ShowModule();
     }
+}
+
+void DifferenceModeWidget::ShowModule() {
     ShowInField(ui->tbModuleID, FromLibrary(module->Identity()));
     TavikLibrary::ModuleDifference* difference = module->Difference();
     const bool enabled = difference->Enabled();
@@ -69,21 +85,21 @@ void DifferenceModeWidget::Refresh() {
     if (status == Running) {
         difference->ReadDifference();
     }
-    ui->tbEnabled->setText(enabled ? QStringLiteral("True") : QStringLiteral("False"));
+    ShowInField(ui->tbEnabled, enabled ? QStringLiteral("True") : QStringLiteral("False"));
     ShowValues(difference);
     OfferCommands(enabled, status);
 }
 
 void DifferenceModeWidget::ShowValues(TavikLibrary::ModuleDifference* difference) {
-    ui->tbCountMax->setText(QString::number(difference->MaxCounts()));
-    ui->tbCountMin->setText(QString::number(difference->MinCounts()));
-    ui->tbCountSum->setText(QString::number(difference->SumCounts()));
-    ui->tbCountDiff->setText(QString::number(difference->DiffCounts()));
-    ui->tbUnitMax->setText(FormatUnits(difference->Max()));
-    ui->tbUnitMin->setText(FormatUnits(difference->Min()));
-    ui->tbUnitSum->setText(FormatUnits(difference->Sum()));
-    ui->tbUnitDiff->setText(FormatUnits(difference->Diff()));
-    ui->tbNumReads->setText(QString::number(difference->ReadingCount()));
+    ShowInField(ui->tbCountMax, QString::number(difference->MaxCounts()));
+    ShowInField(ui->tbCountMin, QString::number(difference->MinCounts()));
+    ShowInField(ui->tbCountSum, QString::number(difference->SumCounts()));
+    ShowInField(ui->tbCountDiff, QString::number(difference->DiffCounts()));
+    ShowInField(ui->tbUnitMax, FormatUnits(difference->Max()));
+    ShowInField(ui->tbUnitMin, FormatUnits(difference->Min()));
+    ShowInField(ui->tbUnitSum, FormatUnits(difference->Sum()));
+    ShowInField(ui->tbUnitDiff, FormatUnits(difference->Diff()));
+    ShowInField(ui->tbNumReads, QString::number(difference->ReadingCount()));
     ShowInField(ui->tbErrMsg, FromLibrary(server->GetErrorDescription(difference->Error())));
 }
 
@@ -91,7 +107,7 @@ void DifferenceModeWidget::OfferCommands(bool enabled, int status) {
     const int enabledCount = network->Difference()->Count();
     ui->btnEnable->setEnabled(!enabled && status != Running);
     ui->btnDisable->setEnabled(enabled && status != Running);
-    ui->tbEnabledCount->setText(QString::number(enabledCount));
+    ShowInField(ui->tbEnabledCount, QString::number(enabledCount));
     ui->btnDisplayAllModuleResults->setEnabled(status == Finished);
     ui->btnStartDiff->setEnabled(status != Running && enabledCount >= 1);
     ui->btnStopDiff->setEnabled(IsToBeStopped(status));
@@ -116,6 +132,9 @@ void DifferenceModeWidget::SetModuleEnabled(bool enable) {
 }
 
 void DifferenceModeWidget::on_btnDisplayAllModuleResults_clicked() {
+    if (!MayAct()) {
+        return;
+    }
     errors.Try([this] {
         ModalDialog<DialogDifferenceResults> dialog(this);
         dialog->fill(server, network);
@@ -127,10 +146,13 @@ void DifferenceModeWidget::on_btnStartDiff_clicked() {
     if (!MayAct()) {
         return;
     }
-    run = std::make_unique<Run>(*mainWindow, QStringLiteral("difference mode"), ui->btnStopDiff);
+    if (run == nullptr) {
+        run = std::make_unique<Run>(*mainWindow, QStringLiteral("difference mode"), ui->btnStopDiff);
+    }
     errors.Try([this] {
         network->Difference()->Start();
         RefreshPage();
+        // A run that is started while the one before it is still being watched is watched by the same loop.
         if (!watching) {
             WatchRun();
         }
@@ -144,9 +166,8 @@ void DifferenceModeWidget::WatchRun() {
     constexpr unsigned int pauseMicroseconds = 200000;
     watching = true;
     const auto notWatching = qScopeGuard([this] { watching = false; });
-    const TavikLibrary::TavikModule* watched = module;
-    // Processing events may end the run, begin another or take the module away.
-    while (run != nullptr && run->MayGoOn() && module == watched) {
+    // Processing events may end the run, begin another or take the module away, which ends the run, too.
+    while (run != nullptr && run->MayGoOn()) {
         if (!module->Difference()->Enabled() || network->Difference()->Status() != Running) {
             break;
         }
@@ -157,8 +178,13 @@ void DifferenceModeWidget::WatchRun() {
         SleepMicroseconds(pauseMicroseconds);
         QCoreApplication::processEvents();
     }
-    const bool toldToStop = run != nullptr && !run->MayGoOn();
-    if (!toldToStop && MayAct() && module == watched) {
+    if (!MayAct()) {
+        return;
+    }
+    if (run == nullptr) {
+        // Stop has refreshed the page, and has shown the error if that failed.
+        IgnoreErrors([this] { RefreshPage(); });
+    } else if (run->MayGoOn()) {
         RefreshPage();
     }
 }
@@ -171,7 +197,7 @@ void DifferenceModeWidget::SettleAfterWatching() {
     const int status = StatusOrIdle();
     ui->btnStopDiff->setEnabled(IsToBeStopped(status));
     if (!IsToBeStopped(status)) {
-        run.reset();
+        EndRun(status == Finished);
         return;
     }
     run->activity.Show(status == Running
@@ -186,13 +212,26 @@ int DifferenceModeWidget::StatusOrIdle() {
 }
 
 void DifferenceModeWidget::on_btnStopDiff_clicked() {
+    if (!MayAct()) {
+        return;
+    }
     bool stopped = false;
     errors.Try([&] {
         network->Difference()->Stop();
         stopped = true;
         RefreshPage();
     });
-    if (stopped || !IsToBeStopped(StatusOrIdle())) {
-        run.reset();
+    if (run != nullptr && (stopped || !IsToBeStopped(StatusOrIdle()))) {
+        EndRun(stopped);
     }
+}
+
+void DifferenceModeWidget::EndRun(bool withResults) {
+    if (withResults) {
+        const QString modules = ui->tbEnabledCount->text();
+        run->activity.SetOutcome(
+            QStringLiteral("Difference: ") + modules +
+            (modules == QLatin1String("1") ? QStringLiteral(" module, %1 s") : QStringLiteral(" modules, %1 s")));
+    }
+    run.reset();
 }

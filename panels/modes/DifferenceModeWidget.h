@@ -30,6 +30,8 @@ protected:
     bool Fill() override;
     void Refresh() override;
     std::vector<QWidget*> Commands() const override;
+    bool IsHeldByOthers() const override;
+    void Leave() override;
 
 private slots:
     void on_btnEnable_clicked();
@@ -40,14 +42,17 @@ private slots:
 
 private:
     void SetModuleEnabled(bool enable);
+    void ShowModule();
     void ShowValues(TavikLibrary::ModuleDifference* difference);
     void OfferCommands(bool enabled, int status);
-    /// Shows how the run goes until it is over, or the module takes no part any more, or the page is to stop.
+    /// Shows the progress of the run until it is over, the module takes no part any more, or the page is to stop.
     void WatchRun();
-    /// Leaves the page as what became of the run asks for: as long as it is to be stopped, only that is offered.
+    /// Gives the controls back, unless the run is still to be stopped.
     void SettleAfterWatching();
-    /// What the network says of its run; idle when it cannot say.
+    /// The status of the network's run; idle if asking for it fails.
     int StatusOrIdle();
+    /// Gives the controls back and, for a run with results, shows its line in the status bar.
+    void EndRun(bool withResults);
 
     std::unique_ptr<Ui::DifferenceModeWidget> ui;
     std::unique_ptr<Run> run; ///< from Start to the end of the run

@@ -6,16 +6,18 @@
 #include "library/TavikServer.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
+#include "panels/common/IgnoreErrors.h"
 #include "panels/common/Run.h"
 #include "panels/common/Text.h"
 #include "panels/modes/AllResultsDialog.h"
 #include "panels/modes/CurrentModuleResultsDialog.h"
-#include "panels/modes/DynamicMaster.h"
 #include "panels/modes/ReadingsFetch.h"
+#include "panels/modes/TriggerMaster.h"
 #include "ui_DynamicWidget.h"
 
-#include <QScopedValueRollback>
+#include <QScopeGuard>
 
+#include <algorithm>
 #include <initializer_list>
 #include <mutex>
 
@@ -32,11 +34,17 @@ DynamicWidget* instance = nullptr;
 } // namespace
 
 DynamicWidget::DynamicWidget(QWidget* parent)
-    : ModePage(parent, QStringLiteral("Dynamic Mode"), QString()), ui(std::make_unique<Ui::DynamicWidget>()) {
+    : SettingsPage(parent, QStringLiteral("Dynamic Mode"), QString()), ui(std::make_unique<Ui::DynamicWidget>()) {
     ui->setupUi(this);
     for (ChoiceList* list : {ui->listRate, ui->listDynamicMasterMode}) {
         FitToRows(list);
         list->setMaximumHeight(list->minimumHeight());
+    }
+    // Their style sheet makes the background white in every palette.
+    for (QLabel* label : {ui->lblRate, ui->lblDynamicMasterMode, ui->lblNetEnabled, ui->lblStatus, ui->lblError}) {
+        QPalette blackText;
+        blackText.setColor(QPalette::WindowText, Qt::black);
+        label->setPalette(blackText);
     }
     const std::lock_guard lock(instanceMutex);
     instance = this;
@@ -50,9 +58,8 @@ DynamicWidget::~DynamicWidget() {
 }
 
 void DynamicWidget::Clear() {
-    const QScopedValueRollback<bool> guard(updating, true);
     for (QLabel* label : {ui->lblRate, ui->lblDynamicMasterMode, ui->lblNetEnabled, ui->lblStatus, ui->lblError}) {
-        label->clear();
+        ShowInField(label, QString());
     }
     for (QSpinBox* box : std::initializer_list<QSpinBox*>{ui->sbInterval, ui->sbNumSyncs, ui->sbCountsPerSync,
                                                           ui->sbHoldOffCounts, ui->sbModulesInCollection}) {
@@ -66,13 +73,6 @@ void DynamicWidget::Clear() {
     Check(ui->radioSyncExternal, false);
     ui->btnStop->setEnabled(false);
     dynamic = nullptr;
-}
-
-bool DynamicWidget::Fill() {
-    dynamic = network->Dynamic();
-    FillMasters();
-    Refresh();
-    return network->IsConnected();
 }
 
 std::vector<QWidget*> DynamicWidget::Commands() const {
@@ -98,39 +98,26 @@ void DynamicWidget::Leave() {
     run.reset();
 }
 
-bool DynamicWidget::IsReady() const {
-    return !updating && MayAct();
-}
-
-void DynamicWidget::Attempt(const std::function<void()>& work) {
-    if (IsReady()) {
-        errors.Try(work);
-    }
-}
-
-void DynamicWidget::Do(const std::function<void()>& work) {
-    Attempt([&] {
-        work();
-        RefreshPage();
-    });
+std::optional<TriggerMaster> DynamicWidget::Master() {
+    return TriggerMaster::Of(TriggerMaster::ModuleAt(*network, dynamic->MasterIndex()));
 }
 
 // The settings
 
 void DynamicWidget::on_listRate_currentRowChanged(int currentRow) {
-    Do([&] { dynamic->setDynamicRate(static_cast<eDynamicRate>(currentRow)); });
+    Change([&] { dynamic->setDynamicRate(static_cast<eDynamicRate>(currentRow)); });
 }
 
 void DynamicWidget::on_sbNumSyncs_valueChanged(int value) {
-    Do([&] { dynamic->setCollectionSize(value); });
+    Change([&] { dynamic->setCollectionSize(value); });
 }
 
 void DynamicWidget::on_radioSyncNormal_clicked(bool) {
-    Do([this] { dynamic->setDynamicMode(eDynamicMode::Normal); });
+    Change([this] { dynamic->setDynamicMode(eDynamicMode::Normal); });
 }
 
 void DynamicWidget::on_radioSyncExternal_clicked(bool) {
-    Do([this] {
+    Change([this] {
         const QString master = ui->cbExternalMaster->currentText();
         if (master.isEmpty()) {
             return;
@@ -145,7 +132,7 @@ void DynamicWidget::on_radioSyncExternal_clicked(bool) {
 }
 
 void DynamicWidget::on_cbExternalMaster_currentIndexChanged(int) {
-    Do([this] {
+    Change([this] {
         const QString master = ui->cbExternalMaster->currentText();
         if (!master.isEmpty()) {
             dynamic->setMasterIndex(network->GetModuleIndexByID(ToLibrary(master)));
@@ -154,9 +141,9 @@ void DynamicWidget::on_cbExternalMaster_currentIndexChanged(int) {
 }
 
 void DynamicWidget::on_listDynamicMasterMode_currentRowChanged(int currentRow) {
-    Do([&] {
-        const auto mode = DynamicMaster::ModeOfRow(currentRow);
-        const auto master = DynamicMaster::Of(*network);
+    Change([&] {
+        const auto mode = TriggerMaster::ModeOfRow(currentRow);
+        const auto master = Master();
         if (mode && master) {
             master->SetMode(*mode);
         }
@@ -164,23 +151,23 @@ void DynamicWidget::on_listDynamicMasterMode_currentRowChanged(int currentRow) {
 }
 
 void DynamicWidget::on_sbCountsPerSync_valueChanged(int value) {
-    Do([&] {
-        if (const auto master = DynamicMaster::Of(*network)) {
+    Change([&] {
+        if (const auto master = Master()) {
             master->SetCountsPerSync(value);
         }
     });
 }
 
 void DynamicWidget::on_sbHoldOffCounts_valueChanged(int value) {
-    Do([&] {
-        if (const auto master = DynamicMaster::Of(*network)) {
+    Change([&] {
+        if (const auto master = Master()) {
             master->SetHoldOffCounts(value);
         }
     });
 }
 
 void DynamicWidget::on_sbModulesInCollection_valueChanged(int value) {
-    Do([&] {
+    Change([&] {
         // An external master is not collected.
         const int masters = dynamic->DynamicMode() == eDynamicMode::External ? 1 : 0;
         const int limit = network->ModuleCount() - masters;
@@ -189,13 +176,20 @@ void DynamicWidget::on_sbModulesInCollection_valueChanged(int value) {
 }
 
 void DynamicWidget::on_sbInterval_editingFinished() {
-    Do([this] { dynamic->setDynamicInterval(ui->sbInterval->value()); });
+    // Also Return and the loss of the focus end an entry, though nothing was typed.
+    const int interval = ui->sbInterval->value();
+    if (interval != shownInterval) {
+        Change([&] {
+            dynamic->setDynamicInterval(interval);
+            shownInterval = interval;
+        });
+    }
 }
 
 // The commands
 
 void DynamicWidget::on_btnEnable_clicked() {
-    Do([this] {
+    Change([this] {
         const int interval = ui->sbInterval->value();
         const int minimum = dynamic->MinimumInterval();
         if (interval != 0 && interval < minimum) {
@@ -207,24 +201,56 @@ void DynamicWidget::on_btnEnable_clicked() {
 }
 
 void DynamicWidget::on_btnDisable_clicked() {
-    Do([this] { dynamic->setEnabled(false); });
+    Change([this] { dynamic->setEnabled(false); });
 }
 
 void DynamicWidget::on_btnPrepare_clicked() {
-    Do([this] { dynamic->Prepare(); });
+    Change([this] { dynamic->Prepare(); });
 }
 
 void DynamicWidget::on_btnStart_clicked() {
-    Do([this] {
+    Change([this] {
+        // Some of the networks may have started all the same, and can be stopped then.
+        auto showWhatRuns = qScopeGuard([this] { IgnoreErrors([this] { RefreshPage(); }); });
         server->StartAllDynamic(&DynamicWidget::TellOfCollectionEnd);
-        // Whatever else fails now: what runs can be stopped.
-        run = std::make_unique<Run>(*mainWindow, QStringLiteral("dynamic mode"), ui->btnStop);
-        run->activity.ShowSeconds(QStringLiteral("Dynamic collection running"));
+        showWhatRuns.dismiss();
+        BeginRun();
     });
 }
 
+void DynamicWidget::BeginRun() {
+    const QString modules = FormatCount(ui->sbModulesInCollection->value(), QStringLiteral("module"));
+    const int syncs = ui->sbNumSyncs->value();
+    run = std::make_unique<Run>(*mainWindow, QStringLiteral("dynamic mode"), ui->btnStop);
+    run->activity.ShowSeconds(
+        QStringLiteral("Dynamic collection running, %1, %2")
+            .arg(modules, syncs == 0 ? QStringLiteral("continuous") : FormatCount(syncs, QStringLiteral("sync"))));
+    run->activity.SetOutcome(QStringLiteral("Dynamic: %1, ").arg(modules) + QStringLiteral("%1 s"));
+}
+
 void DynamicWidget::on_btnStop_clicked() {
-    Do([this] { server->StopAllDynamic(); });
+    Attempt([this] {
+        auto overUnlessRunning = qScopeGuard([this] {
+            if (!StillRuns()) {
+                run.reset();
+            }
+        });
+        server->StopAllDynamic();
+        overUnlessRunning.dismiss();
+        RefreshPage();
+    });
+}
+
+/// Whether the library will still report an end, after stopping has failed.
+bool DynamicWidget::StillRuns() {
+    bool runs = false;
+    IgnoreErrors([&] {
+        if (network->IsConnected()) {
+            const eDynamicState state = dynamic->DynamicState();
+            runs = state == eDynamicState::Running || state == eDynamicState::Stopping;
+        }
+    });
+    return runs;
 }
 
 void DynamicWidget::TellOfCollectionEnd() {
@@ -239,12 +265,8 @@ void DynamicWidget::CollectionEnded() {
         return;
     }
     errors.Try([this] { server->StopAllDynamic(); });
-    if (mainWindow->IsClosing()) {
-        return;
-    }
     run.reset();
-    ui->btnStop->setEnabled(false);
-    Do([] {});
+    Attempt([this] { RefreshPage(); });
 }
 
 // The results
@@ -269,7 +291,7 @@ void DynamicWidget::on_btnAllResults_clicked() {
 // What is shown
 
 void DynamicWidget::FillMasters() {
-    const QScopedValueRollback<bool> guard(updating, true);
+    dynamic = network->Dynamic();
     ui->cbExternalMaster->clear();
     for (int index = 0; index < network->ModuleCount(); ++index) {
         TavikLibrary::TavikModule* candidate = network->GetModule(static_cast<unsigned int>(index));
@@ -280,10 +302,13 @@ void DynamicWidget::FillMasters() {
 }
 
 void DynamicWidget::Refresh() {
-    if (mainWindow->IsClosing() || !network->IsConnected()) {
-        return;
+    if (!ShowAnswers()) {
+        // The library may never report the end of a collection on a network that is lost.
+        run.reset();
     }
-    const QScopedValueRollback<bool> guard(updating, true);
+}
+
+void DynamicWidget::Show() {
     const eDynamicState state = dynamic->DynamicState();
     const bool enabled = dynamic->Enabled();
     ShowSettings(enabled);
@@ -294,10 +319,11 @@ void DynamicWidget::Refresh() {
 
 void DynamicWidget::ShowSettings(bool enabled) {
     const eDynamicRate rate = dynamic->DynamicRate();
-    ui->lblRate->setText(FromLibrary(TavikLibrary::eDynamicRate_ToString(rate)));
+    ShowInField(ui->lblRate, FromLibrary(TavikLibrary::eDynamicRate_ToString(rate)));
     ui->listRate->setCurrentRow(static_cast<int>(rate));
     ui->listRate->setEnabled(!enabled);
     ui->sbInterval->setValue(dynamic->DynamicInterval());
+    shownInterval = ui->sbInterval->value();
     ui->sbInterval->setEnabled(!enabled && rate == eDynamicRate::Dynamic2Custom);
     ui->sbNumSyncs->setValue(dynamic->CollectionSize());
     ui->sbNumSyncs->setEnabled(!enabled);
@@ -305,7 +331,7 @@ void DynamicWidget::ShowSettings(bool enabled) {
 
 void DynamicWidget::ShowSyncMode(bool enabled) {
     const bool wantsMaster = dynamic->DynamicMode() == eDynamicMode::External;
-    const auto master = wantsMaster ? DynamicMaster::Of(*network) : std::nullopt;
+    const auto master = wantsMaster ? Master() : std::nullopt;
     if (wantsMaster && !master) {
         dynamic->setDynamicMode(eDynamicMode::Normal);
     }
@@ -320,18 +346,18 @@ void DynamicWidget::ShowSyncMode(bool enabled) {
         ShowMaster(*master);
         return;
     }
-    ui->lblDynamicMasterMode->setText(QStringLiteral("NotMaster"));
+    ShowInField(ui->lblDynamicMasterMode, QStringLiteral("NotMaster"));
     if (ui->cbExternalMaster->currentIndex() < 0) {
         // The master that external mode would begin with.
         ui->cbExternalMaster->setCurrentIndex(0);
     }
 }
 
-void DynamicWidget::ShowMaster(const DynamicMaster& master) {
+void DynamicWidget::ShowMaster(const TriggerMaster& master) {
     ui->cbExternalMaster->setCurrentIndex(ui->cbExternalMaster->findText(FromLibrary(master.Identity())));
     const auto mode = master.Mode();
-    ui->lblDynamicMasterMode->setText(FromLibrary(TavikLibrary::eDynamicMasterMode_ToString(mode)));
-    ui->listDynamicMasterMode->setCurrentRow(DynamicMaster::RowOf(mode));
+    ShowInField(ui->lblDynamicMasterMode, FromLibrary(TavikLibrary::eDynamicMasterMode_ToString(mode)));
+    ui->listDynamicMasterMode->setCurrentRow(TriggerMaster::RowOf(mode));
     ui->sbCountsPerSync->setValue(master.CountsPerSync());
     ui->sbHoldOffCounts->setValue(master.HoldOffCounts());
 }
@@ -341,7 +367,8 @@ void DynamicWidget::ShowModules(bool enabled) {
     ui->sbModulesInCollection->setValue(modules);
     ui->sbModulesInCollection->setEnabled(!enabled);
     ui->listDynamicModules->clear();
-    for (int index = 0; index < modules; ++index) {
+    const int listed = std::min(modules, network->ModuleCount());
+    for (int index = 0; index < listed; ++index) {
         ui->listDynamicModules->addItem(FromLibrary(network->GetModule(static_cast<unsigned int>(index))->Identity()));
     }
 }
@@ -350,9 +377,9 @@ void DynamicWidget::ShowState(eDynamicState state, bool enabled) {
     const bool hasResults = state == eDynamicState::ResultsAvailable;
     ui->btnModuleResults->setEnabled(hasResults);
     ui->btnAllResults->setEnabled(hasResults);
-    ui->lblNetEnabled->setText(enabled ? QStringLiteral("True") : QStringLiteral("False"));
-    ui->lblStatus->setText(FromLibrary(TavikLibrary::eDynamicState_ToString(state)));
-    ui->lblError->setText(FromLibrary(server->GetErrorDescription(dynamic->DynamicData()->CollectionStatus())));
+    ShowInField(ui->lblNetEnabled, enabled ? QStringLiteral("True") : QStringLiteral("False"));
+    ShowInField(ui->lblStatus, FromLibrary(TavikLibrary::eDynamicState_ToString(state)));
+    ShowInField(ui->lblError, FromLibrary(server->GetErrorDescription(dynamic->DynamicData()->CollectionStatus())));
     ui->btnEnable->setEnabled(!enabled);
     ui->btnDisable->setEnabled(enabled && state != eDynamicState::Running && state != eDynamicState::Stopping);
     ui->btnPrepare->setEnabled(enabled && (state == eDynamicState::Idle || hasResults));

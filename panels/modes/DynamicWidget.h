@@ -1,12 +1,12 @@
 #pragma once
 
-#include "panels/common/ModePage.h"
+#include "panels/modes/SettingsPage.h"
 
-#include <functional>
 #include <memory>
+#include <optional>
 
-class DynamicMaster;
 class Run;
+class TriggerMaster;
 namespace TavikLibrary {
 class TavikDynamic;
 enum class eDynamicState : int;
@@ -18,7 +18,7 @@ class DynamicWidget;
 
 /// The page of dynamic mode: the network's settings, its state, and the collections of all networks, which the
 /// library ends by itself, too. There is one such page in a program.
-class DynamicWidget : public ModePage {
+class DynamicWidget : public SettingsPage {
     Q_OBJECT
 
 public:
@@ -27,8 +27,9 @@ public:
 
 protected:
     void Clear() override;
-    bool Fill() override;
+    void FillMasters() override;
     void Refresh() override;
+    void Show() override;
     std::vector<QWidget*> Commands() const override;
 
 private slots:
@@ -55,22 +56,18 @@ private:
     static void TellOfCollectionEnd();
     void CollectionEnded();
 
-    /// Whether the library may be asked and told things now.
-    bool IsReady() const;
-    /// Does a slot's work; a failure becomes a box. Nothing happens while the page is being filled.
-    void Attempt(const std::function<void()>& work);
-    /// The same, and shows what became of it.
-    void Do(const std::function<void()>& work);
     void Leave() override;
-    void FillMasters();
+    std::optional<TriggerMaster> Master();
+    void BeginRun();
+    bool StillRuns();
     void ShowSettings(bool enabled);
     void ShowSyncMode(bool enabled);
-    void ShowMaster(const DynamicMaster& master);
+    void ShowMaster(const TriggerMaster& master);
     void ShowModules(bool enabled);
     void ShowState(TavikLibrary::eDynamicState state, bool enabled);
 
     std::unique_ptr<Ui::DynamicWidget> ui;
     TavikLibrary::TavikDynamic* dynamic = nullptr;
     std::unique_ptr<Run> run; ///< from Start to the end of the collection
-    bool updating = false;
+    int shownInterval = 0;    ///< in microseconds, as the page shows it
 };

@@ -3,11 +3,11 @@
 #include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikServer.h"
+#include "panels/common/BlockingOperation.h"
 #include "panels/common/Fields.h"
 #include "panels/common/MessageBoxes.h"
 #include "panels/common/TableCopy.h"
 #include "panels/common/Wait.h"
-#include "panels/common/WaitCursor.h"
 #include "ui_ReadBurstWidget.h"
 
 #include <chrono>
@@ -86,13 +86,22 @@ void ReadBurstWidget::on_btnReadInCounts_clicked() {
 }
 
 void ReadBurstWidget::readBurst(bool inUnits) {
+    if (!MayAct()) {
+        return;
+    }
     ui->tableReadings->setRowCount(0);
     errors.Try([&] {
         int count = 0;
         ReadOnce(count);
         ui->tableReadings->setRowCount(count);
+        const int listed = network->ModuleCount();
         for (int row = 0; row < count; ++row) {
-            ShowModule(row, network->GetModule(static_cast<unsigned int>(row)), inUnits);
+            if (row < listed) {
+                ShowModule(row, network->GetModule(static_cast<unsigned int>(row)), inUnits);
+            } else {
+                // The list has shrunk since the burst.
+                ShowCell(row, IdentityColumn, QStringLiteral("Module %1").arg(row + 1));
+            }
         }
     });
 }
@@ -105,19 +114,26 @@ void ReadBurstWidget::ReadOnce(int& count) {
 }
 
 void ReadBurstWidget::ShowModule(int row, TavikLibrary::TavikModule* module, bool inUnits) {
-    const auto show = [&](Column column, const QString& text) {
-        ui->tableReadings->setItem(row, column, new QTableWidgetItem(text));
-    };
-    show(IdentityColumn, FromLibrary(module->Identity()));
+    ShowCell(row, IdentityColumn, FromLibrary(module->Identity()));
     const int code = module->LastResultCode();
-    show(StatusColumn, FromLibrary(server->GetErrorDescription(code)));
+    ShowCell(row, StatusColumn, FromLibrary(server->GetErrorDescription(code)));
     if (HasReading(code)) {
         // Counts have the decimals of units, so that both are read in the same way.
-        show(ReadingColumn, FormatUnits(inUnits ? module->LastReadingInUnits() : module->LastReadingInCounts()));
+        ShowCell(row, ReadingColumn,
+                 FormatUnits(inUnits ? module->LastReadingInUnits() : module->LastReadingInCounts()));
     }
 }
 
+void ReadBurstWidget::ShowCell(int row, int column, const QString& text) {
+    auto* item = new QTableWidgetItem(text);
+    item->setToolTip(PlainToolTip(text));
+    ui->tableReadings->setItem(row, column, item);
+}
+
 void ReadBurstWidget::on_btnTimeReadings_clicked() {
+    if (!MayAct()) {
+        return;
+    }
     int bursts = 0;
     int count = 0;
     ErrorBox(this, QStringLiteral("Readburst Error")).Try([&] { CountBursts(bursts, count); });
@@ -126,7 +142,7 @@ void ReadBurstWidget::on_btnTimeReadings_clicked() {
 
 void ReadBurstWidget::CountBursts(int& bursts, int& count) {
     using Clock = std::chrono::system_clock;
-    const WaitCursor waitCursor;
+    const BlockingOperation blocking(mainWindow, QStringLiteral("Timing read bursts for %1 s...").arg(timedSeconds));
     SleepMicroseconds(500);
     const Clock::time_point deadline = Clock::now() + std::chrono::seconds(timedSeconds);
     while (Clock::now() < deadline) {

@@ -36,6 +36,7 @@ private:
     /// Reads one burst; a result code other than success becomes an exception. The count is that of the modules read,
     /// and stays as it is when the burst fails.
     void ReadOnce(int& count);
+    void ShowCell(int row, int column, const QString& text);
     void ShowModule(int row, TavikLibrary::TavikModule* module, bool inUnits);
     /// Counts bursts and the modules of the last one, as far as a failure lets it get.
     void CountBursts(int& bursts, int& count);

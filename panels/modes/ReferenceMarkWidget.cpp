@@ -10,11 +10,14 @@
 #include <QCoreApplication>
 #include <QScopeGuard>
 
+#include <utility>
+
 using TavikLibrary::eReferenceMarkMode;
+using TavikLibrary::TavikModuleRN;
 
 namespace {
 
-/// Of the recall value.
+/// Decimals of the recall value.
 constexpr int decimalsOfCounts = 0;
 constexpr int decimalsOfUnits = 6;
 
@@ -30,18 +33,15 @@ ReferenceMarkWidget::~ReferenceMarkWidget() = default;
 
 void ReferenceMarkWidget::Clear() {
     ShowInField(ui->tbRefMarkModuleID, QString());
+    ShowInField(ui->tbRefMarkReading, QString());
     ui->btnStop->setEnabled(false);
 }
 
 bool ReferenceMarkWidget::Fill() {
-    encoder = static_cast<TavikLibrary::TavikModuleRN*>(module);
-    const QString identity = FromLibrary(encoder->Identity());
-    if (identity != shownIdentity) {
-        // A reading must not be taken for another module's.
-        ui->tbRefMarkReading->clear();
-    }
-    shownIdentity = identity;
+    const QString identity = FromLibrary(module->Identity());
     ShowInField(ui->tbRefMarkModuleID, identity);
+    // A reading must not be taken for another module's.
+    ShowInField(ui->tbRefMarkReading, identity == moduleOfReading ? reading : QString());
     ui->btnFind->setEnabled(true);
     Refresh();
     return true;
@@ -56,15 +56,9 @@ std::vector<QWidget*> ReferenceMarkWidget::Commands() const {
 }
 
 void ReferenceMarkWidget::Stop() noexcept {
-    if (run != nullptr) {
-        run->RequestStop();
-        IgnoreErrors([this] { encoder->StopRefMark(); });
+    if (TavikModuleRN* left = std::exchange(searched, nullptr)) {
+        IgnoreErrors([left] { left->StopRefMark(); });
     }
-}
-
-void ReferenceMarkWidget::Leave() {
-    Stop();
-    encoder = nullptr;
 }
 
 void ReferenceMarkWidget::on_radioLearn_clicked(bool) {
@@ -88,14 +82,18 @@ void ReferenceMarkWidget::on_btnFind_clicked() {
         return;
     }
     run = std::make_unique<Run>(*mainWindow, QStringLiteral("reference mark search"), ui->btnStop);
-    const auto over = qScopeGuard([this] { run.reset(); });
-    ui->tbRefMarkReading->clear();
+    const auto over = qScopeGuard([this] {
+        searched = nullptr;
+        run.reset();
+    });
+    ShowInField(ui->tbRefMarkReading, QString());
+    moduleOfReading.clear();
     errors.Try([this] { Search(); });
 }
 
 void ReferenceMarkWidget::on_btnStop_clicked() {
     if (MayAct()) {
-        errors.Try([this] { encoder->StopRefMark(); });
+        errors.Try([this] { static_cast<TavikModuleRN*>(module)->StopRefMark(); });
     }
 }
 
@@ -103,26 +101,33 @@ void ReferenceMarkWidget::Search() {
     const bool learning = ui->radioLearn->isChecked();
     const bool inCounts = ui->radioCounts->isChecked();
     const eReferenceMarkMode mode = learning ? eReferenceMarkMode::Learn : eReferenceMarkMode::Recall;
-    const double recallValue = ui->sbRecallValue->Exact();
+    const double recallValue = ui->sbRecallValue->value();
+    searched = static_cast<TavikModuleRN*>(module);
     if (inCounts) {
-        encoder->FindRefMark_Counts(mode, static_cast<int>(recallValue));
+        searched->FindRefMark_Counts(mode, static_cast<int>(recallValue));
     } else {
-        encoder->FindRefMark_Units(mode, recallValue);
+        searched->FindRefMark_Units(mode, recallValue);
     }
-    if (WaitForEnd() && encoder->RefmarkFound()) {
-        ShowReading(inCounts ? encoder->ReadInCountsAtRefmark() : encoder->ReadInUnitsAtRefmark(), learning);
+    if (!WaitForEnd()) {
+        return;
     }
+    const bool found = searched->RefmarkFound();
+    if (found) {
+        ShowReading(inCounts ? searched->ReadInCountsAtRefmark() : searched->ReadInUnitsAtRefmark(), learning);
+    }
+    run->activity.SetOutcome(found ? QStringLiteral("Reference mark found, %1 s")
+                                   : QStringLiteral("Reference mark not found, %1 s"));
 }
 
 bool ReferenceMarkWidget::WaitForEnd() {
     constexpr unsigned int pauseMicroseconds = 50000;
     const QString activity =
         QStringLiteral("Searching for the reference mark of module %1: %2 s so far").arg(ui->tbRefMarkModuleID->text());
-    while (encoder->RefmarkInProgress()) {
+    while (searched->RefmarkInProgress()) {
         run->activity.Show(activity.arg(run->activity.Milliseconds() / 1000));
         SleepMicroseconds(pauseMicroseconds);
         QCoreApplication::processEvents();
-        if (!run->MayGoOn()) {
+        if (searched == nullptr) {
             return false;
         }
     }
@@ -130,7 +135,9 @@ bool ReferenceMarkWidget::WaitForEnd() {
 }
 
 void ReferenceMarkWidget::ShowReading(double value, bool learning) {
-    ui->tbRefMarkReading->setText(FormatUnits(value));
+    reading = FormatUnits(value);
+    moduleOfReading = ui->tbRefMarkModuleID->text();
+    ShowInField(ui->tbRefMarkReading, reading);
     if (learning) {
         ui->sbRecallValue->ShowExact(value);
     }

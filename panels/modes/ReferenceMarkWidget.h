@@ -22,7 +22,7 @@ class ReferenceMarkWidget : public ModePage {
 public:
     explicit ReferenceMarkWidget(QWidget* parent = nullptr);
     ~ReferenceMarkWidget() override;
-    /// Ends a search, if one is on, whether the module can be told or not.
+    /// Stops a search in the encoder and ends the waiting for it, even if the encoder fails to be stopped.
     void Stop() noexcept override;
 
 protected:
@@ -40,14 +40,15 @@ private slots:
     void on_radioUnits_clicked(bool checked);
 
 private:
-    void Leave() override;
+    void Leave() override { Stop(); }
     void Search();
-    /// Whether the library came to an end of the search, and not the page.
+    /// Returns false if the page was left or the window closed before the search ended.
     bool WaitForEnd();
     void ShowReading(double value, bool learning);
 
     std::unique_ptr<Ui::ReferenceMarkWidget> ui;
-    TavikLibrary::TavikModuleRN* encoder = nullptr;
-    std::unique_ptr<Run> run; ///< while a search goes on
-    QString shownIdentity;
+    TavikLibrary::TavikModuleRN* searched = nullptr; ///< until the search has ended or is left
+    std::unique_ptr<Run> run;                        ///< while a search goes on
+    QString reading;
+    QString moduleOfReading; ///< its identity
 };

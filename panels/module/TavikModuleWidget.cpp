@@ -10,13 +10,13 @@
 #include "library/TavikModuleRLK.h"
 #include "library/TavikModuleRN.h"
 #include "panels/airgauge/ModulePNXWidget.h"
+#include "panels/common/BlockingOperation.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
 #include "panels/common/Run.h"
 #include "panels/common/Wait.h"
-#include "panels/common/WaitCursor.h"
 #include "panels/types/ModuleBWKWidget.h"
 #include "panels/types/ModuleBWRWidget.h"
 #include "panels/types/ModuleBWWidget.h"
@@ -31,6 +31,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 #include <QScopeGuard>
 
 #include <chrono>
@@ -64,9 +65,15 @@ TavikModuleWidget::~TavikModuleWidget() = default;
 
 void TavikModuleWidget::Clear() {
     CloseTypePanels();
+    ClearInformation();
+    for (QLineEdit* field : {ui->tbReading, ui->tbStatus, ui->tbErrorCode, ui->tbErrorText}) {
+        ShowInField(field, QString());
+    }
+}
+
+void TavikModuleWidget::ClearInformation() {
     for (QLineEdit* field : {ui->tbTavikIdentity, ui->tbModuleType, ui->tbDeviceType, ui->tbSoftwareVersion,
-                             ui->tbProbeID, ui->tbRange, ui->tbOffset, ui->tbStroke, ui->tbCPUOM, ui->tbUOM,
-                             ui->tbReading, ui->tbStatus, ui->tbErrorCode, ui->tbErrorText}) {
+                             ui->tbProbeID, ui->tbRange, ui->tbOffset, ui->tbStroke, ui->tbCPUOM, ui->tbUOM}) {
         ShowInField(field, QString());
     }
     for (QLabel* label :
@@ -81,14 +88,18 @@ bool TavikModuleWidget::Fill() {
     ShowIdentity();
     ShowProbeIdentity();
     ShowCapabilities();
+    const TavikLibrary::TavikModule* filledWith = module;
     OpenTypePanels();
+    if (module != filledWith) {
+        // Another module was selected behind a box that a panel opened.
+        return IsFilled();
+    }
     ShowRange();
     ReadAndShowStatus();
     // A reading must not be taken for another module's; a module of another identity may stand in the same object.
     const QString identity = ui->tbTavikIdentity->text();
-    if (module == moduleOfReading && identity == identityOfReading) {
-        ShowInField(ui->tbReading, lastReading);
-    }
+    const bool sameModule = module == moduleOfReading && identity == identityOfReading;
+    ShowReading(sameModule ? lastReading : QString());
     moduleOfReading = module;
     identityOfReading = identity;
     for (QWidget* command : Commands()) {
@@ -112,6 +123,7 @@ void TavikModuleWidget::RedisplayInformation() {
     if (!IsFilled()) {
         return;
     }
+    ClearInformation();
     ShowIdentity();
     ShowProbeIdentity();
     ShowCapabilities();
@@ -175,9 +187,9 @@ void TavikModuleWidget::ShowRange() {
     const QString strokeText = FormatUnits(stroke);
     const bool fromZero = offset == 0.0;
     ShowInField(ui->tbRange, fromZero ? strokeText : FormatUnits(offset) + QStringLiteral(" - ") + strokeText);
-    ui->tbOffset->setText(FormatUnits(offset));
-    ui->tbStroke->setText(strokeText);
-    ui->tbCPUOM->setText(FormatUnits(module->CountsPerUnitOfMeasure()));
+    ShowInField(ui->tbOffset, FormatUnits(offset));
+    ShowInField(ui->tbStroke, strokeText);
+    ShowInField(ui->tbCPUOM, FormatUnits(module->CountsPerUnitOfMeasure()));
     ShowInField(ui->tbUOM, FromLibrary(module->UnitsOfMeasure()));
 }
 
@@ -186,34 +198,35 @@ void TavikModuleWidget::ShowReading(const QString& text) {
     ShowInField(ui->tbReading, text);
 }
 
-void TavikModuleWidget::ReadModule() {
+bool TavikModuleWidget::ReadModule() {
     if (ui->radioUnits->isChecked()) {
         const QString value = FormatUnits(module->ReadInUnits());
         ShowReading(value + QLatin1Char(' ') + FromLibrary(module->UnitsOfMeasure()));
     } else {
         ShowReading(QString::number(module->ReadInCounts()));
     }
-    if (PanelFollowsReadings(module->ModuleType())) {
-        for (const PlacedPanel& placed : typePanels) {
-            placed.panel->RefreshFromModule();
-        }
-    }
+    // A box that the refresh opens may outlive the panel and the page's module.
+    return !PanelFollowsReadings(module->ModuleType()) || typePanels.empty() ||
+           typePanels.back().panel->RefreshFromModule();
 }
 
 void TavikModuleWidget::on_btnRead_clicked() {
     if (!MayAct()) {
         return;
     }
-    try {
+    errors.Try([this] {
+        auto failed = qScopeGuard([this] { ShowReading(QString()); });
         ReadModule();
-    } catch (const std::runtime_error& error) {
-        ShowReading(QString());
-        errors.Show(error);
-    }
+        failed.dismiss();
+    });
 }
 
 void TavikModuleWidget::on_btnStartContinuous_clicked() {
-    if (run != nullptr || !MayAct()) {
+    if (!MayAct()) {
+        return;
+    }
+    if (run != nullptr) {
+        run->GoOn();
         return;
     }
     run = std::make_unique<Run>(*mainWindow, QStringLiteral("continuous reading"), ui->btnStopContinuous);
@@ -222,15 +235,29 @@ void TavikModuleWidget::on_btnStartContinuous_clicked() {
 }
 
 void TavikModuleWidget::ReadContinuously() {
+    constexpr int mostFailuresInARow = 3;
+    int failuresInARow = 0;
     for (int passes = 1; run->MayGoOn(); ++passes) {
-        ReadModule();
+        const TavikLibrary::TavikModule* moduleOfPass = module;
+        failuresInARow = ReadModule() ? 0 : failuresInARow + 1;
+        if (failuresInARow == mostFailuresInARow) {
+            run->RequestStop();
+        }
+        if (!IsFilled() || module != moduleOfPass) {
+            return;
+        }
         ReadAndShowStatus();
         WaitBetweenReadings();
-        const double perSecond = passes * 1000.0 / static_cast<double>(qMax<qint64>(1, run->activity.Milliseconds()));
-        run->activity.Show(QStringLiteral("Reading continuously: %1 passes, %2 readings per second")
-                               .arg(passes)
-                               .arg(perSecond, 0, 'f', 1));
+        ShowPasses(passes);
     }
+}
+
+void TavikModuleWidget::ShowPasses(int passes) {
+    const QString text = passes == 1 ? QStringLiteral("1 pass") : QStringLiteral("%1 passes").arg(passes);
+    const double perSecond = passes * 1000.0 / static_cast<double>(qMax<qint64>(1, run->activity.Milliseconds()));
+    run->activity.Show(
+        QStringLiteral("Reading continuously: %1, %2 readings per second").arg(text).arg(perSecond, 0, 'f', 1));
+    run->activity.SetOutcome(QStringLiteral("Read continuously: ") + text + QStringLiteral(", %1 s"));
 }
 
 void TavikModuleWidget::WaitBetweenReadings() {
@@ -259,7 +286,7 @@ void TavikModuleWidget::on_btnTimeReadings_clicked() {
 
 int TavikModuleWidget::CountReadings() {
     using Clock = std::chrono::system_clock;
-    const WaitCursor waitCursor;
+    const BlockingOperation blocking(mainWindow, QStringLiteral("Counting readings for %1 s").arg(timedSeconds));
     SleepMicroseconds(500);
     const Clock::time_point deadline = Clock::now() + std::chrono::seconds(timedSeconds);
     int readings = 0;
@@ -279,8 +306,8 @@ void TavikModuleWidget::on_btnGetStatus_clicked() {
 void TavikModuleWidget::ReadAndShowStatus() {
     TavikLibrary::TavikModuleStatus* status = module->Status();
     status->UpdateStatus();
-    ui->tbStatus->setText(QString::number(status->Status()));
-    ui->tbErrorCode->setText(QString::number(status->ErrorCode()));
+    ShowInField(ui->tbStatus, QString::number(status->Status()));
+    ShowInField(ui->tbErrorCode, QString::number(status->ErrorCode()));
     ShowInField(ui->tbErrorText, FromLibrary(status->ErrorString()));
 }
 
@@ -295,57 +322,34 @@ void TavikModuleWidget::CloseTypePanels() {
 }
 
 void TavikModuleWidget::OpenTypePanels() {
-    if (auto* probe = dynamic_cast<TavikLibrary::TavikModuleKX*>(module)) {
-        OpenProbePanels(probe);
+    if (OpenTypePanel<ModuleKXwidget>(Place::AtReference)) {
+        OpenTypePanel<ModulePNXWidget>(Place::RightOfProbe) ||
+            (OpenTypePanel<ModuleBWWidget>(Place::BelowProbe) && (OpenTypePanel<ModuleBWRWidget>(Place::RightOfProbe) ||
+                                                                  OpenTypePanel<ModuleBWKWidget>(Place::RightOfProbe)));
         return;
     }
     // The first that fits is the only one.
-    OpenTypePanelFor<ModuleHVXWidget, TavikLibrary::TavikModuleHVX>() ||
-        OpenTypePanelFor<ModuleQTAWidget, TavikLibrary::TavikModuleQTA>() ||
-        OpenTypePanelFor<ModuleRNWidget, TavikLibrary::TavikModuleRN>() ||
-        OpenTypePanelFor<ModuleSWAXWidget, TavikLibrary::TavikModuleSWAX>() ||
-        OpenTypePanelFor<ModuleSWAX2Widget, TavikLibrary::TavikModuleSWAX2>() ||
-        OpenTypePanelFor<moduleRLKWidget, TavikLibrary::TavikModuleRLK>();
+    OpenTypePanel<ModuleHVXWidget>(Place::AtReference) || OpenTypePanel<ModuleQTAWidget>(Place::AtReference) ||
+        OpenTypePanel<ModuleRNWidget>(Place::AtReference) || OpenTypePanel<ModuleSWAXWidget>(Place::AtReference) ||
+        OpenTypePanel<ModuleSWAX2Widget>(Place::AtReference) || OpenTypePanel<moduleRLKWidget>(Place::AtReference);
 }
 
-void TavikModuleWidget::OpenProbePanels(TavikLibrary::TavikModuleKX* probe) {
-    OpenTypePanel<ModuleKXwidget>(Place::AtReference, probe);
-    if (auto* airGauge = dynamic_cast<TavikLibrary::TavikModulePNX*>(probe)) {
-        OpenTypePanel<ModulePNXWidget>(Place::RightOfProbe, airGauge);
-    } else if (auto* laser = dynamic_cast<TavikLibrary::TavikModuleBW*>(probe)) {
-        OpenLaserPanels(laser);
-    }
-}
-
-void TavikModuleWidget::OpenLaserPanels(TavikLibrary::TavikModuleBW* laser) {
-    OpenTypePanel<ModuleBWWidget>(Place::BelowProbe, laser);
-    if (auto* filtered = dynamic_cast<TavikLibrary::TavikModuleBWR*>(laser)) {
-        OpenTypePanel<ModuleBWRWidget>(Place::RightOfProbe, filtered);
-    } else if (auto* rated = dynamic_cast<TavikLibrary::TavikModuleBWK*>(laser)) {
-        OpenTypePanel<ModuleBWKWidget>(Place::RightOfProbe, rated);
-    }
-}
-
-template <class Panel, class Module>
-bool TavikModuleWidget::OpenTypePanelFor() {
-    auto* typedModule = dynamic_cast<Module*>(module);
+template <class Panel>
+bool TavikModuleWidget::OpenTypePanel(Place place) {
+    auto* typedModule = dynamic_cast<typename Panel::Module*>(module);
     if (typedModule == nullptr) {
         return false;
     }
-    OpenTypePanel<Panel>(Place::AtReference, typedModule);
-    return true;
-}
-
-template <class Panel, class Module>
-void TavikModuleWidget::OpenTypePanel(Place place, Module* typedModule) {
     auto* panel = new Panel(this);
     typePanels.push_back({panel, place});
     PlaceTypePanels();
     panel->show();
+    const QPointer<TypePanel> opened(panel);
     panel->SetModule(mainWindow, server, network, typedModule);
-    if (mainWindow->ControlsAreHeld()) {
+    if (opened != nullptr && mainWindow->ControlsAreHeld()) {
         panel->SetEnabled(false);
     }
+    return true;
 }
 
 void TavikModuleWidget::PlaceTypePanels() {

@@ -8,11 +8,6 @@
 class Run;
 class TypePanel;
 
-namespace TavikLibrary {
-class TavikModuleBW;
-class TavikModuleKX;
-} // namespace TavikLibrary
-
 namespace Ui {
 class TavikModuleWidget;
 }
@@ -47,13 +42,17 @@ private slots:
     void on_btnGetStatus_clicked();
 
 private:
+    void ClearInformation();
     void ShowIdentity();
     void ShowProbeIdentity();
     void ShowCapabilities();
     void ShowRange();
     void ShowReading(const QString& text);
-    void ReadModule();
+    /// Reads once, and refreshes the type panel that follows readings. Returns false if that refresh failed and a box
+    /// has been shown.
+    bool ReadModule();
     void ReadContinuously();
+    void ShowPasses(int passes);
     void ReadAndShowStatus();
     void WaitBetweenReadings();
     int CountReadings();
@@ -68,12 +67,9 @@ private:
 
     void CloseTypePanels();
     void OpenTypePanels();
-    void OpenProbePanels(TavikLibrary::TavikModuleKX* probe);
-    void OpenLaserPanels(TavikLibrary::TavikModuleBW* laser);
-    template <class Panel, class Module>
-    bool OpenTypePanelFor();
-    template <class Panel, class Module>
-    void OpenTypePanel(Place place, Module* typedModule);
+    /// Opens the panel if the module is of its class, and returns whether it is.
+    template <class Panel>
+    bool OpenTypePanel(Place place);
     void PlaceTypePanels();
     QPoint PositionOf(Place place) const;
 
@@ -82,6 +78,6 @@ private:
     QString identityOfReading;
     QString lastReading;
     std::unique_ptr<Run> run; ///< while the module is read continuously
-    /// The panel at the reference stands first.
+    /// The panel at the reference stands first, the one that may follow readings last.
     std::vector<PlacedPanel> typePanels;
 };

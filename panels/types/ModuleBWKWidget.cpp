@@ -6,12 +6,9 @@
 
 using TavikLibrary::eMeasuringRate;
 
-ModuleBWKWidget::ModuleBWKWidget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("BWK Module")), ui(std::make_unique<Ui::ModuleBWKWidget>()) {
+ModuleBWKWidget::ModuleBWKWidget(QWidget* parent) : TypePanelWithForm(parent, QStringLiteral("BWK Module")) {
     ui->setupUi(this);
 }
-
-ModuleBWKWidget::~ModuleBWKWidget() = default;
 
 void ModuleBWKWidget::Fill() {
     ShowMeasuringRate(module->MeasuringRate());

@@ -2,8 +2,6 @@
 
 #include "panels/common/TypePanel.h"
 
-#include <memory>
-
 namespace TavikLibrary {
 enum class eMeasuringRate : int;
 class TavikModuleBWK;
@@ -14,12 +12,11 @@ class ModuleBWKWidget;
 }
 
 /// The panel of a laser with selectable measuring rates.
-class ModuleBWKWidget : public TypePanelOf<TavikLibrary::TavikModuleBWK> {
+class ModuleBWKWidget : public TypePanelWithForm<TavikLibrary::TavikModuleBWK, Ui::ModuleBWKWidget> {
     Q_OBJECT
 
 public:
     explicit ModuleBWKWidget(QWidget* parent);
-    ~ModuleBWKWidget() override;
 
 protected:
     void Fill() override;
@@ -30,6 +27,4 @@ private slots:
 
 private:
     void ShowMeasuringRate(TavikLibrary::eMeasuringRate rate);
-
-    std::unique_ptr<Ui::ModuleBWKWidget> ui;
 };

@@ -1,20 +1,17 @@
 #include "panels/types/ModuleBWRWidget.h"
 
 #include "library/TavikModuleLaser.h"
+#include "panels/common/BlockingOperation.h"
 #include "panels/common/Fields.h"
-#include "panels/common/WaitCursor.h"
 #include "panels/types/RowValues.h"
 #include "ui_ModuleBWRWidget.h"
 
 using TavikLibrary::eFilter;
 
-ModuleBWRWidget::ModuleBWRWidget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("BWR Module")), ui(std::make_unique<Ui::ModuleBWRWidget>()) {
+ModuleBWRWidget::ModuleBWRWidget(QWidget* parent) : TypePanelWithForm(parent, QStringLiteral("BWR Module")) {
     ui->setupUi(this);
     FitToRows(ui->listAvailableFilters);
 }
-
-ModuleBWRWidget::~ModuleBWRWidget() = default;
 
 void ModuleBWRWidget::Fill() {
     ShowInformation();
@@ -35,7 +32,7 @@ std::vector<QWidget*> ModuleBWRWidget::Commands() const {
 
 void ModuleBWRWidget::on_btnSetFilter_clicked() {
     errors.Try([this] {
-        const WaitCursor waitCursor;
+        const BlockingOperation blocking(mainWindow);
         const auto filter = CurrentRowAs<eFilter>(ui->listAvailableFilters);
         module->setFilter(filter);
         ShowFilter(filter);
@@ -44,7 +41,7 @@ void ModuleBWRWidget::on_btnSetFilter_clicked() {
 
 void ModuleBWRWidget::on_btnSetLevelCut_clicked() {
     errors.Try([this] {
-        const WaitCursor waitCursor;
+        const BlockingOperation blocking(mainWindow);
         const int time = ui->sbAvailableLevelCutTime->value();
         module->setLevelCutTime(static_cast<unsigned short>(time));
         ShowLevelCutTime(static_cast<short>(time));

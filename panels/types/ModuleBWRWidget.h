@@ -2,8 +2,6 @@
 
 #include "panels/common/TypePanel.h"
 
-#include <memory>
-
 namespace TavikLibrary {
 enum class eFilter : int;
 class TavikModuleBWR;
@@ -14,12 +12,11 @@ class ModuleBWRWidget;
 }
 
 /// The panel of a laser with a low-pass filter: what it is, its filter and its level-cut time.
-class ModuleBWRWidget : public TypePanelOf<TavikLibrary::TavikModuleBWR> {
+class ModuleBWRWidget : public TypePanelWithForm<TavikLibrary::TavikModuleBWR, Ui::ModuleBWRWidget> {
     Q_OBJECT
 
 public:
     explicit ModuleBWRWidget(QWidget* parent);
-    ~ModuleBWRWidget() override;
 
 protected:
     void Fill() override;
@@ -33,6 +30,4 @@ private:
     void ShowInformation();
     void ShowFilter(TavikLibrary::eFilter filter);
     void ShowLevelCutTime(short time);
-
-    std::unique_ptr<Ui::ModuleBWRWidget> ui;
 };

@@ -3,15 +3,16 @@
 #include "library/TavikModuleLaser.h"
 #include "ui_ModuleBWWidget.h"
 
-ModuleBWWidget::ModuleBWWidget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("BW Module")), ui(std::make_unique<Ui::ModuleBWWidget>()) {
+ModuleBWWidget::ModuleBWWidget(QWidget* parent) : TypePanelWithForm(parent, QStringLiteral("BW Module")) {
     ui->setupUi(this);
 }
 
-ModuleBWWidget::~ModuleBWWidget() = default;
-
 void ModuleBWWidget::Fill() {
-    ui->cbBeamOn->setChecked(module->BeamOn());
+    // Until the laser has said so, the beam is neither on nor off.
+    ui->cbBeamOn->setCheckState(Qt::PartiallyChecked);
+    const bool on = module->BeamOn();
+    ui->cbBeamOn->setTristate(false);
+    ui->cbBeamOn->setChecked(on);
 }
 
 std::vector<QWidget*> ModuleBWWidget::Commands() const {

@@ -2,8 +2,6 @@
 
 #include "panels/common/TypePanel.h"
 
-#include <memory>
-
 namespace TavikLibrary {
 class TavikModuleBW;
 } // namespace TavikLibrary
@@ -13,12 +11,11 @@ class ModuleBWWidget;
 }
 
 /// The panel of a laser whose beam can be switched.
-class ModuleBWWidget : public TypePanelOf<TavikLibrary::TavikModuleBW> {
+class ModuleBWWidget : public TypePanelWithForm<TavikLibrary::TavikModuleBW, Ui::ModuleBWWidget> {
     Q_OBJECT
 
 public:
     explicit ModuleBWWidget(QWidget* parent);
-    ~ModuleBWWidget() override;
 
 protected:
     void Fill() override;
@@ -26,7 +23,4 @@ protected:
 
 private slots:
     void on_cbBeamOn_clicked();
-
-private:
-    std::unique_ptr<Ui::ModuleBWWidget> ui;
 };

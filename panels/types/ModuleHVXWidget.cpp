@@ -15,13 +15,10 @@ const QLatin1String boxTitle("HVX Module");
 
 } // namespace
 
-ModuleHVXWidget::ModuleHVXWidget(QWidget* parent)
-    : TypePanelOf(parent, boxTitle), ui(std::make_unique<Ui::ModuleHVXWidget>()) {
+ModuleHVXWidget::ModuleHVXWidget(QWidget* parent) : TypePanelWithForm(parent, boxTitle) {
     ui->setupUi(this);
     FitToRows(ui->listAvailableReadMode);
 }
-
-ModuleHVXWidget::~ModuleHVXWidget() = default;
 
 void ModuleHVXWidget::Fill() {
     const eHvxReadMode mode = module->ReadMode();

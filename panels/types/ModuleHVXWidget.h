@@ -2,8 +2,6 @@
 
 #include "panels/common/TypePanel.h"
 
-#include <memory>
-
 namespace TavikLibrary {
 enum class eHvxReadMode : int;
 class TavikModuleHVX;
@@ -14,12 +12,11 @@ class ModuleHVXWidget;
 }
 
 /// The panel of a module with selectable read modes: when it takes a reading, and what it knows about itself.
-class ModuleHVXWidget : public TypePanelOf<TavikLibrary::TavikModuleHVX> {
+class ModuleHVXWidget : public TypePanelWithForm<TavikLibrary::TavikModuleHVX, Ui::ModuleHVXWidget> {
     Q_OBJECT
 
 public:
     explicit ModuleHVXWidget(QWidget* parent);
-    ~ModuleHVXWidget() override;
 
 protected:
     void Fill() override;
@@ -33,6 +30,4 @@ private slots:
 
 private:
     void ShowReadMode(TavikLibrary::eHvxReadMode mode);
-
-    std::unique_ptr<Ui::ModuleHVXWidget> ui;
 };

@@ -1,6 +1,7 @@
 #include "panels/types/ModuleKXwidget.h"
 
 #include "library/TavikModuleKX.h"
+#include "panels/common/Fields.h"
 #include "ui_ModuleKXwidget.h"
 
 namespace {
@@ -11,12 +12,9 @@ bool HasSelection(const QListWidget* list) {
 
 } // namespace
 
-ModuleKXwidget::ModuleKXwidget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("KX Module")), ui(std::make_unique<Ui::ModuleKXwidget>()) {
+ModuleKXwidget::ModuleKXwidget(QWidget* parent) : TypePanelWithForm(parent, QStringLiteral("KX Module")) {
     ui->setupUi(this);
 }
-
-ModuleKXwidget::~ModuleKXwidget() = default;
 
 void ModuleKXwidget::Fill() {
     ShowCurrentResolution();
@@ -63,9 +61,9 @@ void ModuleKXwidget::on_btnSetAveraging_clicked() {
 }
 
 void ModuleKXwidget::ShowCurrentResolution() {
-    ui->tbCurrentResolution->setText(FromLibrary(TavikLibrary::eResolution_ToString(module->Resolution())));
+    ShowInField(ui->tbCurrentResolution, FromLibrary(TavikLibrary::eResolution_ToString(module->Resolution())));
 }
 
 void ModuleKXwidget::ShowCurrentAveraging() {
-    ui->tbCurrentAveraging->setText(FromLibrary(TavikLibrary::eAveraging_ToString(module->Averaging())));
+    ShowInField(ui->tbCurrentAveraging, FromLibrary(TavikLibrary::eAveraging_ToString(module->Averaging())));
 }

@@ -2,8 +2,6 @@
 
 #include "panels/common/TypePanel.h"
 
-#include <memory>
-
 namespace TavikLibrary {
 class TavikModuleKX;
 } // namespace TavikLibrary
@@ -13,12 +11,11 @@ class ModuleKXwidget;
 }
 
 /// The panel of a digital probe: its resolution and its averaging.
-class ModuleKXwidget : public TypePanelOf<TavikLibrary::TavikModuleKX> {
+class ModuleKXwidget : public TypePanelWithForm<TavikLibrary::TavikModuleKX, Ui::ModuleKXwidget> {
     Q_OBJECT
 
 public:
     explicit ModuleKXwidget(QWidget* parent);
-    ~ModuleKXwidget() override;
 
 protected:
     void Fill() override;
@@ -32,6 +29,4 @@ private slots:
 private:
     void ShowCurrentResolution();
     void ShowCurrentAveraging();
-
-    std::unique_ptr<Ui::ModuleKXwidget> ui;
 };

@@ -5,15 +5,12 @@
 #include "panels/types/RowValues.h"
 #include "ui_ModuleQTAWidget.h"
 
-ModuleQTAWidget::ModuleQTAWidget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("QTA Module")), ui(std::make_unique<Ui::ModuleQTAWidget>()) {
+ModuleQTAWidget::ModuleQTAWidget(QWidget* parent) : TypePanelWithForm(parent, QStringLiteral("QTA Module")) {
     ui->setupUi(this);
     FitToRows(ui->listRefActions);
     FitToRows(ui->listQuadModes);
     FitToRows(ui->listEncoders);
 }
-
-ModuleQTAWidget::~ModuleQTAWidget() = default;
 
 void ModuleQTAWidget::Fill() {
     ShowRefAction();

@@ -2,8 +2,6 @@
 
 #include "panels/common/TypePanel.h"
 
-#include <memory>
-
 namespace TavikLibrary {
 class TavikModuleQTA;
 } // namespace TavikLibrary
@@ -14,12 +12,11 @@ class ModuleQTAWidget;
 
 /// The panel of an encoder interface: what its reference mark does, how its edges are counted, how the encoder
 /// is wired, and the value that presets its count.
-class ModuleQTAWidget : public TypePanelOf<TavikLibrary::TavikModuleQTA> {
+class ModuleQTAWidget : public TypePanelWithForm<TavikLibrary::TavikModuleQTA, Ui::ModuleQTAWidget> {
     Q_OBJECT
 
 public:
     explicit ModuleQTAWidget(QWidget* parent);
-    ~ModuleQTAWidget() override;
 
 protected:
     void Fill() override;
@@ -35,6 +32,4 @@ private:
     void ShowRefAction();
     void ShowQuadratureMode();
     void ShowEncoder();
-
-    std::unique_ptr<Ui::ModuleQTAWidget> ui;
 };

@@ -20,14 +20,14 @@ int ToCounts(double value) {
 
 } // namespace
 
-ModuleRNWidget::ModuleRNWidget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("RN Module")), ui(std::make_unique<Ui::ModuleRNWidget>()) {
+ModuleRNWidget::ModuleRNWidget(QWidget* parent) : TypePanelWithForm(parent, QStringLiteral("RN Module")) {
     ui->setupUi(this);
 }
 
-ModuleRNWidget::~ModuleRNWidget() = default;
-
 void ModuleRNWidget::Fill() {
+    // Until the module has said so, no direction is shown.
+    Check(ui->radioNormal, false);
+    Check(ui->radioReversed, false);
     Check(ui->radioNormal, module->Direction() == eDirection::Normal);
     Check(ui->radioReversed, module->Direction() == eDirection::Reversed);
 }

@@ -2,8 +2,6 @@
 
 #include "panels/common/TypePanel.h"
 
-#include <memory>
-
 namespace TavikLibrary {
 class TavikModuleRN;
 } // namespace TavikLibrary
@@ -13,12 +11,11 @@ class ModuleRNWidget;
 }
 
 /// The panel of a linear encoder: which way it counts, and what its reading is set to here and now.
-class ModuleRNWidget : public TypePanelOf<TavikLibrary::TavikModuleRN> {
+class ModuleRNWidget : public TypePanelWithForm<TavikLibrary::TavikModuleRN, Ui::ModuleRNWidget> {
     Q_OBJECT
 
 public:
     explicit ModuleRNWidget(QWidget* parent);
-    ~ModuleRNWidget() override;
 
 protected:
     void Fill() override;
@@ -32,6 +29,4 @@ private slots:
 
 private:
     void SetDirection(bool normal);
-
-    std::unique_ptr<Ui::ModuleRNWidget> ui;
 };

@@ -28,43 +28,16 @@ void ShowPolarity(const RadioPair& pair, int polarity) {
 
 } // namespace
 
-ModuleSWAX2Widget::ModuleSWAX2Widget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("SWAX2 Module")), ui(std::make_unique<Ui::ModuleSWAX2Widget>()) {
+ModuleSWAX2Widget::ModuleSWAX2Widget(QWidget* parent) : DigitalIOPanel(parent, QStringLiteral("SWAX2 Module")) {
     ui->setupUi(this);
-    CollectRows();
-}
-
-ModuleSWAX2Widget::~ModuleSWAX2Widget() = default;
-
-void ModuleSWAX2Widget::CollectRows() {
-    outputRows = {
-        ChannelRow{{ui->radioOutputLow1, ui->radioOutputHigh1},
-                   {ui->radioActiveStateLowOut1, ui->radioActiveStateHighOut1}},
-        ChannelRow{{ui->radioOutputLow2, ui->radioOutputHigh2},
-                   {ui->radioActiveStateLowOut2, ui->radioActiveStateHighOut2}},
-        ChannelRow{{ui->radioOutputLow3, ui->radioOutputHigh3},
-                   {ui->radioActiveStateLowOut3, ui->radioActiveStateHighOut3}},
-        ChannelRow{{ui->radioOutputLow4, ui->radioOutputHigh4},
-                   {ui->radioActiveStateLowOut4, ui->radioActiveStateHighOut4}},
-    };
-    inputRows = {
-        ChannelRow{{ui->radioInputLow1, ui->radioInputHigh1},
-                   {ui->radioActiveStateLowIn1, ui->radioActiveStateHighIn1}},
-        ChannelRow{{ui->radioInputLow2, ui->radioInputHigh2},
-                   {ui->radioActiveStateLowIn2, ui->radioActiveStateHighIn2}},
-        ChannelRow{{ui->radioInputLow3, ui->radioInputHigh3},
-                   {ui->radioActiveStateLowIn3, ui->radioActiveStateHighIn3}},
-        ChannelRow{{ui->radioInputLow4, ui->radioInputHigh4},
-                   {ui->radioActiveStateLowIn4, ui->radioActiveStateHighIn4}},
-        ChannelRow{{ui->radioInputLow5, ui->radioInputHigh5},
-                   {ui->radioActiveStateLowIn5, ui->radioActiveStateHighIn5}},
-        ChannelRow{{ui->radioInputLow6, ui->radioInputHigh6},
-                   {ui->radioActiveStateLowIn6, ui->radioActiveStateHighIn6}},
-    };
-}
-
-void ModuleSWAX2Widget::Fill() {
-    RefreshFromModule();
+    for (int number = 1; number <= outputCount; ++number) {
+        OutputRow(number) = {FindPair(this, "radioOutputLow", "radioOutputHigh", number),
+                             FindPair(this, "radioActiveStateLowOut", "radioActiveStateHighOut", number)};
+    }
+    for (int number = 1; number <= inputCount; ++number) {
+        InputRow(number) = {FindInputPair(this, number),
+                            FindPair(this, "radioActiveStateLowIn", "radioActiveStateHighIn", number)};
+    }
 }
 
 std::vector<QWidget*> ModuleSWAX2Widget::Commands() const {
@@ -78,17 +51,15 @@ std::vector<QWidget*> ModuleSWAX2Widget::Commands() const {
     return commands;
 }
 
-bool ModuleSWAX2Widget::RefreshFromModule() {
-    return errors.Try([this] {
-        for (int number = 1; number <= outputCount; ++number) {
-            RefreshOutput(number);
-        }
-        for (int number = 1; number <= inputCount; ++number) {
-            RefreshInput(number);
-        }
-        ShowDebounceTime(ui->cbDebouncetime, module->DebounceTime());
-        SelectIndexOf(ui->cbOutputMode, module->OutputMode());
-    });
+void ModuleSWAX2Widget::ReadChannels() {
+    for (int number = 1; number <= outputCount; ++number) {
+        RefreshOutput(number);
+    }
+    for (int number = 1; number <= inputCount; ++number) {
+        RefreshInput(number);
+    }
+    ShowDebounceTime(ui->cbDebouncetime, module->DebounceTime());
+    SelectIndexOf(ui->cbOutputMode, module->OutputMode());
 }
 
 // The masks are read afresh for every channel, so that each row shows what held when it was refreshed.
@@ -114,9 +85,7 @@ void ModuleSWAX2Widget::DriveActive(int number) {
 }
 
 void ModuleSWAX2Widget::DriveOutput(int number, int state) {
-    if (errors.Try([&] { module->setOutputState(firstOutputPin + number - 1, state); })) {
-        RefreshFromModule();
-    }
+    Change([&] { module->setOutputState(firstOutputPin + number - 1, state); });
 }
 
 void ModuleSWAX2Widget::SetOutputActiveLow(int number) {
@@ -128,9 +97,7 @@ void ModuleSWAX2Widget::SetOutputActiveHigh(int number) {
 }
 
 void ModuleSWAX2Widget::SetOutputPolarity(int number, int value) {
-    if (errors.Try([&] { module->setOutPolarityMask(WithPolarity(module->OutPolarityMask(), number, value)); })) {
-        RefreshFromModule();
-    }
+    Change([&] { module->setOutPolarityMask(WithPolarity(module->OutPolarityMask(), number, value)); });
 }
 
 void ModuleSWAX2Widget::SetInputActiveLow(int number) {
@@ -142,17 +109,11 @@ void ModuleSWAX2Widget::SetInputActiveHigh(int number) {
 }
 
 void ModuleSWAX2Widget::SetInputPolarity(int number, int value) {
-    if (errors.Try([&] { module->setInPolarityMask(WithPolarity(module->InPolarityMask(), number, value)); })) {
-        RefreshFromModule();
-    }
+    Change([&] { module->setInPolarityMask(WithPolarity(module->InPolarityMask(), number, value)); });
 }
 
 void ModuleSWAX2Widget::on_btnSetDebounce_clicked() {
-    errors.Try([this] {
-        if (const std::optional<int> milliseconds = SelectedDebounceTime(ui->cbDebouncetime)) {
-            module->setDebounceTime(*milliseconds);
-        }
-    });
+    SendDebounceTime(ui->cbDebouncetime);
 }
 
 void ModuleSWAX2Widget::on_btnSetOutputMode_clicked() {

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "panels/common/TypePanel.h"
 #include "panels/types/DigitalIOControls.h"
 
 #include <array>
-#include <memory>
 
 namespace TavikLibrary {
 class TavikModuleSWAX2;
@@ -17,18 +15,14 @@ class ModuleSWAX2Widget;
 /// The panel of a digital I/O module of the second generation: 4 outputs and 6 inputs, for each the level that
 /// counts as active, the output mode and the debounce time. Outputs and inputs are each numbered from 1 here, as
 /// on the form; the library's pins 0 to 3 are the outputs and 4 to 9 the inputs.
-class ModuleSWAX2Widget : public TypePanelOf<TavikLibrary::TavikModuleSWAX2> {
+class ModuleSWAX2Widget : public DigitalIOPanel<TavikLibrary::TavikModuleSWAX2, Ui::ModuleSWAX2Widget> {
     Q_OBJECT
 
 public:
     explicit ModuleSWAX2Widget(QWidget* parent);
-    ~ModuleSWAX2Widget() override;
-
-    /// Reads everything that is shown. A failure ends in an error box; what was shown until then stays.
-    bool RefreshFromModule() override;
 
 protected:
-    void Fill() override;
+    void ReadChannels() override;
     std::vector<QWidget*> Commands() const override;
 
 private slots:
@@ -80,7 +74,6 @@ private:
 
     ChannelRow& OutputRow(int number) { return outputRows[static_cast<std::size_t>(number - 1)]; }
     ChannelRow& InputRow(int number) { return inputRows[static_cast<std::size_t>(number - 1)]; }
-    void CollectRows();
     void RefreshOutput(int number);
     void RefreshInput(int number);
 
@@ -95,7 +88,6 @@ private:
     void SetInputActiveHigh(int number);
     void SetInputPolarity(int number, int value);
 
-    std::unique_ptr<Ui::ModuleSWAX2Widget> ui;
     std::array<ChannelRow, outputCount> outputRows{};
     std::array<ChannelRow, inputCount> inputRows{};
 };

@@ -21,59 +21,18 @@ void SetVisible(const RadioPair& pair, bool visible) {
 
 } // namespace
 
-ModuleSWAXWidget::ModuleSWAXWidget(QWidget* parent)
-    : TypePanelOf(parent, QStringLiteral("SWAX Module")), ui(std::make_unique<Ui::ModuleSWAXWidget>()) {
+ModuleSWAXWidget::ModuleSWAXWidget(QWidget* parent) : DigitalIOPanel(parent, QStringLiteral("SWAX Module")) {
     ui->setupUi(this);
-    CollectPinRows();
-    // The grid must not jump about when a pin changes its direction.
-    for (const PinRow& row : pinRows) {
-        for (QRadioButton* button : {row.output.low, row.output.high, row.input.low, row.input.high}) {
+    for (int pin = 0; pin < pinCount; ++pin) {
+        const RadioPair direction = FindPair(this, "radioConfigInput", "radioConfigOutput", pin + 1);
+        Row(pin) = {direction.low, direction.high, FindPair(this, "radioOutputLow", "radioOutputHigh", pin + 1),
+                    FindInputPair(this, pin + 1)};
+        // The grid must not jump about when a pin changes its direction.
+        for (QRadioButton* button :
+             {Row(pin).output.low, Row(pin).output.high, Row(pin).input.low, Row(pin).input.high}) {
             KeepSpaceWhenHidden(button);
         }
     }
-}
-
-ModuleSWAXWidget::~ModuleSWAXWidget() = default;
-
-void ModuleSWAXWidget::CollectPinRows() {
-    pinRows = {
-        PinRow{ui->radioConfigInput1,
-               ui->radioConfigOutput1,
-               {ui->radioOutputLow1, ui->radioOutputHigh1},
-               {ui->radioInputLow1, ui->radioInputHigh1}},
-        PinRow{ui->radioConfigInput2,
-               ui->radioConfigOutput2,
-               {ui->radioOutputLow2, ui->radioOutputHigh2},
-               {ui->radioInputLow2, ui->radioInputHigh2}},
-        PinRow{ui->radioConfigInput3,
-               ui->radioConfigOutput3,
-               {ui->radioOutputLow3, ui->radioOutputHigh3},
-               {ui->radioInputLow3, ui->radioInputHigh3}},
-        PinRow{ui->radioConfigInput4,
-               ui->radioConfigOutput4,
-               {ui->radioOutputLow4, ui->radioOutputHigh4},
-               {ui->radioInputLow4, ui->radioInputHigh4}},
-        PinRow{ui->radioConfigInput5,
-               ui->radioConfigOutput5,
-               {ui->radioOutputLow5, ui->radioOutputHigh5},
-               {ui->radioInputLow5, ui->radioInputHigh5}},
-        PinRow{ui->radioConfigInput6,
-               ui->radioConfigOutput6,
-               {ui->radioOutputLow6, ui->radioOutputHigh6},
-               {ui->radioInputLow6, ui->radioInputHigh6}},
-        PinRow{ui->radioConfigInput7,
-               ui->radioConfigOutput7,
-               {ui->radioOutputLow7, ui->radioOutputHigh7},
-               {ui->radioInputLow7, ui->radioInputHigh7}},
-        PinRow{ui->radioConfigInput8,
-               ui->radioConfigOutput8,
-               {ui->radioOutputLow8, ui->radioOutputHigh8},
-               {ui->radioInputLow8, ui->radioInputHigh8}},
-    };
-}
-
-void ModuleSWAXWidget::Fill() {
-    RefreshFromModule();
 }
 
 std::vector<QWidget*> ModuleSWAXWidget::Commands() const {
@@ -84,13 +43,11 @@ std::vector<QWidget*> ModuleSWAXWidget::Commands() const {
     return commands;
 }
 
-bool ModuleSWAXWidget::RefreshFromModule() {
-    return errors.Try([this] {
-        for (int pin = 0; pin < pinCount; ++pin) {
-            RefreshPin(pin);
-        }
-        ShowDebounceTime(ui->cbDebouncetime, module->DebounceTime());
-    });
+void ModuleSWAXWidget::ReadChannels() {
+    for (int pin = 0; pin < pinCount; ++pin) {
+        RefreshPin(pin);
+    }
+    ShowDebounceTime(ui->cbDebouncetime, module->DebounceTime());
 }
 
 void ModuleSWAXWidget::RefreshPin(int pin) {
@@ -120,9 +77,7 @@ void ModuleSWAXWidget::ConfigureAsOutput(int pin) {
 }
 
 void ModuleSWAXWidget::ConfigurePin(int pin, int configuration) {
-    if (errors.Try([&] { module->setPinConfiguration(pin, configuration); })) {
-        RefreshFromModule();
-    }
+    Change([&] { module->setPinConfiguration(pin, configuration); });
 }
 
 void ModuleSWAXWidget::DriveLow(int pin) {
@@ -134,15 +89,9 @@ void ModuleSWAXWidget::DriveHigh(int pin) {
 }
 
 void ModuleSWAXWidget::DriveOutput(int pin, int level) {
-    if (errors.Try([&] { module->setOutputState(pin, level); })) {
-        RefreshFromModule();
-    }
+    Change([&] { module->setOutputState(pin, level); });
 }
 
 void ModuleSWAXWidget::on_btnSetDebounce_clicked() {
-    errors.Try([this] {
-        if (const std::optional<int> milliseconds = SelectedDebounceTime(ui->cbDebouncetime)) {
-            module->setDebounceTime(*milliseconds);
-        }
-    });
+    SendDebounceTime(ui->cbDebouncetime);
 }

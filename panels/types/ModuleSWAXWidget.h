@@ -1,10 +1,8 @@
 #pragma once
 
-#include "panels/common/TypePanel.h"
 #include "panels/types/DigitalIOControls.h"
 
 #include <array>
-#include <memory>
 
 namespace TavikLibrary {
 class TavikModuleSWAX;
@@ -16,18 +14,14 @@ class ModuleSWAXWidget;
 
 /// The panel of a digital I/O module with 8 pins: direction, driven level or input level of each pin, and the
 /// debounce time. Pins are numbered from 0 here as in the library, and from 1 on the form.
-class ModuleSWAXWidget : public TypePanelOf<TavikLibrary::TavikModuleSWAX> {
+class ModuleSWAXWidget : public DigitalIOPanel<TavikLibrary::TavikModuleSWAX, Ui::ModuleSWAXWidget> {
     Q_OBJECT
 
 public:
     explicit ModuleSWAXWidget(QWidget* parent);
-    ~ModuleSWAXWidget() override;
-
-    /// Reads everything that is shown. A failure ends in an error box; what was shown until then stays.
-    bool RefreshFromModule() override;
 
 protected:
-    void Fill() override;
+    void ReadChannels() override;
     std::vector<QWidget*> Commands() const override;
 
 private slots:
@@ -80,7 +74,6 @@ private:
     static constexpr int pinCount = 8;
 
     PinRow& Row(int pin) { return pinRows[static_cast<std::size_t>(pin)]; }
-    void CollectPinRows();
     void RefreshPin(int pin);
     void ShowDirection(const PinRow& row, bool isInput);
 
@@ -92,6 +85,5 @@ private:
     void DriveHigh(int pin);
     void DriveOutput(int pin, int level);
 
-    std::unique_ptr<Ui::ModuleSWAXWidget> ui;
     std::array<PinRow, pinCount> pinRows{};
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panels/common/MessageBoxes.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -25,27 +27,28 @@ public:
     DialogReadKRV(int slotIndex, TavikLibrary::RLK_Device* device, QWidget* parent);
     ~DialogReadKRV() override;
 
-    /// Ends the dialog and with it a running loop: Close, Escape and the window's close button.
-    void reject() override;
+    /// However the dialog ends, the loop ends with it.
+    void done(int result) override;
 
 private slots:
-    void on_btnClose_clicked();
+    void on_btnClose_clicked() { close(); }
     void on_btnStartStopReading_clicked();
 
 private:
     bool HostIsClosing() const;
+    void SetReading(bool on);
     void ReadOnce();
     void ReadRepeatedly();
     void ShowDevice();
     void ShowReadings();
     void ShowChannel(int channel, TavikLibrary::TavikChannelReadings& readings);
     void ShowConnection();
-    bool Connected();
 
     std::unique_ptr<Ui::DialogReadKRV> ui;
     HostWindow* host;
     TavikLibrary::RLK_Device* device;
     int slotNumber;
+    const ErrorBox errors{this, QStringLiteral("Read KRV")};
     bool reading = false; ///< cleared to end the loop
     bool looping = false; ///< the loop has not come to its end yet
 };

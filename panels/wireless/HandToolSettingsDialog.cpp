@@ -8,10 +8,8 @@
 #include "panels/wireless/FirmwareNumber.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QScopeGuard>
-#include <QSpinBox>
 
 #include <stdexcept>
 
@@ -38,7 +36,7 @@ void HandToolSettingsDialog::Open(const std::function<void()>& readSettings) {
     const Activity activity(host, QStringLiteral("Reading the settings of a hand tool"));
     const auto over = qScopeGuard([this] { wait->hide(); });
     wait->setModal(true);
-    wait->show();
+    wait->ShowPainted();
     SleepMicroseconds(oneSecond);
     QCoreApplication::processEvents();
     try {
@@ -90,14 +88,14 @@ QString HandToolSettingsDialog::ReadFirmwareNumber(std::size_t position) {
     }
 }
 
-void HandToolSettingsDialog::ShowAutoPowerOff(QCheckBox* enabled, QSpinBox* time, int seconds) {
+void HandToolSettingsDialog::ShowAutoPowerOff(QCheckBox* enabled, NumberBox* time, int seconds) {
     const bool switchesOff = seconds != 0;
     enabled->setChecked(switchesOff);
     time->setValue(switchesOff ? seconds : usualOffSeconds);
     time->setEnabled(switchesOff);
 }
 
-void HandToolSettingsDialog::WriteAutoPowerOff(QCheckBox* enabled, QSpinBox* time,
+void HandToolSettingsDialog::WriteAutoPowerOff(QCheckBox* enabled, NumberBox* time,
                                                const std::function<void(int)>& setSeconds) {
     Write([&] {
         if (enabled->isChecked()) {
@@ -105,7 +103,7 @@ void HandToolSettingsDialog::WriteAutoPowerOff(QCheckBox* enabled, QSpinBox* tim
             time->setEnabled(true);
         } else {
             setSeconds(0);
-            // The field's own slot writes the value it gets here, as operators of this tool are used to.
+            // Deliberate: the field's own slot writes the value that it gets here, after the 0.
             time->setValue(usualOffSeconds);
             time->setEnabled(false);
         }
@@ -119,8 +117,4 @@ void HandToolSettingsDialog::ResetToFactory(const std::function<void()>& reset) 
             this, QStringLiteral("KRV Config"),
             QStringLiteral("Factory reset complete.\nPlease power cycle the KRV to apply the new settings."));
     });
-}
-
-void HandToolSettingsDialog::SelectNearestRow(QComboBox* list, int row) {
-    list->setCurrentIndex(qBound(0, row, list->count() - 1));
 }

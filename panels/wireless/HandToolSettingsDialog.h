@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panels/common/Inputs.h"
 #include "panels/common/MessageBoxes.h"
 #include "panels/wireless/WaitForProcessDialog.h"
 
@@ -12,8 +13,6 @@
 
 class HostWindow;
 class QCheckBox;
-class QComboBox;
-class QSpinBox;
 
 namespace TavikLibrary {
 class RLK_Device;
@@ -50,37 +49,32 @@ protected:
     /// holds in four characters from a position on; empty when there is none.
     QString ReadTitle(const QString& name, std::size_t firmwarePosition);
 
-    /// Writes a setting, unless the form is just being filled. A failure shows its box; the form keeps what
-    /// the operator chose.
+    /// Writes a setting, unless the form is just being filled. The form keeps what the operator chose after a failure.
     template <class Calls>
     void Write(Calls&& calls) {
         if (!loading) {
-            WriteAlways(std::forward<Calls>(calls));
+            errors.Try(std::forward<Calls>(calls));
         }
-    }
-    /// The same, also while the form is being filled.
-    template <class Calls>
-    bool WriteAlways(Calls&& calls) {
-        return ErrorBox(this, QStringLiteral("KRV Config"), QStringLiteral("Error: ")).Try(std::forward<Calls>(calls));
     }
 
     /// Shows the time after which the tool switches itself off; 0 is never.
-    static void ShowAutoPowerOff(QCheckBox* enabled, QSpinBox* time, int seconds);
+    static void ShowAutoPowerOff(QCheckBox* enabled, NumberBox* time, int seconds);
     /// Writes what the operator made of the check box.
-    void WriteAutoPowerOff(QCheckBox* enabled, QSpinBox* time, const std::function<void(int)>& setSeconds);
+    void WriteAutoPowerOff(QCheckBox* enabled, NumberBox* time, const std::function<void(int)>& setSeconds);
     /// Resets the tool and tells what is left to do.
     void ResetToFactory(const std::function<void()>& reset);
 
-    /// Shows a library's value, which is the row of the list; the nearest row for a value without one.
+    /// Shows the row of a library's value; a value without one selects none and is kept.
     template <class Value>
-    static void ShowRow(QComboBox* list, Value value, int first = 0) {
-        SelectNearestRow(list, static_cast<int>(value) - first);
+    static void ShowRow(ChoiceBox* list, Value value, int first = 0) {
+        list->ShowValue(static_cast<int>(value), first);
     }
+
+    const ErrorBox errors{this, QStringLiteral("KRV Config"), QStringLiteral("Error: ")};
 
 private:
     void EnterConfigMode();
     QString ReadFirmwareNumber(std::size_t position);
-    static void SelectNearestRow(QComboBox* list, int row);
 
     HostWindow* host;
     TavikLibrary::RLK_Device* device;

@@ -136,18 +136,10 @@ void KRV_Settings_Dialog::on_btnResetMinMax_clicked() {
     Write([&] { settings->ResetMinMax(); });
 }
 
-void KRV_Settings_Dialog::on_cbButton1Func_currentIndexChanged(int index) {
-    WriteButtonFunctions(index, ui->cbButton2Func->currentIndex());
-}
-
-void KRV_Settings_Dialog::on_cbButton2Func_currentIndexChanged(int index) {
-    WriteButtonFunctions(ui->cbButton1Func->currentIndex(), index);
-}
-
-void KRV_Settings_Dialog::WriteButtonFunctions(int button1, int button2) {
+void KRV_Settings_Dialog::WriteButtonFunctions() {
     Write([&] {
-        settings->SetButtonFunctions(static_cast<eKRV_ButtonFunction>(button1),
-                                     static_cast<eKRV_ButtonFunction>(button2));
+        settings->SetButtonFunctions(static_cast<eKRV_ButtonFunction>(ui->cbButton1Func->Value()),
+                                     static_cast<eKRV_ButtonFunction>(ui->cbButton2Func->Value()));
     });
 }
 
@@ -189,8 +181,4 @@ void KRV_Settings_Dialog::on_cbOperationMode_currentIndexChanged(int index) {
 
 void KRV_Settings_Dialog::on_btnResetFactory_clicked() {
     ResetToFactory([this] { settings->ResetFactorySettings(); });
-}
-
-void KRV_Settings_Dialog::on_btnClose_clicked() {
-    close();
 }

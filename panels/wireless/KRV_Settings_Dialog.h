@@ -38,8 +38,8 @@ private slots:
     void on_btnZero_clicked();
     void on_btnAbs_clicked();
     void on_btnResetMinMax_clicked();
-    void on_cbButton1Func_currentIndexChanged(int index);
-    void on_cbButton2Func_currentIndexChanged(int index);
+    void on_cbButton1Func_currentIndexChanged(int /*index*/) { WriteButtonFunctions(); }
+    void on_cbButton2Func_currentIndexChanged(int /*index*/) { WriteButtonFunctions(); }
     void on_cbPowerOffBtn_currentIndexChanged(int index);
     void on_cbButtonBuzzer_clicked();
     void on_cbLimitsEnabled_clicked();
@@ -49,14 +49,14 @@ private slots:
     void on_cbLimitBuzzer_clicked();
     void on_cbBuzzRate_currentIndexChanged(int index);
     void on_cbOperationMode_currentIndexChanged(int index);
-    void on_btnClose_clicked();
+    void on_btnClose_clicked() { close(); }
 
 private:
     void ReadSettings();
     void ReadDisplay();
     void ReadButtons();
     void ReadLimits();
-    void WriteButtonFunctions(int button1, int button2);
+    void WriteButtonFunctions();
 
     std::unique_ptr<Ui::KRV_Settings_Dialog> ui;
     TavikLibrary::RLK_DeviceSettings_KRV* settings;

@@ -47,8 +47,8 @@ void KRV_X_Settings_Dialog::ReadSettings() {
 }
 
 void KRV_X_Settings_Dialog::ReadResolutions() {
-    const std::array<QSpinBox*, channels> fields{ui->sbChRes1, ui->sbChRes2, ui->sbChRes3, ui->sbChRes4,
-                                                 ui->sbChRes5, ui->sbChRes6, ui->sbChRes7, ui->sbChRes8};
+    const std::array<NumberBox*, channels> fields{ui->sbChRes1, ui->sbChRes2, ui->sbChRes3, ui->sbChRes4,
+                                                  ui->sbChRes5, ui->sbChRes6, ui->sbChRes7, ui->sbChRes8};
     constexpr int firstPercent = 20;
     constexpr int percentPerPair = 10;
     for (int index = 0; index < channels; ++index) {
@@ -75,39 +75,7 @@ void KRV_X_Settings_Dialog::on_cbBuzzer_currentIndexChanged(int index) {
 }
 
 void KRV_X_Settings_Dialog::WriteResolution(int channel, int decimals) {
-    WriteAlways([&] { settings->SetDisplayedResolution(channel, decimals); });
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes1_valueChanged(int decimals) {
-    WriteResolution(1, decimals);
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes2_valueChanged(int decimals) {
-    WriteResolution(2, decimals);
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes3_valueChanged(int decimals) {
-    WriteResolution(3, decimals);
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes4_valueChanged(int decimals) {
-    WriteResolution(4, decimals);
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes5_valueChanged(int decimals) {
-    WriteResolution(5, decimals);
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes6_valueChanged(int decimals) {
-    WriteResolution(6, decimals);
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes7_valueChanged(int decimals) {
-    WriteResolution(7, decimals);
-}
-
-void KRV_X_Settings_Dialog::on_sbChRes8_valueChanged(int decimals) {
-    WriteResolution(8, decimals);
+    errors.Try([&] { settings->SetDisplayedResolution(channel, decimals); });
 }
 
 void KRV_X_Settings_Dialog::on_cbOrientation_currentIndexChanged(int index) {
@@ -140,8 +108,4 @@ void KRV_X_Settings_Dialog::on_cbLED3_currentIndexChanged(int index) {
 
 void KRV_X_Settings_Dialog::on_btnResetToFactory_clicked() {
     ResetToFactory([this] { settings->ResetFactorySettings(); });
-}
-
-void KRV_X_Settings_Dialog::on_btnClose_clicked() {
-    close();
 }

@@ -4,8 +4,6 @@
 
 #include <array>
 
-class QSpinBox;
-
 namespace TavikLibrary {
 class RLK_DeviceSettings_KRVX;
 }
@@ -31,15 +29,15 @@ private slots:
     void on_cbAutoPowerOffEnabled_clicked();
     void on_sbAutoPowerOffTime_valueChanged(int arg1);
     void on_cbBuzzer_currentIndexChanged(int index);
-    void on_btnClose_clicked();
-    void on_sbChRes1_valueChanged(int decimals);
-    void on_sbChRes2_valueChanged(int decimals);
-    void on_sbChRes3_valueChanged(int decimals);
-    void on_sbChRes4_valueChanged(int decimals);
-    void on_sbChRes5_valueChanged(int decimals);
-    void on_sbChRes6_valueChanged(int decimals);
-    void on_sbChRes7_valueChanged(int decimals);
-    void on_sbChRes8_valueChanged(int decimals);
+    void on_btnClose_clicked() { close(); }
+    void on_sbChRes1_valueChanged(int decimals) { WriteResolution(1, decimals); }
+    void on_sbChRes2_valueChanged(int decimals) { WriteResolution(2, decimals); }
+    void on_sbChRes3_valueChanged(int decimals) { WriteResolution(3, decimals); }
+    void on_sbChRes4_valueChanged(int decimals) { WriteResolution(4, decimals); }
+    void on_sbChRes5_valueChanged(int decimals) { WriteResolution(5, decimals); }
+    void on_sbChRes6_valueChanged(int decimals) { WriteResolution(6, decimals); }
+    void on_sbChRes7_valueChanged(int decimals) { WriteResolution(7, decimals); }
+    void on_sbChRes8_valueChanged(int decimals) { WriteResolution(8, decimals); }
     void on_cbOrientation_currentIndexChanged(int index);
     void on_cbMode_currentIndexChanged(int index);
     void on_cbButton1Conf_currentIndexChanged(int index);
@@ -53,7 +51,7 @@ private:
 
     void ReadSettings();
     void ReadResolutions();
-    /// Also while the form is being filled: what the tool shows then comes to lie in the form's range.
+    /// Deliberate: also while the form is being filled, which brings the tool's resolution into the form's range.
     void WriteResolution(int channel, int decimals);
 
     std::unique_ptr<Ui::KRV_X_Settings_Dialog> ui;

@@ -3,6 +3,8 @@
 #include "ui_WaitForProcessDialog.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QWindow>
 
 WaitForProcessDialog::WaitForProcessDialog(QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::CustomizeWindowHint),
@@ -11,6 +13,18 @@ WaitForProcessDialog::WaitForProcessDialog(QWidget* parent)
 }
 
 WaitForProcessDialog::~WaitForProcessDialog() = default;
+
+void WaitForProcessDialog::ShowPainted() {
+    constexpr int atMostMs = 500;
+    QElapsedTimer sinceShown;
+    sinceShown.start();
+    show();
+    // What is painted before the window system has put the window on the screen is lost.
+    do {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    } while (!windowHandle()->isExposed() && !sinceShown.hasExpired(atMostMs));
+    repaint();
+}
 
 void WaitForProcessDialog::setProgress(int percent, const QString& message) {
     ui->lblWaitMessage->setText(QStringLiteral("Please Wait:\n\n") + message);

@@ -1,20 +1,20 @@
 #include "panels/wireless/moduleRLKWidget.h"
 
 #include "library/TavikModuleRLK.h"
+#include "panels/common/BackgroundCalls.h"
+#include "panels/common/BlockingOperation.h"
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
 #include "panels/common/ModalDialog.h"
 #include "panels/common/Run.h"
-#include "panels/common/WaitCursor.h"
 #include "panels/wireless/DialogReadKRV.h"
 #include "panels/wireless/KRV_Settings_Dialog.h"
 #include "panels/wireless/KRV_X_Settings_Dialog.h"
-#include "panels/wireless/ModuleRestart.h"
 #include "ui_moduleRLKWidget.h"
 
-#include <QScopeGuard>
+#include <QPointer>
 
 using TavikLibrary::eRLK_DeviceType;
 using TavikLibrary::RLK_Device;
@@ -29,21 +29,18 @@ constexpr int identityLength = 10;
 } // namespace
 
 moduleRLKWidget::moduleRLKWidget(QWidget* parent)
-    : TypePanelOf(parent, moduleTitle),
-      ui(std::make_unique<Ui::moduleRLKWidget>()),
-      restart(std::make_shared<ModuleRestart>(this)) {
+    : TypePanelOf(parent, moduleTitle), ui(std::make_unique<Ui::moduleRLKWidget>()) {
     ui->setupUi(this);
     rows = Rows();
     // The panel does not jump when the banner comes and goes.
     QSizePolicy bannerPolicy = ui->lblWait->sizePolicy();
     bannerPolicy.setRetainSizeWhenHidden(true);
     ui->lblWait->setSizePolicy(bannerPolicy);
+    ui->lblWait->hide();
     connect(this, &moduleRLKWidget::restartFinished, this, &moduleRLKWidget::onRestartFinished);
 }
 
-moduleRLKWidget::~moduleRLKWidget() {
-    restart->Forget();
-}
+moduleRLKWidget::~moduleRLKWidget() = default;
 
 std::array<moduleRLKWidget::Row, moduleRLKWidget::slotCount> moduleRLKWidget::Rows() const {
     return {{
@@ -67,13 +64,16 @@ bool moduleRLKWidget::HasIdentity(int slot) {
 // Filling
 
 void moduleRLKWidget::Fill() {
+    for (const Row& row : rows) {
+        row.identity->clear();
+        row.name->clear();
+        ShowInField(row.deviceType, QString());
+    }
     WakeDevices();
     for (int slot = 0; slot < slotCount; ++slot) {
         Device(slot)->UpdateDeviceFieldData();
     }
     ShowDevices();
-    EnableCommands(true);
-    ui->lblWait->hide();
 }
 
 void moduleRLKWidget::WakeDevices() {
@@ -88,42 +88,52 @@ void moduleRLKWidget::WakeDevices() {
 }
 
 void moduleRLKWidget::ShowDevices() {
+    std::array<QString, slotCount> identities;
+    std::array<QString, slotCount> types;
+    std::array<QString, slotCount> names;
     for (int slot = 0; slot < slotCount; ++slot) {
-        rows[slot].identity->setText(FromLibrary(Device(slot)->TavikIdentity()));
+        identities[slot] = FromLibrary(Device(slot)->TavikIdentity());
     }
     for (int slot = 0; slot < slotCount; ++slot) {
-        const eRLK_DeviceType type = Device(slot)->DeviceType();
-        ShowInField(rows[slot].deviceType, FromLibrary(TavikLibrary::eRLK_DeviceType_ToString(type)));
+        types[slot] = FromLibrary(TavikLibrary::eRLK_DeviceType_ToString(Device(slot)->DeviceType()));
     }
     for (int slot = 0; slot < slotCount; ++slot) {
-        rows[slot].name->setText(FromLibrary(Device(slot)->DeviceName()));
+        names[slot] = FromLibrary(Device(slot)->DeviceName());
+    }
+    // All or nothing: Apply writes what is shown.
+    for (int slot = 0; slot < slotCount; ++slot) {
+        rows[slot].identity->setText(identities[slot]);
+        ShowInField(rows[slot].deviceType, types[slot]);
+        rows[slot].name->setText(names[slot]);
     }
 }
 
 void moduleRLKWidget::SetEnabled(bool enable) {
-    LastResort::Run([this, enable] { EnableCommands(enable); });
-}
-
-void moduleRLKWidget::EnableCommands(bool enable) {
     if (module == nullptr) {
         return;
     }
+    const bool usable = enable && filled;
     for (int slot = 0; slot < slotCount; ++slot) {
-        const bool known = enable && HasIdentity(slot) && Device(slot)->DeviceType() != eRLK_DeviceType::None;
+        bool known = false;
+        bool hasIdentity = false;
+        if (usable) {
+            LastResort::Run([&] {
+                known = HasIdentity(slot) && Device(slot)->DeviceType() != eRLK_DeviceType::None;
+                hasIdentity = HasIdentity(slot);
+            });
+        }
         rows[slot].configure->setEnabled(known);
-        rows[slot].read->setEnabled(enable && HasIdentity(slot));
+        rows[slot].read->setEnabled(hasIdentity);
+        rows[slot].deviceType->setEnabled(usable);
+        rows[slot].name->setEnabled(usable);
     }
-    for (const Row& row : rows) {
-        row.deviceType->setEnabled(enable);
-        row.name->setEnabled(enable);
-    }
-    ui->btnApplySettings->setEnabled(enable);
+    ui->btnApplySettings->setEnabled(usable);
 }
 
 // Writing identities and names, and the restart that makes them effective
 
 void moduleRLKWidget::on_btnApplySettings_clicked() {
-    if (run != nullptr) {
+    if (!filled || !restart.expired()) {
         return;
     }
     errors.Try([this] {
@@ -146,35 +156,33 @@ void moduleRLKWidget::WriteIdentitiesAndNames() {
 }
 
 void moduleRLKWidget::StartRestart() {
-    auto giveUp = qScopeGuard([this] { ShowRestarting(false); });
-    ShowRestarting(true);
-    restart->Start(module);
-    giveUp.dismiss();
-}
-
-void moduleRLKWidget::ShowRestarting(bool nowRestarting) {
-    ui->lblWait->setVisible(nowRestarting);
-    run.reset();
-    if (nowRestarting) {
-        run = std::make_unique<Run>(*mainWindow, QStringLiteral("wireless restart"), nullptr);
-        run->activity.ShowSeconds(QStringLiteral("Restarting the wireless connection module"));
-    }
-}
-
-void moduleRLKWidget::onRestartFailed() {
-    const auto goOn = qScopeGuard([keep = restart] { keep->FailureSeen(); });
-    ShowErrorBox(mainWindow, moduleTitle, restart->Failure());
+    auto run = std::make_shared<Run>(*mainWindow, QStringLiteral("wireless restart"), nullptr);
+    run->activity.ShowSeconds(QStringLiteral("Restarting the wireless connection module"));
+    restart = run;
+    const QPointer<moduleRLKWidget> panel(this);
+    const QPointer<HostWindow> host(mainWindow);
+    const auto finished = [panel, host, run = std::move(run)](const std::optional<QString>& failure) mutable {
+        if (!failure.has_value()) {
+            run->activity.SetOutcome(QStringLiteral("Wireless connection module restarted, %1 s"));
+        } else if (host != nullptr) {
+            ShowErrorBox(host, moduleTitle, *failure);
+        }
+        run.reset();
+        if (panel != nullptr) {
+            emit panel->restartFinished();
+        }
+    };
+    BackgroundCalls::Start([restarted = module] { restarted->Restart(); }, finished);
+    ui->lblWait->show();
 }
 
 void moduleRLKWidget::onRestartFinished() {
     if (mainWindow->IsClosing()) {
         return;
     }
-    const auto idleAgain = qScopeGuard([this] { ShowRestarting(false); });
-    LastResort::Run([this] {
-        const WaitCursor waitCursor;
-        FillAnew();
-    });
+    const BlockingOperation blocking(mainWindow, QStringLiteral("Reading the hand tools..."));
+    LastResort::Run([this] { FillAnew(); });
+    ui->lblWait->hide();
 }
 
 // The dialogs of the slots
@@ -201,54 +209,11 @@ void moduleRLKWidget::ConfigureDevice(int slot) {
 
 template <class Dialog>
 void moduleRLKWidget::RunSettingsDialog(RLK_Device* device) {
-    TavikLibrary::RLK_DeviceSettingsBase* settings = device->Settings();
-    ModalDialog<Dialog>(mainWindow, device, settings).Run();
-}
-
-void moduleRLKWidget::on_btnRead1_clicked() {
-    ReadDevice(0);
-}
-
-void moduleRLKWidget::on_btnRead2_clicked() {
-    ReadDevice(1);
-}
-
-void moduleRLKWidget::on_btnRead3_clicked() {
-    ReadDevice(2);
-}
-
-void moduleRLKWidget::on_btnRead4_clicked() {
-    ReadDevice(3);
-}
-
-void moduleRLKWidget::on_btnRead5_clicked() {
-    ReadDevice(4);
-}
-
-void moduleRLKWidget::on_btnRead6_clicked() {
-    ReadDevice(5);
-}
-
-void moduleRLKWidget::on_btnConfig1_clicked() {
-    ConfigureDevice(0);
-}
-
-void moduleRLKWidget::on_btnConfig2_clicked() {
-    ConfigureDevice(1);
-}
-
-void moduleRLKWidget::on_btnConfig3_clicked() {
-    ConfigureDevice(2);
-}
-
-void moduleRLKWidget::on_btnConfig4_clicked() {
-    ConfigureDevice(3);
-}
-
-void moduleRLKWidget::on_btnConfig5_clicked() {
-    ConfigureDevice(4);
-}
-
-void moduleRLKWidget::on_btnConfig6_clicked() {
-    ConfigureDevice(5);
+    const QPointer<TypePanel> panel(this);
+    ModalDialog<Dialog> dialog(mainWindow, device, device->Settings());
+    if (IsOpen(panel)) {
+        // The dialog belongs to the window, but its settings to the module, which goes with the panel.
+        connect(this, &TypePanel::Closed, &*dialog, &QDialog::reject);
+        dialog.Run();
+    }
 }

@@ -5,7 +5,6 @@
 #include <array>
 #include <memory>
 
-class ModuleRestart;
 class Run;
 class QLineEdit;
 class QPushButton;
@@ -28,8 +27,8 @@ public:
     explicit moduleRLKWidget(QWidget* parent);
     ~moduleRLKWidget() override;
 
-    /// A slot can be read once it has an identity, and configured once its hand tool is known. Never throws;
-    /// does nothing without a module.
+    /// A slot can be read once it has an identity, and configured once its hand tool is known. Asks the module; a slot
+    /// that fails stays disabled and is reported. Never throws; does nothing without a module.
     void SetEnabled(bool enable) override;
 
 protected:
@@ -37,28 +36,27 @@ protected:
     std::vector<QWidget*> Commands() const override { return {}; }
 
 signals:
-    /// Emitted on the restart's own thread, whatever became of the restart.
+    /// The restart is over, whether it succeeded or failed.
     void restartFinished();
 
 private slots:
     void on_btnApplySettings_clicked();
 
-    void on_btnRead1_clicked();
-    void on_btnRead2_clicked();
-    void on_btnRead3_clicked();
-    void on_btnRead4_clicked();
-    void on_btnRead5_clicked();
-    void on_btnRead6_clicked();
+    void on_btnRead1_clicked() { ReadDevice(0); }
+    void on_btnRead2_clicked() { ReadDevice(1); }
+    void on_btnRead3_clicked() { ReadDevice(2); }
+    void on_btnRead4_clicked() { ReadDevice(3); }
+    void on_btnRead5_clicked() { ReadDevice(4); }
+    void on_btnRead6_clicked() { ReadDevice(5); }
 
     void onRestartFinished();
-    void onRestartFailed();
 
-    void on_btnConfig1_clicked();
-    void on_btnConfig2_clicked();
-    void on_btnConfig3_clicked();
-    void on_btnConfig4_clicked();
-    void on_btnConfig5_clicked();
-    void on_btnConfig6_clicked();
+    void on_btnConfig1_clicked() { ConfigureDevice(0); }
+    void on_btnConfig2_clicked() { ConfigureDevice(1); }
+    void on_btnConfig3_clicked() { ConfigureDevice(2); }
+    void on_btnConfig4_clicked() { ConfigureDevice(3); }
+    void on_btnConfig5_clicked() { ConfigureDevice(4); }
+    void on_btnConfig6_clicked() { ConfigureDevice(5); }
 
 private:
     static constexpr int slotCount = 6;
@@ -78,10 +76,8 @@ private:
 
     void WakeDevices();
     void ShowDevices();
-    void EnableCommands(bool enable);
     void WriteIdentitiesAndNames();
     void StartRestart();
-    void ShowRestarting(bool restarting);
     void ReadDevice(int slot);
     void ConfigureDevice(int slot);
     template <class Dialog>
@@ -89,6 +85,5 @@ private:
 
     std::unique_ptr<Ui::moduleRLKWidget> ui;
     std::array<Row, slotCount> rows;
-    std::shared_ptr<ModuleRestart> restart;
-    std::unique_ptr<Run> run; ///< while the module restarts
+    std::weak_ptr<Run> restart; ///< held by the restart's end, so that the controls outlast the panel's deletion
 };

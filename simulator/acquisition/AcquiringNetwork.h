@@ -9,7 +9,7 @@ namespace TavikSimulator {
 
 class ModuleHardware;
 
-/// Acquisition modes and kinds of triggers that a network's controller offers.
+/// Acquisition modes and trigger sources that a network's controller offers.
 struct NetworkCapabilities {
     bool buffered = true;
     bool bufferedExternal = true;
@@ -37,7 +37,7 @@ public:
     virtual void RequireChangeable() = 0;
     /// Throws for a list position without a module.
     virtual void RequireIndex(int index) = 0;
-    /// Throws when a listed module does not answer, and keeps that as its last result code.
+    /// Throws when a listed module does not answer, and stores that as its last result code.
     virtual void RequireAnswer(const ModuleHardware& module) = 0;
 
 protected:

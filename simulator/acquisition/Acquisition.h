@@ -12,13 +12,13 @@ public:
     explicit Acquisition(AcquiringNetwork& network) : buffered(network), difference(network), dynamic(network) {}
 
     bool Running() const;
-    /// Takes the readings that are due until a bench time, in seconds.
+    /// Takes the readings that are due until a bench time.
     void CollectUntil(Nanoseconds time);
-    /// Ends what runs because the network is disconnected.
+    /// Ends the running mode because the network is disconnected.
     void Disconnect();
-    /// A module leaves the list: what the library keeps of it is lost.
+    /// Discards the library's state of a module that leaves the list.
     void Forget(const ModuleHardware& module) { difference.Forget(module); }
-    /// The library ends: what it keeps of the network is lost.
+    /// Discards the library's state of the network.
     void Reset();
 
     BufferedMode buffered;

@@ -13,7 +13,7 @@ using TavikLibrary::TavikReading;
 
 namespace {
 
-/// For how long a module that triggers can look back, with room to spare.
+/// Longest stretch in one step: a trigger master keeps at least the last second of its travel.
 constexpr std::chrono::milliseconds LongestStretch{400};
 
 TavikReading ReadingOf(const ModuleHardware& hardware, Nanoseconds time) {
@@ -79,7 +79,7 @@ void BufferedCollection::CollectStretch(Nanoseconds until) {
     }
 }
 
-// A module that triggers and drops out triggers no more in this run.
+// A trigger master that stops responding triggers no more in this run.
 void BufferedCollection::FollowTriggers(Nanoseconds until) {
     if (!triggers->Master().Answers(until)) {
         triggers.reset();

@@ -9,8 +9,8 @@
 
 namespace TavikSimulator {
 
-/// A run of buffered mode: which reading is due when. Readings are computed when the bench is next brought up to date,
-/// each for the instant at which it was due. Guarded by the bench's lock.
+/// A run of buffered mode. Readings are computed when the bench is advanced, each for the instant at which it was due.
+/// Guarded by the bench's lock.
 class BufferedCollection {
 public:
     /// A module of the list, enabled or not. Pointers outlast the collection.
@@ -18,8 +18,8 @@ public:
         ModuleHardware* hardware;
         BufferedModule* buffer;
     };
-    /// Starts a run with the enabled ones of a network's modules. The trigger master is the list position of the module
-    /// that triggers those before it, or -1.
+    /// Starts a run with the enabled modules. The trigger master is the list position of the module that triggers those
+    /// before it, or -1.
     BufferedCollection(const std::vector<Participant>& modules, int master, Nanoseconds start);
 
     /// Takes the readings that are due until an instant.

@@ -29,7 +29,7 @@ int BufferedMode::EnabledCount() {
                                           [this](const ModuleHardware* module) { return Of(*module).Enabled(); }));
 }
 
-// The master is known by its identity: it stays the master when the list changes around it.
+// The trigger master is stored by identity: it stays the master when the list changes.
 int BufferedMode::MasterIndex() {
     const auto listed = network.Listed();
     const auto found = std::find_if(listed.begin(), listed.end(),

@@ -37,7 +37,7 @@ public:
     void Sample();
     /// Does nothing when buffered mode does not run.
     void Stop();
-    /// Takes the readings that are due until a bench time, in seconds.
+    /// Takes the readings that are due until a bench time.
     void CollectUntil(Nanoseconds time);
 
 private:

@@ -16,7 +16,7 @@ namespace {
 constexpr int UnitsPerStep = 40;
 constexpr int StepMicroseconds = static_cast<int>((UnitsPerStep * TimingUnit).count() / 1000);
 
-// The nearest whole number of steps, and never none.
+// The nearest whole number of steps, at least 1.
 std::int64_t StepsFor(int microseconds) {
     return std::max<std::int64_t>(1, (std::int64_t{microseconds} + StepMicroseconds / 2) / StepMicroseconds);
 }

@@ -12,8 +12,8 @@ namespace TavikSimulator {
 
 constexpr Nanoseconds TimingUnit{102400};
 
-/// What a module is set to in buffered mode, and the readings in its buffer. The setters throw TavikException,
-/// and change nothing, for a value that the module cannot be set to.
+/// Settings of a module in buffered mode, and the readings in its buffer. The setters throw TavikException, and change
+/// nothing, for a value that the module does not support.
 class BufferedModule {
 public:
     BufferedModule(std::string moduleIdentity, bool bufferedCapable, int bufferDepth);
@@ -22,21 +22,21 @@ public:
     void SetMode(TavikLibrary::eBufferedMode mode);
     bool Enabled() const { return enabled; }
     void SetEnabled(bool enable);
-    /// As it was asked for, in microseconds.
+    /// Requested interval in microseconds.
     int Interval() const { return interval; }
     void SetInterval(int microseconds);
-    /// The achievable interval: in timing units, and less the one asked for in microseconds.
+    /// Achievable interval in timing units, and its difference from the requested interval in microseconds.
     int Units() const;
     int IntervalError() const;
 
-    /// Empties the buffer for another run.
+    /// Empties the buffer for a new run.
     void Begin();
-    /// Whether the buffer takes readings in this run.
+    /// Whether the buffer stores readings in this run.
     bool Takes() const { return taking; }
-    /// Stores a reading; when there is no room for it, the newest one tells of the overrun and the buffer takes no
-    /// more.
+    /// Stores a reading. When the buffer is full, sets the code of the newest reading to BufferOverrun and ends
+    /// storing.
     void Store(const TavikLibrary::TavikReading& reading);
-    /// The module is not there any more: a last entry without a value tells so.
+    /// Appends an entry without a value because the module has stopped responding, and ends storing.
     void StopResponding();
     int Length() const { return static_cast<int>(readings.size()); }
     /// Throws TavikException for an index without a reading.

@@ -11,13 +11,13 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-/// The most readings of one module that one update computes. When an update covers more, each computed reading is
-/// weighted by the readings it replaces.
+/// Most readings of one module that one update computes. Beyond, each computed reading is weighted by the readings it
+/// replaces.
 constexpr std::int64_t MostAtOnce = 2000;
 
 } // namespace
 
-/// The modules that take part in a run, and how far it has gone.
+/// Modules of a run and the bench time until which they have accumulated readings.
 class DifferenceMode::Collection {
 public:
     struct Participant {

@@ -8,7 +8,7 @@
 
 namespace TavikSimulator {
 
-/// A listed module's part in difference mode.
+/// State of a listed module in difference mode.
 struct DifferenceModule {
     bool enabled = false;
     DifferenceValues values; ///< as fetched last
@@ -29,29 +29,31 @@ public:
     State CurrentState() const { return state; }
     bool Running() const { return state == State::Running; }
 
-    /// A listed module's part. Shared with the library's object of the module, which outlasts its place in the list.
+    /// State of a listed module. Shared with the library's object of the module, which outlasts its place in the list.
     std::shared_ptr<DifferenceModule> Of(const ModuleHardware& module);
-    /// Enables or disables a module. Throws TavikException, and changes nothing, when that cannot be.
+    /// Enables or disables a module. Throws TavikException, and changes nothing, during a collection and for a module
+    /// without difference mode.
     void SetEnabled(const ModuleHardware& module, bool enabled);
-    /// A module leaves the list; it comes back disabled and without values.
+    /// Discards the state of a module that leaves the list.
     void Forget(const ModuleHardware& module) { modules.erase(&module); }
-    /// Forgets all modules.
+    /// Discards the states of all modules.
     void Reset() { modules.clear(); }
 
     /// How many modules of the list are enabled.
     int EnabledCount();
-    /// How many modules take part in the run that is on, or is still to be stopped; 0 without one.
+    /// Number of modules in the run, until Stop; 0 without a run.
     int TakingPart() const;
-    /// Throws TavikException, and starts nothing, when it cannot start.
+    /// Starts a run. Throws TavikException, and starts nothing, when a module does not answer or another collection is
+    /// running.
     void Start();
-    /// Ends the run, and fetches what its modules have accumulated. Does nothing when there is none.
+    /// Ends the run and fetches the accumulated values. Does nothing without a run.
     void Stop();
-    /// The network is disconnected; values not fetched yet are lost.
+    /// Discards the run because the network is disconnected.
     void Abandon();
-    /// Takes the readings that are due until a bench time, in seconds.
+    /// Takes the readings that are due until a bench time.
     void CollectUntil(Nanoseconds time);
-    /// Fetches what a module has accumulated so far. Throws TavikException when it does not answer. Does nothing for
-    /// a module that takes no part.
+    /// Fetches the values that a module has accumulated so far. Throws TavikException when it does not answer. Does
+    /// nothing for a module outside the run.
     void Fetch(const ModuleHardware& module);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace TavikSimulator {
 
-/// What difference mode says of one module.
+/// Results of difference mode for one module.
 struct DifferenceValues {
     int code = 0; ///< result code of the run
     int maxCounts = 0;
@@ -14,24 +14,22 @@ struct DifferenceValues {
     int diffCounts = 0;
     std::int64_t sumCounts = 0;
     int readings = 0;
-    double max = 0.0; ///< this and the next three in the module's unit
+    double max = 0.0; ///< this and the next three: in the module's unit
     double min = 0.0;
     double diff = 0.0;
     double sum = 0.0;
 };
 
-/// Extremes, sum and number of the readings of one module. The result code of the whole is that of its worst
-/// reading: no reading at all is worse than one beyond the stroke, and that is worse than a warning; of equally bad
-/// ones it is the first.
+/// Extremes, sum and number of the readings of one module. The result code is that of the worst reading, the first of
+/// equally bad ones: no reading is worse than a range limit, and that is worse than a warning.
 class DifferenceTally {
 public:
-    /// Takes a reading that stands for so many like it, 1 or more. One whose code says that it has no value counts
-    /// with its code only.
+    /// Adds a reading weighted by the readings it replaces, 1 or more. A reading without a value adds its code only.
     void Add(const Reading& reading, std::int64_t alike);
-    /// Takes only a result code.
+    /// Adds a result code only.
     void AddCode(int code);
 
-    /// The code says that there is no reading until there is one.
+    /// Results so far; ReadingNotAvailable before the first reading.
     DifferenceValues Values() const;
 
 private:

@@ -14,7 +14,7 @@ std::string DynamicMode::Name() const {
     return "Network \"" + network.Name() + "\"";
 }
 
-// The modules and the controller have taken the settings in when the network was enabled.
+// Enabling transfers the settings to the modules and the controller.
 DynamicSettings& DynamicMode::ChangeableSettings() {
     network.RequireConnected();
     if (enabled) {

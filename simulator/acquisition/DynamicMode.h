@@ -20,29 +20,29 @@ public:
     explicit DynamicMode(AcquiringNetwork& owner) : network(owner), settings(owner) {}
 
     const DynamicSettings& Settings() const { return settings; }
-    /// The settings, to be changed. Throws TavikException while the network is enabled for dynamic mode.
+    /// Settings to change. Throws TavikException while the network is enabled for dynamic mode.
     DynamicSettings& ChangeableSettings();
 
     bool Enabled() const { return enabled; }
-    /// Checks whether the settings go together.
+    /// Enables the network. Throws TavikException when the settings do not fit each other.
     void Enable();
     void Disable();
     TavikLibrary::eDynamicState State() const { return state; }
-    /// Whether a collection runs, or has ended and is still to be announced.
+    /// Whether a collection runs, or has ended and is not announced yet.
     bool Running() const;
-    /// Discards the readings of the collection before.
+    /// Prepares a collection and discards the readings of the previous one.
     void Prepare();
-    /// Only on a prepared network. The callback may be null.
+    /// Starts the collection of a prepared network. The callback can be null.
     void Start(Callback collectionFinished);
-    /// Takes the syncs that are due until a bench time, in seconds.
+    /// Takes the syncs that are due until a bench time.
     void CollectUntil(Nanoseconds time);
     /// Does nothing when no collection runs.
     void Stop() { End(TavikLibrary::eTavikErrors::NoError); }
-    /// The network is disconnected.
+    /// Ends the collection because the network is disconnected.
     void Disconnect();
-    /// After a collection's end: makes its results available. Returns the callback to call, or null.
+    /// Makes the results of an ended collection available. Returns the callback to call, or null.
     Callback Announce();
-    /// Forgets settings, state and readings.
+    /// Discards settings, state and readings.
     void Reset();
 
     const DynamicReadings& Readings() const { return readings; }

@@ -7,29 +7,28 @@
 
 namespace TavikSimulator {
 
-/// The readings of a dynamic collection, sync by sync, in bounded memory: when it is full, the oldest sync makes
-/// room for the next.
+/// Readings of a dynamic collection, sync by sync, in a ring buffer: when it is full, the oldest sync is overwritten.
 class DynamicReadings {
 public:
-    /// The most readings kept, over all modules; 16 bytes each.
+    /// Capacity in readings over all modules; 16 bytes each.
     static constexpr int Most = 4000000;
 
-    /// Begins anew, with room for readings of this many modules (1 or more) per sync.
+    /// Empties the buffer for readings of this many modules (1 or more) per sync.
     void Begin(int modules);
 
     int Modules() const { return modules; }
     /// How many syncs are kept.
     int Syncs() const { return syncs; }
-    /// How many syncs can be kept.
+    /// Capacity in syncs.
     int Room() const;
-    /// Whether a sync had to make room.
+    /// Whether a sync was overwritten.
     bool Overwritten() const { return overwritten; }
 
-    /// Makes room for a sync. Its readings are appended then, one of each module in order.
+    /// Begins a sync. Its readings are appended then, one of each module in order.
     void BeginSync();
     void Append(const TavikLibrary::TavikReading& reading) { readings.push_back(reading); }
 
-    /// Sync 0 is the oldest one that is kept.
+    /// Sync 0 is the oldest kept one.
     const TavikLibrary::TavikReading& At(int module, int sync) const;
 
 private:

@@ -107,7 +107,7 @@ int DynamicSettings::NumberOfModules() const {
 }
 
 int DynamicSettings::MinimumInterval() const {
-    // A sync message, and the answer of each module.
+    // A sync message and the answer of each module, in µs.
     constexpr int syncMessage = 100;
     constexpr int answer = 6;
     return syncMessage + answer * NumberOfModules();

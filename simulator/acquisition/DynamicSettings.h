@@ -9,8 +9,8 @@
 
 namespace TavikSimulator {
 
-/// How a network is to collect in dynamic mode. The setters throw TavikException, and change nothing, for a value that
-/// the network does not have. They accept any order; RequirePossible checks the settings against each other.
+/// Settings of dynamic mode. The setters throw TavikException, and change nothing, for a value that the network does
+/// not have. Their order is free; RequirePossible checks the settings against each other.
 class DynamicSettings {
 public:
     explicit DynamicSettings(AcquiringNetwork& owner) : network(&owner) {}
@@ -34,13 +34,13 @@ public:
 
     /// Shortest interval between syncs in microseconds: 100, and 6 for each module that is collected.
     int MinimumInterval() const;
-    /// Between two syncs that the controller triggers, in microseconds.
+    /// Interval between syncs that the controller triggers, in microseconds.
     int SyncInterval() const;
     /// The modules that are collected.
     std::vector<ModuleHardware*> Modules() const;
     /// The module that triggers syncs; null for the controller.
     ModuleHardware* Master() const;
-    /// Throws TavikException when the settings do not go together.
+    /// Throws TavikException when the settings do not fit each other.
     void RequirePossible() const;
 
 private:
@@ -58,7 +58,7 @@ private:
     TavikLibrary::eDynamicRate rate = TavikLibrary::eDynamicRate::Rate4K;
     int interval = 1000;
     int collectionSize = 1000;
-    std::optional<int> numberOfModules; ///< unset: all from the first on that can be collected
+    std::optional<int> numberOfModules; ///< unset: all modules from the first on that can be collected
     int masterIndex = -1;
 };
 

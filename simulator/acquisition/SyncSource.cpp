@@ -32,8 +32,8 @@ private:
     std::int64_t given = 0;
 };
 
-/// Polls the master's count at fixed times, and searches the last poll interval for a trigger. The syncs do not depend
-/// on how often the collection is brought up to date.
+/// Polls the trigger master's count every millisecond and searches the last interval for a trigger. The syncs do not
+/// depend on how often the collection is advanced.
 class FromMaster : public SyncSource {
 public:
     FromMaster(ModuleHardware& theMaster, Nanoseconds theBeginning, Nanoseconds theShortestInterval)
@@ -73,11 +73,11 @@ private:
         std::int64_t count;
     };
     static constexpr std::chrono::milliseconds pollInterval{1};
-    /// The search for a trigger divides a poll interval into so many parts, of 61 ns.
+    /// Parts of a poll interval in the search for a trigger: 61 ns each.
     static constexpr std::int64_t parts = 1 << 14;
     static constexpr Nanoseconds tolerance{100}; ///< of the instant of a trigger
 
-    /// The reference mark begins the counting, and sets the master's own count to 0 or its preset on the way.
+    /// Waits for the reference mark, which starts the counting and sets the master's count to 0 or its preset.
     bool WaitForMark() {
         const bool reset = settings.Mode() == eDynamicMasterMode::Refaction_Reset;
         if (!reset && settings.Mode() != eDynamicMasterMode::Refaction_Preset) {
@@ -100,7 +100,7 @@ private:
         }
     }
 
-    /// The next trigger between the last two polls that finds the modules ready.
+    /// The next trigger in the last poll interval for which the modules are ready.
     std::optional<Nanoseconds> BetweenPolls() {
         if (!target || after.count < *target) {
             return std::nullopt;
@@ -113,7 +113,7 @@ private:
         return after.count < *target ? std::nullopt : std::optional<Nanoseconds>(TimeOf(*target));
     }
 
-    /// When the master reached a count between the last two polls.
+    /// Instant at which the master reached a count in the last poll interval.
     Nanoseconds TimeOf(std::int64_t count) const {
         std::int64_t earlier = 0;
         std::int64_t later = parts;

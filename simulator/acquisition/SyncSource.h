@@ -9,22 +9,21 @@ namespace TavikSimulator {
 
 class ModuleHardware;
 
-/// When the syncs of a dynamic collection fall.
+/// Source of the syncs of a dynamic collection.
 class SyncSource {
 public:
     virtual ~SyncSource() = default;
-    /// The next sync that falls no later than a time; each sync is given once, in order.
+    /// Returns the next sync that is due by a time; each sync once, in order.
     virtual std::optional<Nanoseconds> Next(Nanoseconds until) = 0;
-    /// Whether a trigger came before the modules were ready for it, and was lost.
+    /// Whether a trigger was lost because the modules were not ready.
     virtual bool Missed() const { return false; }
 };
 
-/// The controller triggers at a fixed interval (above 0); the first sync comes one interval after the
-/// beginning.
+/// Syncs that the controller triggers at a fixed interval (above 0); the first one interval after the start.
 std::unique_ptr<SyncSource> ControllerSyncs(Nanoseconds beginning, Nanoseconds interval);
 
-/// A master module triggers, as its settings say at the beginning; it has to be a module that can. Triggers closer
-/// together than the shortest interval are lost.
+/// Syncs that a trigger master triggers by its settings at the start. Triggers closer together than the shortest
+/// interval are lost.
 std::unique_ptr<SyncSource> MasterSyncs(ModuleHardware& master, Nanoseconds beginning, Nanoseconds shortestInterval);
 
 } // namespace TavikSimulator

@@ -31,8 +31,8 @@ std::int64_t TriggerFollower::CountAt(std::int64_t poll) const {
     return master.TriggerCountAt(InstantOf(poll));
 }
 
-// The next trigger is near as a rule, so that the span is widened first. The count never goes back, so that halving
-// the span finds the look then.
+// The next trigger is usually near: the interval is doubled until it contains the trigger, then halved. The count never
+// decreases.
 std::int64_t TriggerFollower::FirstPollWith(std::int64_t count, std::int64_t before, std::int64_t last) const {
     std::int64_t ahead = 1;
     while (before + ahead < last && CountAt(before + ahead) < count) {

@@ -9,16 +9,15 @@ namespace TavikSimulator {
 
 class ModuleHardware;
 
-/// Finds when a module that triggers a collection has gone on by so many counts. The controller looks at it once
-/// every timing unit (102.4 us) from the beginning on: a trigger takes effect at the next look, and of several
-/// between two looks only one.
+/// Finds the triggers of a trigger master by its count. The controller polls the count every timing unit (102.4 µs)
+/// from the start: a trigger takes effect at the next poll, and several triggers between two polls count as one.
 class TriggerFollower {
 public:
     TriggerFollower(const ModuleHardware& master, int countsPerTrigger, Nanoseconds from);
 
     const ModuleHardware& Master() const { return master; }
-    /// When the module triggered after what was told before, until an instant, in order. To be asked at least
-    /// twice in a second of bench time.
+    /// Returns the instants of triggers since the previous call, until an instant, in order. Must be called at least
+    /// every 500 ms of bench time.
     std::vector<Nanoseconds> Until(Nanoseconds instant);
 
 private:
@@ -29,7 +28,7 @@ private:
     const ModuleHardware& master;
     const std::int64_t step;
     const Nanoseconds begin;
-    std::int64_t polls = 0; ///< made so far
+    std::int64_t polls = 0; ///< number of polls so far
     std::int64_t due;       ///< the count that triggers next
 };
 

@@ -48,7 +48,7 @@ void AllModules::SetPresent(const std::string& identity, bool present, Nanosecon
     if (present && !hardware.present) {
         for (const auto& other : modules) {
             if (other->replaces == identity) {
-                // Its connector takes one module at a time.
+                // A T-connector takes one module at a time.
                 other->present = false;
             }
         }

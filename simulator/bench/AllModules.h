@@ -20,17 +20,17 @@ public:
 
     auto begin() const { return modules.begin(); }
     auto end() const { return modules.end(); }
-    /// Null when there is no module of this identity.
+    /// Returns null when there is no module of this identity.
     std::shared_ptr<ModuleHardware> Find(const std::string& identity) const;
     /// Throws TavikException when there is no module of this identity.
     ModuleHardware& At(const std::string& identity) const;
-    /// The module that is plugged into the connector of another one; null when there is none.
+    /// Returns the module that is plugged into the T-connector of another one; null when there is none.
     std::shared_ptr<ModuleHardware> ReplacementOf(const std::string& identity) const;
 
-    /// Plugs a module in or pulls it off, at a bench time in seconds.
+    /// Plugs a module in or unplugs it, at a bench time.
     void SetPresent(const std::string& identity, bool present, Nanoseconds now);
-    /// Plugs a new module into the connector of a listed one, which is pulled off. Unknown stands for a module of the
-    /// same type. Throws TavikException, and changes nothing, when that cannot be.
+    /// Plugs a new module into the T-connector of a listed one, which is unplugged. Unknown stands for the same type.
+    /// Throws TavikException, and changes nothing, for an identity that is malformed or in use.
     void Replace(const std::string& oldIdentity, const std::string& newIdentity, TavikLibrary::eModuleType type);
 
 private:

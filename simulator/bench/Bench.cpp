@@ -149,16 +149,16 @@ void Bench::EndThreadIfUnused() {
 
 LibraryThread::PendingWork Bench::CollectPendingWork() {
     AdvanceToNow();
-    LibraryThread::PendingWork duty;
+    LibraryThread::PendingWork work;
     for (const auto& network : networks) {
         if (const auto call = network->acquisition.dynamic.Announce()) {
-            duty.calls.push_back(call);
+            work.calls.push_back(call);
         }
     }
-    duty.watching = std::any_of(networks.begin(), networks.end(), [](const auto& network) {
+    work.watching = std::any_of(networks.begin(), networks.end(), [](const auto& network) {
         return network->acquisition.dynamic.State() == eDynamicState::Running;
     });
-    return duty;
+    return work;
 }
 
 } // namespace TavikSimulator

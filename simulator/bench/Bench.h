@@ -16,7 +16,7 @@ namespace TavikSimulator {
 
 class SimulatedNetwork;
 
-/// Everything that a TavikServer finds: networks, modules, time, and the gate before it all.
+/// The simulated bench: networks, modules, time, and the gate of all library calls.
 class Bench final : private Gate::Updater {
 public:
     explicit Bench(const BenchDescription& description);
@@ -28,32 +28,32 @@ public:
     Gate gate;
     std::atomic<std::uint64_t> callsOnRemovedModules{0};
 
-    /// To be called without the lock of the gate, as LibraryThread's functions.
+    /// Called without the lock of the gate, as the functions of LibraryThread.
     void WakeThread() { thread.Wake(); }
     void EndThreadIfUnused();
 
-    // From here on guarded by the lock of the gate.
+    // Guarded by the lock of the gate from here on.
 
     /// All networks, in the order of the bench file.
     const std::vector<std::unique_ptr<SimulatedNetwork>>& Networks() const { return networks; }
     /// The network of a name. Throws TavikException when there is none.
     SimulatedNetwork& NetworkNamed(const std::string& name);
-    /// Whether any network has a module of this identity, on the wire or not.
+    /// Whether any network has a module of this identity, listed or not.
     bool HasModule(const std::string& identity);
     /// Seed of the noise of the module with this identity.
     std::uint64_t SeedOf(const std::string& identity) const;
-    /// Lets what is due by now happen.
+    /// Executes the events and takes the readings that are due by now.
     void AdvanceToNow() override;
 
-    /// A server begins or ends; with the last one all objects of the library end.
+    /// Counts a server; the last Detach destroys all objects of the library.
     void Attach() { ++servers; }
     void Detach();
-    /// Starts the dynamic collections that are prepared. The callback is called from the library's own thread when
-    /// one of them has ended. Throws TavikException, and starts none, when that cannot be.
+    /// Starts the dynamic collections that are prepared. The library's own thread calls the callback when one of them
+    /// has ended. Throws TavikException, and starts none, when no network is prepared or one is collecting.
     void StartDynamic(void (*collectionFinished)());
     void StopDynamic();
 
-    /// Made by the boundary for the first server.
+    /// Created by the boundary for the first server.
     std::unique_ptr<TavikLibrary::TavikNetworks> object;
 
 private:
@@ -72,7 +72,7 @@ private:
     std::vector<std::unique_ptr<SimulatedNetwork>> networks;
     std::vector<Event> events; ///< the next one last
     int servers = 0;
-    /// Ends before everything else.
+    /// Last member: destroyed before the others.
     LibraryThread thread;
 };
 

@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
-// What a bench file says, as plain data.
+// Contents of a bench file as plain data.
 namespace TavikSimulator {
 
 enum class EventKind { ModuleLeaves, ModuleReturns, ModuleReplaced, ControllerLeaves, ControllerReturns };
 
-/// Something that happens by itself at a bench time.
+/// An event that the bench executes at a bench time.
 struct EventDescription {
     EventKind kind = EventKind::ModuleLeaves;
     Nanoseconds at{};
@@ -52,7 +52,7 @@ struct BenchDescription {
     std::vector<Fault> faults;
 };
 
-/// The most modules that a network holds.
+/// Largest number of modules in a network.
 constexpr int MostModules = 150;
 
 } // namespace TavikSimulator

@@ -14,7 +14,7 @@ namespace TavikSimulator {
 
 namespace {
 
-// A second bench of the same process goes on in the file that the first one began.
+// A second bench of the process appends to the file of the first one.
 int OpenFile(const std::string& path) {
     static std::mutex mutex;
     static std::set<std::string> begun;
@@ -82,7 +82,7 @@ void CallJournal::Clear() {
 void CallJournal::Add(const JournalEntry& entry) {
     const std::lock_guard lock(mutex);
     if (file >= 0) {
-        // One write for a line: what was called before a crash is in the file.
+        // One write per line, so that the lines before a crash are in the file.
         WriteAll(file, JournalLine(entry) + "\n");
     }
     if (keeping) {
@@ -106,7 +106,7 @@ std::vector<JournalEntry> CallJournal::Entries() const {
         const std::lock_guard lock(mutex);
         entries = ring;
     }
-    // Calls are added when they end; a long one may have begun before others that ended earlier.
+    // Calls are added at their end; a long call can have begun before shorter ones that ended earlier.
     std::sort(entries.begin(), entries.end(),
               [](const JournalEntry& a, const JournalEntry& b) { return a.number < b.number; });
     return entries;

@@ -11,7 +11,7 @@
 
 namespace TavikSimulator {
 
-/// The record of the library's calls: a ring in memory, a file, both or neither. Safe from any thread.
+/// Journal of the library's calls: a ring buffer in memory, a file, both or neither. Safe from any thread.
 class CallJournal {
 public:
     CallJournal() = default;
@@ -19,8 +19,8 @@ public:
     CallJournal(const CallJournal&) = delete;
     CallJournal& operator=(const CallJournal&) = delete;
 
-    /// Writes a line for every call from now on into a file, which is begun anew the first time that
-    /// this process opens it. Throws TavikException when it cannot be opened.
+    /// Writes a line for each call from now on to a file, which is truncated when this process opens it first. Throws
+    /// TavikException when it cannot be opened.
     void WriteTo(const std::string& path);
 
     void Start(std::size_t capacity);
@@ -45,7 +45,7 @@ private:
     std::vector<JournalEntry> ring;
 };
 
-/// The number of the calling thread: 1 for the first that asked, and so on.
+/// Number of the calling thread, from 1 in the order of first use.
 int ThreadNumber();
 
 } // namespace TavikSimulator

@@ -22,7 +22,7 @@ private:
 /// calls advance it. It ends at LatestTime. Safe from any thread.
 class Clock {
 public:
-    /// Begins at 0.
+    /// Starts at bench time 0.
     Clock(double speed, bool manual);
 
     Nanoseconds Now() const;

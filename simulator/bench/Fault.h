@@ -9,21 +9,21 @@ enum class FaultTrigger {
     Once,        ///< the first matching call
     Nth,         ///< the n-th matching call only
     FromNth,     ///< the n-th matching call and all later ones
-    During,      ///< matching calls within a span of bench time, counted from when the fault was set
+    During,      ///< matching calls within a span of bench time, which begins at AddFault plus `from`
     Probability, ///< each matching call with a probability, drawn from a seeded generator
 };
 
 enum class FaultEffect {
     ThrowLibrary, ///< throws TavikException(code, text)
     ThrowPlain,   ///< throws std::runtime_error(text)
-    Slow,         ///< takes longer by a delay, then does its work
+    Slow,         ///< adds a delay, then executes the call
     Result,       ///< a reading gets the code as its result code; another operation that returns a whole
                   ///< number or an enumeration returns the code without doing its work; other operations
                   ///< are left alone
 };
 
-/// A fault. A call that throws by a fault has had no effect. Destructors and GetErrorDescription never
-/// fail. The patterns may hold "*" for any run of characters.
+/// A fault. A call that throws by a fault has had no effect. Destructors and GetErrorDescription never fail. Patterns
+/// can contain "*" for any run of characters.
 struct Fault {
     std::string object = "*";
     std::string operation = "*";

@@ -28,7 +28,7 @@ bool NeverFails(const std::string& operation) {
     return operation == "GetErrorDescription" || (!operation.empty() && operation.front() == '~');
 }
 
-// An even number from 0 to below 1 for each matching call of a fault.
+// A uniformly distributed number in [0, 1) for each matching call of a fault.
 double Draw(std::uint64_t seed, std::uint64_t counter) {
     return static_cast<double>(RandomBits(seed, static_cast<std::int64_t>(counter)) >> 11) * 0x1p-53;
 }

@@ -20,7 +20,7 @@ bool Matches(const std::string& pattern, const std::string& text);
 /// Throws TavikException for a fault that can never take effect.
 void RequirePossible(const Fault& fault);
 
-/// What the faults that struck a call make of it.
+/// Effect of the injected faults on one call.
 struct FaultInjection {
     bool injected = false;
     Nanoseconds delay{};
@@ -28,10 +28,10 @@ struct FaultInjection {
     std::optional<Fault> failure; ///< the fault by which the call is to throw
 };
 
-/// The faults that are set on a bench. Safe from any thread.
+/// The faults of a bench. Safe from any thread.
 class Faults {
 public:
-    /// Whether any call can be struck; asked before every call, so it costs next to nothing.
+    /// Whether any fault is set; read before every call without a lock.
     bool Armed() const { return armed.load(std::memory_order_relaxed); }
 
     /// Returns the fault's number. Throws TavikException on a fault that can never take effect.
@@ -40,7 +40,7 @@ public:
     void Clear();
     void FailCall(std::uint64_t k, bool everyCallAfter, const Fault& fault);
 
-    /// Asks every fault about a call that is about to begin. One that throws ends the asking.
+    /// Matches a call that is about to begin against every fault, up to the first that throws.
     FaultInjection Ask(const JournalEntry& call, bool canReturnResult);
 
     std::uint64_t Triggered() const;
@@ -74,7 +74,7 @@ private:
     JournalEntry lastFaulted;
 };
 
-/// Throws what the fault says.
+/// Throws the exception of the fault.
 [[noreturn]] void ThrowFault(const Fault& fault);
 
 } // namespace TavikSimulator

@@ -16,15 +16,15 @@
 
 namespace TavikSimulator {
 
-/// A call that takes no time.
+/// Waits for nothing: a call without latency.
 struct NoWait {};
 
-/// The one way through which every call of the library goes: it is counted, recorded, perhaps struck by
-/// a fault, takes its time, and then does its work under the bench's lock. The library's own insides
-/// never call its operations, so the gate is never entered twice by one call.
+/// The gate of every library call: counts and journals it, injects a matching fault, waits for its latency, and
+/// executes it under the bench's lock. The library's implementation never calls library operations, so a call passes
+/// the gate once.
 class Gate {
 public:
-    /// Brings the bench up to date before a call; runs under the lock.
+    /// Advances the bench to now before a call; called under the lock.
     class Updater {
     public:
         virtual void AdvanceToNow() = 0;
@@ -35,10 +35,9 @@ public:
 
     Gate(Clock& clock, Updater& updater) : clock(clock), updater(updater) {}
 
-    /// Runs a call. The body does its work and returns its result. A body that takes an optional int
-    /// gets the result code that a fault imposes on it; the result of another body that returns a whole
-    /// number or an enumeration is replaced by that code. The wait is NoWait, or a callable that spends the call's
-    /// time.
+    /// Executes a call. The body returns its result. A body with a parameter of type std::optional<int> receives the
+    /// result code of a fault; the result of another body that returns a whole number or an enumeration is replaced by
+    /// that code. The wait is NoWait or a callable that waits for the latency.
     template <class Wait, class Body, class... Args>
     auto Call(const std::string& object, const char* operation, Wait wait, Body body, const Args&... args) {
         const std::uint64_t number = numbers.fetch_add(1, std::memory_order_relaxed) + 1;
@@ -49,7 +48,7 @@ public:
         return Watched(number, object, operation, true, wait, body, args...);
     }
 
-    /// A call that is recorded but never fails by a fault.
+    /// Executes a call that is journaled but never fails by a fault.
     template <class Body, class... Args>
     auto UnfailingCall(const std::string& object, const char* operation, Body body, const Args&... args) {
         const std::uint64_t number = numbers.fetch_add(1, std::memory_order_relaxed) + 1;
@@ -62,14 +61,14 @@ public:
 
     CallJournal journal;
     Faults faults;
-    /// Guards everything on the bench.
+    /// Guards all state of the bench.
     std::mutex mutex;
 
 private:
     template <class Body>
     static constexpr bool TakesCode = std::is_invocable_v<Body, std::optional<int>>;
 
-    /// Whole numbers and enumerations, in whose place a code can stand.
+    /// Whole numbers and enumerations, which a result code can replace.
     template <class Value>
     static constexpr bool
         IsNumber = (std::is_integral_v<Value> && !std::is_same_v<Value, bool>) || std::is_enum_v<Value>;

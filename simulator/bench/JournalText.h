@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <vector>
 
-// Arguments and results as they stand in the journal.
+// Journal texts of arguments and results.
 namespace TavikSimulator {
 
 inline std::string JournalText(bool value) {

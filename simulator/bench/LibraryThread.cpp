@@ -6,10 +6,10 @@ namespace TavikSimulator {
 
 namespace {
 
-/// Whose Run the calling thread is in.
+/// The LibraryThread that the calling thread runs; null on other threads.
 thread_local const void* ownThreadOf = nullptr;
 
-// A clock that is advanced by hand wakes nobody, so the thread looks by itself.
+// A stopped clock wakes no thread, so the thread polls.
 constexpr std::chrono::milliseconds PollInterval{2};
 
 } // namespace
@@ -20,7 +20,7 @@ LibraryThread::~LibraryThread() {
 
 void LibraryThread::Wake() {
     if (ownThreadOf == this) {
-        // It looks again after the call that it is making.
+        // The thread polls again after its current callback.
         return;
     }
     const std::lock_guard starting(mutex);
@@ -41,7 +41,7 @@ void LibraryThread::EndUnless(const std::function<bool()>& inUse) {
     if (!inside) {
         ending.lock();
     } else if (!ending.try_lock()) {
-        // Somebody is ending it already, and waits for this call.
+        // Another thread is ending this one and waits for the current callback.
         return;
     }
     if (!thread.joinable() || inUse()) {
@@ -67,7 +67,7 @@ void LibraryThread::Run(const std::shared_ptr<LifetimeToken>& own) {
         {
             std::unique_lock lock(benchLock);
             awake = false;
-            found = duty();
+            found = collect();
             const auto called = [&] { return awake || own->over; };
             if (found.calls.empty() && found.watching) {
                 wake.wait_for(lock, PollInterval, called);

@@ -11,43 +11,43 @@
 
 namespace TavikSimulator {
 
-/// The library's own thread, on which it sees to collections and tells of their ends. It starts when there is
-/// something to see to. Its functions must not be called with the bench's lock held.
+/// The library's own thread: advances collections and calls the callbacks of those that have ended. Starts at the first
+/// Wake. Its functions are called without the bench's lock.
 class LibraryThread {
 public:
     using Callback = void (*)();
-    /// What is found to be done, under the bench's lock.
+    /// Work that one poll under the bench's lock has found.
     struct PendingWork {
-        bool watching = false;       ///< look again soon
-        std::vector<Callback> calls; ///< to be made without the lock
+        bool watching = false;       ///< poll again after 2 ms
+        std::vector<Callback> calls; ///< called without the lock
     };
 
-    /// The duty is asked for under this lock.
-    LibraryThread(std::mutex& lock, std::function<PendingWork()> what) : benchLock(lock), duty(std::move(what)) {}
-    /// As End.
+    /// Calls `collect` under this lock at each poll.
+    LibraryThread(std::mutex& lock, std::function<PendingWork()> what) : benchLock(lock), collect(std::move(what)) {}
+    /// Ends the thread after its current callback.
     ~LibraryThread();
     LibraryThread(const LibraryThread&) = delete;
     LibraryThread& operator=(const LibraryThread&) = delete;
 
-    /// There is something to see to now. Starts the thread if need be.
+    /// Wakes the thread; starts it when it does not run.
     void Wake();
-    /// Waits for a call that is being made and ends the thread, unless the bench is in use after all; calls that
-    /// were due are not made any more. From inside such a call: ends the thread after it.
+    /// Ends the thread unless the bench is in use, and waits for its current callback; pending callbacks are dropped.
+    /// Called from inside a callback, ends the thread after it.
     void EndUnless(const std::function<bool()>& inUse);
 
 private:
-    /// Outlives the bench when that ends inside a call that the thread makes.
+    /// Outlives the bench when a callback destroys the bench.
     struct LifetimeToken {
         std::atomic<bool> over{false};
     };
     void Run(const std::shared_ptr<LifetimeToken>& life);
 
     std::mutex& benchLock;
-    const std::function<PendingWork()> duty;
+    const std::function<PendingWork()> collect;
     bool awake = false; ///< guarded by the bench's lock
     std::condition_variable wake;
 
-    std::mutex mutex; ///< guards what follows; taken before the bench's lock
+    std::mutex mutex; ///< guards the members below; locked before the bench's lock
     std::thread thread;
     std::shared_ptr<LifetimeToken> life;
 };

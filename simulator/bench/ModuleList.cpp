@@ -105,7 +105,7 @@ void ModuleList::PutBackOnBus(std::unique_ptr<ListedModule> module) {
     Retire(std::move(module));
 }
 
-// A connector whose module does not answer keeps what it remembers.
+// The T-connector of a module that does not answer keeps its identity.
 void ModuleList::WriteConnectors() {
     for (const auto& entry : list) {
         if (entry->hardware->present) {

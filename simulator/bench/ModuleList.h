@@ -15,8 +15,8 @@ namespace TavikSimulator {
 class Bench;
 class SimulatedNetwork;
 
-/// The modules of one network: those in its list, in order, and those that are only on the wire. Guarded
-/// by the bench's lock. Operations that refuse something throw TavikException and change nothing.
+/// The list of one network's modules, in order. Guarded by the bench's lock. Operations throw TavikException, and
+/// change nothing, for what cannot be done.
 class ModuleList {
 public:
     ModuleList(Bench& bench, SimulatedNetwork& network, const std::vector<ModuleDescription>& modules);
@@ -41,32 +41,32 @@ public:
     void ApplyPositions();
     void TakeInReplacements();
     void RequireAllAnswer() const;
-    /// Throws when a listed module does not answer, and keeps that as its last result code.
+    /// Throws when a listed module does not answer, and stores that as its last result code.
     void RequireAnswer(const ModuleHardware& module) const;
     void RequireIndex(int index) const;
-    /// Neither a notify run nor a collection is going on.
+    /// Throws during a notify run or a collection, and while dynamic mode is enabled.
     void RequireChangeable() const;
 
-    /// The list as a network file keeps it.
+    /// Contents of the list for a network file.
     std::vector<StoredModule> Stored(Nanoseconds now) const;
-    /// Throws TavikException when the list cannot become what a network file says, whatever its modules are.
+    /// Throws TavikException when the list cannot be restored, whatever its modules are.
     void RequireRestorable(const std::vector<StoredModule>& stored) const;
-    /// The same for one module and its settings, working at a speed.
+    /// Throws TavikException when one module and its settings cannot be restored at a speed.
     void RequireRestorable(const StoredModule& stored, TavikLibrary::eNetSpeed speed, Nanoseconds now) const;
-    /// Makes the list and its modules' settings what a network file says that both have passed. Modules that stay in
-    /// the list keep their objects.
+    /// Restores the list and its modules' settings after both checks have passed. Modules that stay in the list keep
+    /// their objects.
     void Restore(const std::vector<StoredModule>& stored, Nanoseconds now);
 
     void BeginNotifying(Nanoseconds now);
     bool Notifying() const { return notify.has_value(); }
     void CancelNotifying() { notify.reset(); }
-    /// Lets the modules in whose time has come.
+    /// Appends the modules whose announcements are due.
     void ProgressNotifying(Nanoseconds now);
 
     /// All modules that belong to the network.
     AllModules& All() { return all; }
 
-    /// Ends the library's objects, also of modules that were removed; the modules stay as they are.
+    /// Destroys the library's objects, including those of removed modules; the hardware stays unchanged.
     void EndObjects();
 
 private:
@@ -83,7 +83,7 @@ private:
     SimulatedNetwork& network;
     AllModules all;
     std::vector<std::unique_ptr<ListedModule>> list;
-    std::vector<std::unique_ptr<ListedModule>> removed; ///< those whose objects the front-end may keep
+    std::vector<std::unique_ptr<ListedModule>> removed; ///< modules whose objects the front-end can still hold
     std::optional<NotifySchedule> notify;
 };
 

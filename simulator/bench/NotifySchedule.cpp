@@ -9,7 +9,7 @@ namespace TavikSimulator {
 namespace {
 
 constexpr std::chrono::seconds Silence{2};
-/// Between announcements of modules without a time of their own.
+/// Interval between announcements of modules without a time of their own.
 constexpr std::chrono::milliseconds AnnouncementInterval{250};
 
 } // namespace

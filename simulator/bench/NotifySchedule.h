@@ -9,16 +9,15 @@
 
 namespace TavikSimulator {
 
-/// A notify run: when which module announces itself, and when the run is over.
+/// Schedule of a notify run: the times of announcements and of its end.
 class NotifySchedule {
 public:
-    /// Plans the run from the modules that are on the wire without being in the list.
+    /// Schedules the modules that are on the bus but not in the list.
     NotifySchedule(const AllModules& modules, Nanoseconds begun);
 
-    /// The modules whose time has come by now and that can be heard at this speed, in the order of their
-    /// times; each is handed out once.
+    /// Returns the modules that are due by now and work at this speed, in the order of their times; each once.
     std::vector<std::shared_ptr<ModuleHardware>> Arrivals(Nanoseconds now, TavikLibrary::eNetSpeed speed);
-    /// The run ends with the last announcement; without any it ends after a silence of 2 s.
+    /// The run ends with the last announcement; without any, after 2 s.
     bool IsOver(Nanoseconds now) const;
 
 private:

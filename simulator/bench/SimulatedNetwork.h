@@ -20,7 +20,7 @@ Nanoseconds TransactionTime(TavikLibrary::eNetSpeed speed);
 /// Duration of a read burst of so many modules: one command to all of them, and their answers one after another.
 Nanoseconds ReadBurstTime(TavikLibrary::eNetSpeed speed, int modules);
 
-/// A controller and the modules behind it. Guarded by the bench's lock, but for what says otherwise.
+/// A controller and its modules. Guarded by the bench's lock unless stated otherwise.
 class SimulatedNetwork final : public AcquiringNetwork {
 public:
     SimulatedNetwork(Bench& bench, const NetworkDescription& description);
@@ -28,19 +28,19 @@ public:
     SimulatedNetwork(const SimulatedNetwork&) = delete;
     SimulatedNetwork& operator=(const SimulatedNetwork&) = delete;
 
-    /// A call of one of the network's objects that the library answers by itself.
+    /// Executes a call, on one of the network's objects, that the library answers by itself.
     template <class Body, class... Args>
     auto Call(const std::string& object, const char* operation, Body body, const Args&... args) {
         return CallAfter(object, operation, NoWait{}, body, args...);
     }
 
-    /// The same for a call that takes time.
+    /// Executes a call that waits.
     template <class Wait, class Body, class... Args>
     auto CallAfter(const std::string& object, const char* operation, Wait wait, Body body, const Args&... args) {
         return bench.gate.Call(object, operation, wait, body, args...);
     }
 
-    /// The same for a call that takes the time of some transactions; how many is asked for under the lock.
+    /// Executes a call that waits for some transactions; `count` is called under the lock and returns their number.
     template <class Count, class Body, class... Args>
     auto CallTaking(const std::string& object, const char* operation, Count count, Body body, const Args&... args) {
         const auto wait = [&] {
@@ -64,9 +64,9 @@ public:
     bool IsConnected() const { return connected; }
     bool IsPresent() const { return present; }
     void RequireConnected() const override;
-    /// Throws TavikException while readings are being collected.
+    /// Throws TavikException while an acquisition mode runs.
     void RequireNotCollecting() const override;
-    /// How long Connect will take; needs no lock.
+    /// Duration of Connect; needs no lock.
     Nanoseconds ConnectTime() const { return connected ? Nanoseconds::zero() : description.connectTime; }
     void Connect();
     void Disconnect();
@@ -76,27 +76,27 @@ public:
     TavikLibrary::eNetSpeed Speed() const { return speed; }
     bool ControllerCanWorkAt(TavikLibrary::eNetSpeed speed) const;
     void SetSpeed(TavikLibrary::eNetSpeed speed);
-    /// The network as a network file keeps it.
+    /// Contents of a network file for this network.
     StoredNetwork Stored();
-    /// Makes the network what a network file says. Throws TavikException, and changes nothing, when the file is of
-    /// another network or something in it cannot be had; the message names the file.
+    /// Restores the network from a network file. Throws TavikException with the file's name, and changes nothing, when
+    /// the file is of another network or something in it is not available.
     void Restore(const StoredNetwork& stored, const std::string& file);
 
-    /// Lets a call take the time of so many transactions on this network's wires; called without the lock.
+    /// Waits for so many transactions on the bus; called without the lock.
     void SpendTransactions(int count);
-    /// The same for a read burst of so many modules.
+    /// Waits for a read burst of so many modules; called without the lock.
     void SpendReadBurst(int modules);
 
-    /// The modules, after those of a notify run whose time has come have been let in.
+    /// The list, after modules whose announcements are due have been appended.
     ModuleList& Modules();
     int ReadBurstCapableCount();
-    /// Reads the modules that take part in a read burst. Returns a result code; count is set on success only.
+    /// Reads the modules that take part in a read burst. Returns a result code; sets `count` on success only.
     int ReadBurst(int& count);
 
     /// Takes the readings of running collections that are due until a bench time.
     void CollectUntil(Nanoseconds time) { acquisition.CollectUntil(time); }
 
-    // What the acquisition modes need of their network.
+    // Interface for the acquisition modes.
     const NetworkCapabilities& Capabilities() const override { return description.capabilities; }
     std::vector<ModuleHardware*> Listed() override { return Modules().Listed(); }
     bool Notifying() override { return Modules().Notifying(); }
@@ -104,12 +104,12 @@ public:
     void RequireIndex(int index) override { Modules().RequireIndex(index); }
     void RequireAnswer(const ModuleHardware& module) override { Modules().RequireAnswer(module); }
 
-    /// The library ends: destroys its objects of this network and its modules, and forgets what it kept.
+    /// Destroys the library's objects of this network and its modules, and its state of them.
     void EndObjects();
 
     Acquisition acquisition{*this};
     bool known = false; ///< found by FindNetworks
-    /// Made by the boundary for the first call that returns it.
+    /// Created by the boundary at the first call that returns it.
     std::unique_ptr<TavikLibrary::TavikNetwork> object;
 
 private:

@@ -9,7 +9,7 @@
 
 namespace TavikSimulator {
 
-/// A module as a network file describes it.
+/// A module in a network file.
 struct StoredModule {
     std::string identity;
     TavikLibrary::eModuleType type = TavikLibrary::eModuleType::Unknown;
@@ -17,7 +17,7 @@ struct StoredModule {
     int line = 0; ///< in the file it was read from; 0 for none
 };
 
-/// What a network file says: which network it describes, its speed, and its modules in order.
+/// Contents of a network file: the network, its speed, and its modules in order.
 struct StoredNetwork {
     std::string name;
     TavikLibrary::eNetSpeed speed = TavikLibrary::eNetSpeed::High;
@@ -25,7 +25,7 @@ struct StoredNetwork {
     int line = 0; ///< of its beginning in the file it was read from; 0 for none
 };
 
-/// Runs checks of what a line of a file says; the message of a TavikException gets file and line put before it.
+/// Runs checks of one line of a file; prefixes the message of a TavikException with file and line.
 template <class Checks>
 void WithFileAndLine(const std::string& file, int line, Checks checks) {
     try {

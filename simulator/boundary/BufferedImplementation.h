@@ -26,14 +26,14 @@ public:
           settings(owner.network.acquisition.buffered.Of(*owner.hardware)),
           name("buffered " + owner.hardware->Identity()) {}
 
-    /// A call that changes how the module samples; refused while it takes part in a run.
+    /// A call that changes how the module samples; rejected while it takes part in a run.
     template <class Body, class... Args>
     void SetSampling(const char* operation, Body body, const Args&... args) {
         Set(
             operation, [this] { return settings.Enabled(); }, body, args...);
     }
 
-    /// A call that changes whether the module takes part; refused during a run.
+    /// A call that changes whether the module takes part; rejected during a run.
     template <class Body, class... Args>
     void SetPart(const char* operation, Body body, const Args&... args) {
         Set(

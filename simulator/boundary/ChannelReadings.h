@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
-/// The readings of one read, and the slot that they were read from.
+/// Readings of one read, and their slot.
 class TavikLibrary::TavikChannelReadings::Implementation {
 public:
     Implementation() = default;
     Implementation(const TavikSimulator::SlotAccess& access, const std::vector<TavikSimulator::ToolReading>& readings);
 
-    /// None for readings that were never read.
+    /// None for default-constructed readings.
     std::optional<TavikSimulator::SlotAccess> access;
     std::string name; ///< in the journal
     std::vector<TavikChannelReading> readings;

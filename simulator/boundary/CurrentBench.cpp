@@ -50,7 +50,7 @@ std::shared_ptr<Bench> CurrentBench() {
 }
 
 void ReplaceCurrentBench(const BenchDescription& description) {
-    // Swapped, so that the old bench ends after the lock has been given back.
+    // Swapped, so that the old bench is destroyed after the lock is released.
     std::shared_ptr<Bench> bench = Make(description);
     Current& current = TheCurrent();
     const std::lock_guard lock(current.mutex);

@@ -6,9 +6,9 @@
 
 namespace TavikSimulator {
 
-/// The bench of this process; makes one if there is none. Throws TavikException when that fails.
+/// Current bench of this process; created if there is none. Throws TavikException when that fails.
 std::shared_ptr<Bench> CurrentBench();
-/// Puts a fresh bench in the place of the current one.
+/// Replaces the current bench by a new one.
 void ReplaceCurrentBench(const BenchDescription& description);
 
 } // namespace TavikSimulator

@@ -14,8 +14,7 @@ public:
         : bench(owner), network(simulated), name("difference " + simulated.Name()) {}
 
     TavikSimulator::DifferenceMode& Mode() const { return network.acquisition.difference; }
-    /// Lets a call take the time in which every module that takes part is asked for its results; called without
-    /// the lock.
+    /// Waits for the results of all modules of the run; called without the lock.
     void SpendFetching();
 
     TavikSimulator::Bench& bench;
@@ -37,7 +36,7 @@ public:
         return module.LocalOf(name, operation, body, args...);
     }
 
-    /// One of the values that were fetched last.
+    /// One of the values fetched last.
     template <class Value>
     Value Fetched(const char* operation, Value TavikSimulator::DifferenceValues::*value) {
         return Local(operation, [&] { return part->values.*value; });

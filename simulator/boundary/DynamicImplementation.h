@@ -11,7 +11,7 @@ public:
     explicit Implementation(TavikSimulator::SimulatedNetwork& owner)
         : network(owner), name("dynamic data " + owner.Name()) {}
 
-    /// Answered by the library itself, whether the network is connected or not.
+    /// A call that the library answers by itself, connected or not.
     template <class Body, class... Args>
     auto Call(const char* operation, Body body, const Args&... args) {
         return network.Call(name, operation, body, args...);
@@ -29,14 +29,13 @@ public:
     explicit Implementation(TavikSimulator::SimulatedNetwork& owner)
         : network(owner), name("dynamic " + owner.Name()), data(new TavikDynamicData::Implementation(owner)) {}
 
-    /// A question that the library answers by itself, whether the network is connected or not, or a setting, which
-    /// it keeps until the network is enabled.
+    /// A query or a setting that the library answers by itself, connected or not.
     template <class Body, class... Args>
     auto Call(const char* operation, Body body, const Args&... args) {
         return network.Call(name, operation, body, args...);
     }
 
-    /// A call that tells every module that is collected something.
+    /// A call that is sent to every collected module.
     template <class Body, class... Args>
     auto Telling(const char* operation, Body body, const Args&... args) {
         return network.CallTaking(

@@ -14,7 +14,7 @@ struct EnumText {
     const char* text;
 };
 
-/// The text of a value; a value without an enumerator is named with its number ("Unknown speed (7)").
+/// Text of a value; a value without an enumerator by its number ("Unknown speed (7)").
 template <class Enum, std::size_t Count>
 std::string TextOf(Enum value, const EnumText<Enum> (&texts)[Count], const char* what) {
     for (const EnumText<Enum>& candidate : texts) {
@@ -25,7 +25,7 @@ std::string TextOf(Enum value, const EnumText<Enum> (&texts)[Count], const char*
     return std::string("Unknown ") + what + " (" + std::to_string(static_cast<int>(value)) + ")";
 }
 
-/// The value that has this text; refused with a sentence when there is none.
+/// Value of a text; throws TavikException for an unknown one.
 template <class Enum, std::size_t Count>
 Enum ValueOf(const std::string& text, const EnumText<Enum> (&texts)[Count], const char* what) {
     for (const EnumText<Enum>& candidate : texts) {

@@ -6,12 +6,12 @@
 
 #include <string>
 
-/// The settings of the tool in a slot, for tools of one type.
+/// Settings of the tool in a slot, for one type of tools.
 class TavikLibrary::RLK_DeviceSettingsBase::Implementation {
 public:
     Implementation(const TavikSimulator::SlotAccess& access, eRLK_DeviceType type);
 
-    /// A call that asks the tool for something; in configuration mode only.
+    /// A call that reads from the tool; in configuration mode only.
     template <class Body, class... Args>
     auto Get(const char* operation, Body body, const Args&... args) {
         return GetOf(name, operation, body, args...);
@@ -25,14 +25,14 @@ public:
         return AskOf(object, operation, inConfigMode, args...);
     }
 
-    /// The same for a setting with an enumeration of its own.
+    /// A call that reads an enumeration from the tool.
     template <class Enum, class Body, class... Args>
     Enum GetEnum(const char* operation, Body body, const Args&... args) {
         const auto number = [&](TavikSimulator::HandTool& tool) { return static_cast<int>(body(tool)); };
         return static_cast<Enum>(Get(operation, number, args...));
     }
 
-    /// A call that makes the tool do something.
+    /// A call that writes to the tool.
     template <class Body, class... Args>
     auto Ask(const char* operation, Body body, const Args&... args) {
         return AskOf(name, operation, body, args...);
@@ -47,7 +47,7 @@ public:
         return access.ByRadio(object, operation, answering, args...);
     }
 
-    /// Throws TavikException, as the tool does, for a value outside a range.
+    /// Throws TavikException for a value outside a range.
     template <class Value>
     void RequireWithin(const char* what, Value value, double least, double most) const {
         const double number = static_cast<double>(value);
@@ -56,7 +56,7 @@ public:
         }
     }
 
-    /// Throws TavikException when the slot now holds a tool of another type.
+    /// Throws TavikException when the slot holds a tool of another type.
     void RequireType(const TavikSimulator::HandTool& tool) const;
 
     const TavikSimulator::SlotAccess access;

@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// The limits of the tool in a slot.
+/// Tolerance limits of the tool in a slot.
 class TavikLibrary::KRV_Limits::Implementation {
 public:
     explicit Implementation(RLK_DeviceSettingsBase::Implementation& settings);
@@ -15,7 +15,7 @@ public:
     KRV_Limit lower;
 };
 
-/// One limit of the tool in a slot.
+/// One tolerance limit of the tool in a slot.
 class TavikLibrary::KRV_Limit::Implementation {
 public:
     Implementation(RLK_DeviceSettingsBase::Implementation& settings, const char* kind,

@@ -6,8 +6,7 @@
 
 namespace TavikSimulator {
 
-/// An object of the class by which the library represents modules of a type; it owns its implementation. Null
-/// for Unknown.
+/// Creates an object of the library's class for a module type; it owns its implementation. Null for Unknown.
 std::unique_ptr<TavikLibrary::TavikModule> MakeModule(TavikLibrary::eModuleType type,
                                                       TavikLibrary::TavikModule::Implementation* implementation);
 

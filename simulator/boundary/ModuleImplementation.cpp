@@ -23,7 +23,7 @@ TavikModule::Implementation::~Implementation() = default;
 
 const TavikSimulator::Reading& TavikModule::Implementation::Read(std::optional<int> code) {
     if (network.acquisition.difference.Running()) {
-        // The modules are busy with readings of their own.
+        // In difference mode the modules read by themselves.
         network.RequireNotCollecting();
     }
     hardware->RequireReadable();

@@ -15,15 +15,14 @@
 
 namespace TavikSimulator {
 
-/// What belongs to modules of some kinds only.
+/// State of modules of some types only.
 struct ModuleExtras {
     virtual ~ModuleExtras() = default;
 };
 
 } // namespace TavikSimulator
 
-/// The library's side of a listed module: which piece of hardware it stands for, and what the library
-/// remembers of it. Settings live in the hardware; they outlast this object.
+/// Library object of a listed module. Settings belong to the hardware, which outlasts it.
 class TavikLibrary::TavikModule::Implementation {
 public:
     Implementation(TavikSimulator::Bench& bench, TavikSimulator::SimulatedNetwork& network,
@@ -32,7 +31,7 @@ public:
     Implementation(const Implementation&) = delete;
     Implementation& operator=(const Implementation&) = delete;
 
-    /// A call that the library answers by itself, whatever the network does.
+    /// A call that the library answers by itself, connected or not.
     template <class Body, class... Args>
     auto Local(const char* operation, Body body, const Args&... args) {
         return LocalOf(name, operation, body, args...);
@@ -45,7 +44,7 @@ public:
             object, operation, TavikSimulator::NoWait{}, [this] { RequireListed(); }, body, args...);
     }
 
-    /// A call that is answered from what the library learned when the network was connected.
+    /// A call that the library answers from data that it has read at the connect.
     template <class Body, class... Args>
     auto Known(const char* operation, Body body, const Args&... args) {
         return Local(
@@ -57,7 +56,7 @@ public:
             args...);
     }
 
-    /// A call that asks the module over the network's wires.
+    /// A call that asks the module over the bus.
     template <class Body, class... Args>
     auto OnBus(const char* operation, Body body, const Args&... args) {
         return OnBusOf(name, operation, body, args...);
@@ -69,21 +68,21 @@ public:
             object, operation, [this] { network.SpendTransactions(1); }, body, args...);
     }
 
-    /// The same for a call that takes another time than that of one transaction.
+    /// A call that asks the module and waits as given.
     template <class Wait, class Body, class... Args>
     auto Asking(const std::string& object, const char* operation, Wait wait, Body body, const Args&... args) {
         return Checked(
             object, operation, wait, [this] { RequireAnswer(); }, body, args...);
     }
 
-    /// The hardware as the kind that it is.
+    /// The hardware as its type.
     template <class Hardware>
     Hardware& As() {
         return static_cast<Hardware&>(*hardware);
     }
 
-    /// Takes a reading and keeps it as the last one; a code given from outside replaces its own. Throws
-    /// TavikException when the module answers without a reading.
+    /// Takes a reading and stores it as the last one; `code` replaces its result code. Throws TavikException when the
+    /// module has no reading.
     const TavikSimulator::Reading& Read(std::optional<int> code);
 
     void RequireListed();

@@ -10,7 +10,7 @@
 #include <mutex>
 #include <string>
 
-/// The library's side of a network.
+/// Library object of a network.
 class TavikLibrary::TavikNetwork::Implementation {
 public:
     Implementation(TavikSimulator::Bench& owner, TavikSimulator::SimulatedNetwork& simulated)
@@ -21,19 +21,19 @@ public:
           difference(new NetworkDifference::Implementation(owner, simulated)),
           dynamic(new TavikDynamic::Implementation(simulated)) {}
 
-    /// A call that is answered whether the network is connected or not.
+    /// A call that is answered connected or not.
     template <class Body, class... Args>
     auto Always(const char* operation, Body body, const Args&... args) {
         return bench.gate.Call(name, operation, TavikSimulator::NoWait{}, body, args...);
     }
 
-    /// A call that needs the network to be connected.
+    /// A call that requires a connected network.
     template <class Body, class... Args>
     auto Connected(const char* operation, Body body, const Args&... args) {
         return ConnectedAfter(operation, TavikSimulator::NoWait{}, body, args...);
     }
 
-    /// The same for a call that takes time.
+    /// A call that requires a connected network and waits.
     template <class Wait, class Body, class... Args>
     auto ConnectedAfter(const char* operation, Wait wait, Body body, const Args&... args) {
         return bench.gate.Call(
@@ -45,7 +45,7 @@ public:
             args...);
     }
 
-    /// Lets a call take the time in which every module of the list is asked; called without the lock.
+    /// Waits for a transaction with every module of the list; called without the lock.
     void SpendTransactionPerModule() {
         int modules = 0;
         {
@@ -55,7 +55,7 @@ public:
         network.SpendTransactions(modules);
     }
 
-    /// The same for a read burst.
+    /// Waits for a read burst; called without the lock.
     void SpendReadBurst() {
         int modules = 0;
         {
@@ -65,7 +65,7 @@ public:
         network.SpendReadBurst(modules);
     }
 
-    /// The library's object for a list position; the same one as long as the module stays in the list.
+    /// Library object at a list position; the same one as long as the module stays in the list.
     TavikModule* ModuleObject(unsigned int index);
 
     TavikSimulator::Bench& bench;

@@ -6,7 +6,7 @@
 #include <mutex>
 #include <vector>
 
-/// The library's side of the networks of this computer.
+/// Library object of the networks of this computer.
 class TavikLibrary::TavikNetworks::Implementation {
 public:
     explicit Implementation(TavikSimulator::Bench& owner) : bench(owner) {}
@@ -16,13 +16,13 @@ public:
         return bench.gate.Call("networks", operation, wait, body, args...);
     }
 
-    /// The networks found, asked for without the lock.
+    /// Networks found; called without the lock.
     std::vector<TavikSimulator::SimulatedNetwork*> Found() {
         const std::lock_guard lock(bench.gate.mutex);
         return found;
     }
 
-    /// The library's object for a network; the same one as long as there is a server.
+    /// Library object of a network; the same one as long as there is a server.
     TavikNetwork* NetworkObject(TavikSimulator::SimulatedNetwork& network);
 
     TavikSimulator::Bench& bench;

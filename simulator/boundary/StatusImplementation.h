@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// What the last update found out about a module.
+/// Status of a module at its last update.
 class TavikLibrary::TavikModuleStatus::Implementation {
 public:
     explicit Implementation(TavikModule::Implementation& owner)

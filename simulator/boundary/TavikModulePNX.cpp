@@ -32,13 +32,13 @@ void RequireDisplay(const AirGaugeHardware& gauge) {
     }
 }
 
-/// A setting as the library knows it.
+/// A setting as known by the library.
 template <class Module, class Value>
 Value Ask(Module& module, const char* operation, Value AirGaugeSettings::*setting) {
     return module.Known(operation, [&] { return module.template As<AirGaugeHardware>().Known().*setting; });
 }
 
-/// The same for a setting that only a gauge with a display has.
+/// A setting, as known by the library, that requires a display.
 template <class Module, class Value>
 Value AskDisplay(Module& module, const char* operation, Value AirGaugeSettings::*setting) {
     return module.Known(operation, [&] {
@@ -96,7 +96,7 @@ bool TavikModulePNX::HasDisplay() {
     return implementation->Known("HasDisplay", [this] { return implementation->As<AirGaugeHardware>().HasDisplay(); });
 }
 
-// A number on the way, so that a fault can make the gauge answer with a unit that there is not.
+// Handled as int, so that an injected code can be an invalid unit.
 ePNX_UOM TavikModulePNX::DisplayUnitsOfMeasure() {
     return static_cast<ePNX_UOM>(implementation->Known("DisplayUnitsOfMeasure", [this] {
         return static_cast<int>(implementation->As<AirGaugeHardware>().Known().unit);
@@ -165,7 +165,7 @@ void TavikModulePNX::setOutputReadingAsPressure(bool asPressure) {
     Change(*implementation, "setOutputReadingAsPressure", &AirGaugeSettings::outputPressure, asPressure, AcceptEither);
 }
 
-// The same for a rotation.
+// Handled as int, so that an injected code can be an invalid rotation.
 ePNX_RotateDisplay TavikModulePNX::RotateDisplay() {
     return static_cast<ePNX_RotateDisplay>(implementation->Known("RotateDisplay", [this] {
         RequireDisplay(implementation->As<AirGaugeHardware>());

@@ -5,7 +5,7 @@ namespace TavikLibrary {
 
 namespace {
 
-// What the status number tells.
+// Status numbers.
 constexpr int Fine = 0;
 constexpr int LastReadingDoubtful = 1; ///< with a warning, or beyond the measuring range
 constexpr int HadNotAnswered = 2;      ///< and has not been read since

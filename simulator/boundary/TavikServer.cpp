@@ -8,7 +8,7 @@
 
 namespace TavikLibrary {
 
-/// A server holds on to the bench it was begun on.
+/// A server keeps the bench that was current at its creation.
 class TavikServer::Implementation {
 public:
     Implementation() : bench(TavikSimulator::CurrentBench()) {}
@@ -40,7 +40,7 @@ TavikServer::~TavikServer() {
     delete implementation;
 }
 
-// The front-end shows these three to the operator, who must not take simulated readings for real ones.
+// The front-end shows these three texts, which must mark readings as simulated.
 
 std::string TavikServer::LibraryPartNumber() {
     return implementation->Call("LibraryPartNumber", [] { return std::string("SIMULATED-482000"); });

@@ -16,7 +16,7 @@ namespace TavikSimulator {
 /// A reading as it stands in the journal.
 std::string JournalText(const ToolReading& reading);
 
-/// One slot of a listed wireless connection module, as the library's objects of the slot see it.
+/// Access of the library objects to one slot of a listed wireless connection module.
 struct SlotAccess {
     TavikLibrary::TavikModule::Implementation& module;
     int slot; ///< from 0
@@ -28,7 +28,7 @@ struct SlotAccess {
         return kind + " " + module.hardware->Identity() + "." + std::to_string(slot + 1);
     }
 
-    /// Takes the time of a question to the tool: over the network's wires, then by radio.
+    /// Waits for a request to the tool: over the bus, then by radio.
     void SpendRadioTime() const {
         module.network.SpendTransactions(1);
         Nanoseconds delay{};
@@ -40,7 +40,7 @@ struct SlotAccess {
         module.bench.clock.Wait(delay);
     }
 
-    /// A call that asks the tool by radio; the body is given the tool.
+    /// A call that asks the tool by radio; the body receives the tool.
     template <class Body, class... Args>
     auto ByRadio(const std::string& object, const char* operation, Body body, const Args&... args) const {
         return module.Asking(
@@ -49,7 +49,7 @@ struct SlotAccess {
     }
 };
 
-/// The library's objects of a wireless connection module: its six slots.
+/// Library objects of a wireless connection module: its six slots.
 class WirelessObjects : public ModuleExtras {
 public:
     explicit WirelessObjects(TavikLibrary::TavikModule::Implementation& module);
@@ -73,14 +73,14 @@ public:
     std::array<std::unique_ptr<RLK_Device>, TavikSimulator::WirelessSlots> devices;
 };
 
-/// One slot and what the library keeps of it.
+/// One slot and its library state.
 class TavikLibrary::RLK_Device::Implementation {
 public:
     explicit Implementation(TavikSimulator::SlotAccess access);
 
     const TavikSimulator::SlotAccess access;
     const std::string name; ///< in the journal
-    /// One for each type of tool that the slot may hold.
+    /// One object per type of tools that the slot can hold.
     RLK_DeviceSettings_KRV krvSettings;
     RLK_DeviceSettings_KRVX krvxSettings;
 };

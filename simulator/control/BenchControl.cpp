@@ -24,7 +24,7 @@ void Require(bool fulfilled, const char* sentence) {
     }
 }
 
-// Does something to the bench under its lock, when what is due by now has happened.
+// Calls an action under the bench's lock, after the bench has been advanced to now.
 template <class Action>
 auto OnBench(Action action) {
     const std::shared_ptr<Bench> bench = CurrentBench();

@@ -2,18 +2,17 @@
 
 #include <string>
 
-// What happens to the hand tools around a wireless connection module, steered by tests and demonstrations.
-// Every function names the tool by its identity and throws TavikLibrary::TavikException when the current
-// bench has no such tool. Like those of BenchControl.h they are no calls of the library.
+// Operates the hand tools of a wireless connection module from tests and demonstrations. Functions name the tool by its
+// identity and throw TavikLibrary::TavikException when the current bench has no such tool. They are not library calls.
 namespace TavikSimulator {
 
-/// The tool's user presses button 1 or 2. A sleeping tool is woken by it and does nothing else.
+/// Presses button 1 or 2 of the tool. The press only wakes a sleeping tool.
 void PressToolButton(const std::string& toolIdentity, int button);
-/// The tool's user switches it off and on again.
+/// Switches the tool off and on again.
 void PowerCycleTool(const std::string& toolIdentity);
-/// The tool is carried out of the radio's reach, or back to where it was.
+/// Carries the tool out of the radio's range, or back.
 void CarryToolAway(const std::string& toolIdentity, bool away);
-/// The tool leaves configuration mode by itself.
+/// Makes the tool leave configuration mode without a command.
 void DropToolConfigMode(const std::string& toolIdentity);
 
 } // namespace TavikSimulator

@@ -5,7 +5,7 @@
 
 namespace TavikSimulator {
 
-/// Reads the <air-gauge> of a <module>, which may be left out.
+/// Reads the optional <air-gauge> of a <module>.
 AirGaugeDescription ReadAirGauge(BenchElement& module);
 
 } // namespace TavikSimulator

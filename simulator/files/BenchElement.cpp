@@ -69,7 +69,7 @@ std::string BenchElement::Text(const char* attribute, const std::string& otherwi
 }
 
 double BenchElement::NumberIn(const char* attribute, const std::string& text) const {
-    // Read in the "C" locale whatever the program's is: a bench file writes 0.5 everywhere.
+    // Parsed in the "C" locale: bench files use a decimal point.
     std::istringstream stream(text);
     stream.imbue(std::locale::classic());
     double value = 0.0;

@@ -12,13 +12,13 @@
 
 namespace TavikSimulator {
 
-/// The text of a bench file and where its lines begin.
+/// Text of a bench file and its line numbers.
 class BenchSource {
 public:
     BenchSource(std::string text, std::string name);
 
     const std::string& Text() const { return text; }
-    /// The line, from 1, in which a place of the text is.
+    /// Line number, from 1, of an offset.
     int LineAt(std::ptrdiff_t offset) const;
     /// Throws TavikException: "<name>, line <n>: <reason>".
     [[noreturn]] void Fail(std::ptrdiff_t offset, const std::string& reason) const;
@@ -28,8 +28,8 @@ private:
     std::string name;
 };
 
-/// One element of a bench file. Every attribute and every child element must be asked for: Finish refuses
-/// what nobody knows, so that a misspelt word is never passed over in silence.
+/// One element of a bench file. Finish rejects attributes and child elements that were not read before, so that a
+/// misspelt word is an error.
 class BenchElement {
 public:
     BenchElement(const BenchSource& source, pugi::xml_node node);
@@ -39,7 +39,7 @@ public:
     [[noreturn]] void Fail(const std::string& reason) const;
 
     bool Has(const char* attribute);
-    /// The attribute, which has to be there.
+    /// A required attribute.
     std::string Required(const char* attribute);
     std::optional<std::string> Text(const char* attribute);
     std::string Text(const char* attribute, const std::string& otherwise);
@@ -49,13 +49,13 @@ public:
     long long Whole(const char* attribute, long long otherwise, long long least, long long most);
     /// "yes" or "no".
     bool Flag(const char* attribute, bool otherwise);
-    /// The attribute as one of several words.
+    /// The value of an attribute that is one of several words.
     template <class Value>
     Value OneOf(const char* attribute, Value otherwise, const std::vector<std::pair<std::string, Value>>& words) {
         const std::optional<std::string> text = Text(attribute);
         return text ? Meaning(attribute, *text, words) : otherwise;
     }
-    /// The attribute's words, separated by blanks; each at most once.
+    /// Words of an attribute, separated by blanks; each at most once.
     std::vector<std::string> Words(const char* attribute);
     template <class Value>
     Value Meaning(const char* attribute, const std::string& word,
@@ -71,9 +71,9 @@ public:
     }
     double NumberIn(const char* attribute, const std::string& text) const;
 
-    /// The child elements of one name, in order.
+    /// Child elements of one name, in order.
     std::vector<BenchElement> Children(const char* name);
-    /// Refuses attributes and elements that were not asked for, and text.
+    /// Rejects text, and attributes and elements that were not read.
     void Finish() const;
 
 private:

@@ -9,10 +9,10 @@ namespace TavikSimulator {
 /// Reads a bench file; path in UTF-8. Throws TavikException with file, line and reason.
 BenchDescription ReadBenchFile(const std::string& path);
 
-/// Reads the text of a bench file; the name stands for the file in messages.
+/// Reads the text of a bench file; messages name it as the file.
 BenchDescription ReadBenchText(const std::string& text, const std::string& name);
 
-/// The text of the bench file that is compiled in.
+/// Text of the compiled-in bench file.
 const std::string& CompiledInBench();
 
 } // namespace TavikSimulator

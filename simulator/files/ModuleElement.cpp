@@ -140,7 +140,7 @@ ModuleDescription ReadOne(BenchElement& element) {
     return module;
 }
 
-// "KX20000001" and 2 give "KX20000003". The digits at the end count; they must be enough.
+// Identity with its last digits increased: "KX20000001" and 2 give "KX20000003". Fails when the digits overflow.
 std::string Following(const BenchElement& element, const std::string& identity, int step) {
     const std::size_t letters = identity.find_last_not_of("0123456789") + 1;
     const std::string digits = identity.substr(letters);

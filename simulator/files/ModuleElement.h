@@ -10,17 +10,17 @@
 
 namespace TavikSimulator {
 
-/// Reads a <module>, which may stand for several with ascending identities.
+/// Reads a <module>, or several with ascending identities (attribute count).
 std::vector<ModuleDescription> ReadModules(BenchElement& element, std::uint64_t seed);
 
-/// The speeds as a bench file writes them.
+/// Words of a bench file for speeds.
 const std::vector<std::pair<std::string, TavikLibrary::eNetSpeed>>& SpeedWords();
-/// The kinds of modules as a bench file writes them.
+/// Words of a bench file for module types.
 const std::vector<std::pair<std::string, TavikLibrary::eModuleType>>& TypeWords();
-/// The speeds that an attribute lists, or else the given ones.
+/// Speeds in an attribute; `otherwise` without it.
 std::vector<TavikLibrary::eNetSpeed> ReadSpeeds(BenchElement& element, const char* attribute,
                                                 const std::vector<TavikLibrary::eNetSpeed>& otherwise);
-/// An attribute that names a module.
+/// Identity in an attribute.
 std::string ReadIdentity(BenchElement& element, const char* attribute);
 
 } // namespace TavikSimulator

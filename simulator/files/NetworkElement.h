@@ -9,7 +9,7 @@
 
 namespace TavikSimulator {
 
-/// Reads a <network>. The identities taken so far on the bench grow by those of its modules.
+/// Reads a <network> and adds its modules to the identities in use on the bench.
 NetworkDescription ReadNetwork(BenchElement& element, std::uint64_t seed, std::set<std::string>& identities);
 
 } // namespace TavikSimulator

@@ -4,7 +4,6 @@
 #include "simulator/files/BenchElement.h"
 #include "simulator/files/ModuleElement.h"
 #include "simulator/hardware/ErrorTexts.h"
-#include "simulator/hardware/ModuleTypes.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -27,19 +26,11 @@ namespace {
 
 constexpr const char* RootName = "tavik-network";
 constexpr int Format = 1;
-/// A network of 150 modules takes some 20 KB.
+/// A network of 150 modules takes about 20 KB.
 constexpr std::size_t LargestFile = std::size_t{1024} * 1024;
 
 [[noreturn]] void RejectFile(const char* what, const std::string& path, const std::string& reason) {
     Reject(eTavikErrors::InvalidArgument, std::string(what) + " \"" + path + "\": " + reason + ".");
-}
-
-std::vector<std::pair<std::string, eModuleType>> TypeWordsOfFile() {
-    std::vector<std::pair<std::string, eModuleType>> words;
-    for (const ModuleTypeInfo& kind : ModuleTypes()) {
-        words.emplace_back(kind.name, kind.type);
-    }
-    return words;
 }
 
 StoredModule ReadModule(BenchElement element) {
@@ -49,7 +40,7 @@ StoredModule ReadModule(BenchElement element) {
     if (!IsIdentity(module.identity)) {
         element.Fail("\"" + module.identity + "\" is not a module identity.");
     }
-    module.type = element.Meaning("type", element.Required("type"), TypeWordsOfFile());
+    module.type = element.Meaning("type", element.Required("type"), TypeWords());
     for (BenchElement& child : element.Children("setting")) {
         const std::string name = child.Required("name");
         const std::optional<std::string> value = child.Text("value");
@@ -99,7 +90,7 @@ std::string WordFor(Value value, const std::vector<std::pair<std::string, Value>
     return {};
 }
 
-/// A file of our own beside the one to be written, which takes its place at the end or goes.
+/// A temporary file beside the target, which replaces it at the end or is removed.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const std::string& wantedPath) : path(wantedPath), waiting(wantedPath + ".XXXXXX") {
@@ -135,7 +126,7 @@ public:
     }
 
 private:
-    /// As the file that was there before, or as any new file.
+    /// Permissions of the replaced file, or of a new file.
     mode_t Mode() const {
         struct stat before = {};
         if (stat(path.c_str(), &before) == 0) {
@@ -172,7 +163,7 @@ std::string NetworkText(const StoredNetwork& network) {
     for (const StoredModule& module : network.modules) {
         pugi::xml_node node = root.append_child("module");
         node.append_attribute("identity") = module.identity.c_str();
-        node.append_attribute("type") = WordFor(module.type, TypeWordsOfFile()).c_str();
+        node.append_attribute("type") = WordFor(module.type, TypeWords()).c_str();
         for (const auto& [name, value] : module.settings) {
             pugi::xml_node setting = node.append_child("setting");
             setting.append_attribute("name") = name.c_str();

@@ -5,7 +5,7 @@
 
 namespace TavikSimulator {
 
-/// Reads a <signal>: what it does not say stays as it is in the given description.
+/// Reads a <signal>; missing attributes keep their values of the given description.
 SignalDescription ReadSignal(BenchElement& element, SignalDescription signal);
 
 } // namespace TavikSimulator

@@ -43,13 +43,13 @@ void ReadLinearEncoder(BenchElement& element, ModuleDescription& module) {
         }
     }
     if (element.Text("hand") == "never") {
-        encoder.hand.reset();
+        encoder.operatorDelay.reset();
     } else if (element.Has("hand")) {
-        encoder.hand = element.Time("hand", Nanoseconds::zero(), 0.0, LongestTime);
+        encoder.operatorDelay = element.Time("hand", Nanoseconds::zero(), 0.0, LongestTime);
     }
 }
 
-/// The pins that can be outputs and those that can be inputs: bit i stands for pin i.
+/// Pins that can be outputs and pins that can be inputs: bit i is pin i.
 struct PinMasks {
     int outputs;
     int inputs;

@@ -5,7 +5,7 @@
 
 namespace TavikSimulator {
 
-/// Reads what a <module> says that only its kind can say.
+/// Reads the attributes and elements of a <module> that only its type has.
 void ReadTypeAttributes(BenchElement& element, ModuleDescription& module);
 
 } // namespace TavikSimulator

@@ -18,7 +18,7 @@ constexpr double LongestStroke = 1000.0;
 constexpr int MostFailures = 1000;
 constexpr int ChannelsOfMultiChannelTool = 8;
 
-/// A gauge that nothing is said of.
+/// Default channel of a tool.
 ToolChannelDescription UsualChannel(const ToolDescription& tool, int number) {
     ToolChannelDescription channel;
     channel.id = "CH" + std::to_string(number) + tool.identity.substr(3);

@@ -7,8 +7,7 @@
 
 namespace TavikSimulator {
 
-/// Reads what a <module> of type RLK says besides what every module says: its restart, its slots and the
-/// hand tools around it.
+/// Reads the restart, slots and hand tools of a <module> of type RLK.
 WirelessDescription ReadWireless(BenchElement& element, std::uint64_t seed);
 
 } // namespace TavikSimulator

@@ -21,12 +21,12 @@ namespace {
 /// The pressure sensor: 14 bits.
 constexpr MeasuringRange sensor{0.0, 30.0, 16383};
 
-/// Stands in network files for the mastering of a gauge without one.
+/// Text in network files for a gauge without mastering.
 constexpr const char* NotMasteredText = "none";
 
 constexpr const char* MasteringSetting = "mastering";
 
-/// Size and pressure of one master and of the other, as a network file has them.
+/// Reads sizes and pressures of both setting masters from a network file.
 AirGaugeSettings ReadMasters(const std::string& text) {
     AirGaugeSettings masters;
     std::istringstream words(text);
@@ -83,8 +83,7 @@ void AirGaugeHardware::UseDesignLine() {
     settings.mastered = false;
 }
 
-// What every gauge of this make would be if it came out exactly as it was drawn: the chord of its curve over
-// the middle half of its range.
+// Line of a nominal gauge of this make: the chord of its curve over the middle half of its range.
 MasterLine AirGaugeHardware::DesignLine() const {
     const AirGaugeDescription drawn;
     MasterLine design;
@@ -108,7 +107,7 @@ void AirGaugeHardware::MasterBeforehand() {
     UseMasters();
 }
 
-// From what is in the nozzle to the pressure
+// Pressure
 
 NozzlePart AirGaugeHardware::PartAt(Nanoseconds time) const {
     if (inNozzle) {
@@ -210,7 +209,7 @@ void AirGaugeHardware::ApplyMastering() {
     known.mastered = true;
 }
 
-// Half of the masters' distance can be measured on either side of them.
+// The measuring range exceeds the setting masters by half of their distance on either side.
 void AirGaugeHardware::UseMasters() {
     line = {settings.masterMinPressure, settings.masterMinSize, settings.masterMaxPressure, settings.masterMaxSize};
     const double distance = std::fabs(line.sizeB - line.sizeA);
@@ -225,7 +224,7 @@ KeptSetting AirGaugeHardware::KeptLength(const char* name, double AirGaugeSettin
         [this, length](double millimetres) { Set(length, millimetres); });
 }
 
-// Sizes and pressures belong together: a line can be made of all four or of none.
+// Sizes and pressures are stored together: a line needs all four.
 KeptSetting AirGaugeHardware::KeptMastering() {
     const auto write = [this] {
         return settings.mastered
@@ -255,7 +254,7 @@ KeptSetting AirGaugeHardware::KeptMastering() {
     return {MasteringSetting, write, require, use};
 }
 
-// Not the pass code: whoever reads the file could read it.
+// The pass code is left out: a network file can be read by anybody.
 std::vector<KeptSetting> AirGaugeHardware::KeptSettings(Nanoseconds time) {
     std::vector<KeptSetting> kept = ProbeHardware::KeptSettings(time);
     kept.push_back(KeptMastering());
@@ -287,7 +286,7 @@ void AirGaugeHardware::ResetToFactory() {
     ReadSettings();
 }
 
-// At the gauge itself
+// Operation at the gauge
 
 void AirGaugeHardware::Hold(double position) {
     ProbeHardware::Hold(position);

@@ -9,7 +9,7 @@
 
 namespace TavikSimulator {
 
-/// The straight line through the pressures and sizes of two masters.
+/// Straight line through the pressures and sizes of two setting masters.
 struct MasterLine {
     double SizeAt(double pressure) const;
 
@@ -19,12 +19,11 @@ struct MasterLine {
     double sizeB = 1.0;
 };
 
-/// An air gauge. It samples its chamber's pressure as a probe samples its position, and works out the size of
-/// the part from it by the line through its two masters; before it is mastered, by the line of its design,
-/// with the warning NotMastered.
+/// An air gauge. It samples the pressure of its chamber as a probe samples its position, and computes the size of the
+/// part by the line of its mastering; before mastering, by the line of its design with the warning NotMastered.
 ///
-/// The library knows the settings that it has read or written itself. After something was changed at the
-/// gauge's own display it has to read them again.
+/// The library knows the settings that it has read or written. After a change at the gauge's own display it must read
+/// them again.
 class AirGaugeHardware : public ProbeHardware {
 public:
     explicit AirGaugeHardware(const ModuleDescription& description);
@@ -34,32 +33,32 @@ public:
     double Offset() const override;
     double Stroke() const override;
     std::string Unit() const override;
-    /// Refuses a reading while the library has to read the settings again.
+    /// Rejects a reading until the library has read the settings again.
     void RequireReadable() const override;
-    /// A held part is a work piece in the nozzle.
+    /// Puts a work piece of a fixed size on the air plug.
     void Hold(double position) override;
     void Release() override;
 
-    /// The pressure in the chamber in psi, at a bench time in seconds: a whole number of the sensor's counts.
+    /// Pressure in the chamber at a bench time, in psi: a whole number of sensor counts.
     double PressureAt(Nanoseconds time) const;
 
     bool HasDisplay() const { return Description().display; }
     const AirGaugeSettings& Known() const { return known; }
-    /// The library reads the settings again.
+    /// Copies the settings to those that the library knows.
     void ReadSettings();
 
-    /// Changes a setting from the library's side.
+    /// Changes a setting, as written by the library.
     template <class Value>
     void Set(Value AirGaugeSettings::*setting, Value value) {
         settings.*setting = value;
         known.*setting = value;
     }
-    /// Makes the masters' pressures and sizes the line in use. Refuses pressures or sizes that are too close to
-    /// each other.
+    /// Uses the line through the setting masters' pressures and sizes. Rejects pressures or sizes too close to each
+    /// other.
     void ApplyMastering();
     void ResetToFactory();
 
-    /// What is done at the gauge itself.
+    /// Operation at the gauge itself.
     void PutInNozzle(NozzlePart part) { inNozzle = part; }
     void ChangeUnitAtDisplay(TavikLibrary::ePNX_UOM unit, int passcode);
 

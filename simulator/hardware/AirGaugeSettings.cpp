@@ -18,10 +18,10 @@ constexpr double LargestLength = 100000.0; // mm
 constexpr double LargestPressure = 30.0;   // psi
 constexpr int LargestPasscode = 99999999;
 
-/// Masters whose pressures are closer than this (psi) make no line.
+/// Least distance between the pressures of two setting masters, in psi.
 constexpr double LeastPressureDifference = 0.25;
 
-/// How far apart (mm) the sizes of two masters must be at least.
+/// Least distance between the sizes of two setting masters, in mm.
 constexpr double LeastSizeDifference = 0.001;
 
 std::string Decimals(double value, int decimals) {

@@ -4,7 +4,7 @@
 
 namespace TavikSimulator {
 
-/// What an air gauge is set to. Lengths in mm, pressures in psi.
+/// Settings of an air gauge. Lengths in mm, pressures in psi.
 struct AirGaugeSettings {
     TavikLibrary::ePNX_UOM unit = TavikLibrary::ePNX_UOM::mm;
     TavikLibrary::ePNX_RotateDisplay rotation = TavikLibrary::ePNX_RotateDisplay::None;
@@ -21,7 +21,7 @@ struct AirGaugeSettings {
     bool mastered = false;
 };
 
-// Each throws TavikException, with a sentence, for what an air gauge cannot be set to.
+// Throw TavikException for a value that an air gauge does not support.
 
 /// In mm.
 void RequireLength(double millimetres);
@@ -30,7 +30,7 @@ void RequirePressure(double psi);
 void RequirePasscode(int passcode);
 void RequireUnit(TavikLibrary::ePNX_UOM unit);
 void RequireRotation(TavikLibrary::ePNX_RotateDisplay rotation);
-/// Masters whose pressures or sizes are too close to each other make no line.
+/// Checks that the pressures and sizes of the setting masters differ enough for a line.
 void RequireMasters(const AirGaugeSettings& settings);
 
 } // namespace TavikSimulator

@@ -6,13 +6,13 @@
 
 namespace TavikSimulator {
 
-/// Digital I/O of the second generation: outputs 0 to 3, inputs 4 to 9. Its output states are inactive and
-/// active; the polarity masks tell which level that is. Its reading tells which pins are active.
+/// Digital I/O of the second generation: outputs 0 to 3, inputs 4 to 9. Output states and readings are active or
+/// inactive; the polarity masks assign the levels.
 class DigitalIO2Hardware : public DigitalIOHardware {
 public:
     explicit DigitalIO2Hardware(const ModuleDescription& description);
 
-    /// Refused for a pin that always has the other direction.
+    /// Rejected for a pin of the other direction.
     void SetInput(int pin, bool input, Nanoseconds time) override;
 
     unsigned short OutPolarityMask() const { return outPolarity; }
@@ -24,7 +24,7 @@ public:
     void SetOutputMode(TavikLibrary::eDIOOutputMode mode, Nanoseconds time);
 
     MasterSettings* Master() override { return &master; }
-    /// The first input (pin 4) triggers each time that it is seen going high, whatever the polarity masks say.
+    /// The first input (pin 4) triggers at each debounced rising edge, independent of the polarity masks.
     std::int64_t TriggerCountAt(Nanoseconds time) const override;
 
     MasterSettings master;

@@ -8,21 +8,21 @@
 
 namespace TavikSimulator {
 
-/// The pins of a digital I/O module and what is connected to them. Every operation throws TavikException,
-/// and changes nothing, for a pin that the module does not have. Times are seconds of bench time.
+/// Pins of a digital I/O module and their connections. Operations throw TavikException, and change nothing, for a pin
+/// that the module does not have.
 class DigitalIOHardware : public ModuleHardware {
 public:
-    /// Pins are inputs but for those that the mask names.
+    /// The mask names the outputs; the other pins are inputs.
     DigitalIOHardware(const ModuleDescription& description, int pinCount, int outputs);
 
-    /// Counts: bit i tells of pin i.
+    /// Reading in counts: bit i is pin i.
     Reading ReadAt(Nanoseconds time) const override;
-    /// Outputs rest again.
+    /// Sets all outputs to 0.
     void PowerOn(Nanoseconds time) override;
 
     bool IsInput(int pin) const;
     virtual void SetInput(int pin, bool input, Nanoseconds time);
-    /// The level of an input; an output shows the level that it drives.
+    /// Level of an input, or the level that an output drives.
     int InputState(int pin, Nanoseconds time) const;
     int OutputState(int pin) const;
     void SetOutputState(int pin, int state, Nanoseconds time);
@@ -32,23 +32,23 @@ public:
 protected:
     std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
     KeptSetting KeptDebounceTime(Nanoseconds time);
-    /// The level that an output in this state gives a line; the pull is what the line has when it is let go.
+    /// Level of a line that an output in this state drives; `pull` is the level of a line that it does not drive.
     virtual int DrivenLevel(int pin, int state, int pull) const;
-    /// What the module's reading tells of a pin.
+    /// Bit of a pin in the reading.
     virtual int ReadingBit(int pin, Nanoseconds time) const;
-    /// How often the level of an input was seen going high until a bench time; never less than before.
+    /// Number of debounced rising edges of an input until a bench time; never decreases.
     std::int64_t RisesOfInput(int pin, Nanoseconds time) const;
-    /// Brings the lines of all wires up to date after a change of the pins.
+    /// Updates the lines of all wires after a change of the pins.
     void DriveWires(Nanoseconds time);
 
 private:
-    /// Refuses a debounce time that there is not, in milliseconds.
+    /// Throws for a debounce time that the module does not have.
     void RequireDebounceTime(int milliseconds) const;
 
     struct Pin {
         bool input = true;
         int state = 0;                ///< as an output
-        std::int64_t risesMissed = 0; ///< what another debounce time would have made of pulses gone by
+        std::int64_t risesMissed = 0; ///< correction for pulses before the last change of the debounce time
     };
     struct Wire {
         WireDescription ends;

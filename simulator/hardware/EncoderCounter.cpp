@@ -14,7 +14,7 @@ std::int64_t EdgesBetween(double from, double to, double edgesPerLine) {
            static_cast<std::int64_t>(std::floor(from * edgesPerLine));
 }
 
-// A rises at the beginning of each line and B a quarter of a line later: up, and down again.
+// Channel A rises at the beginning of each line, channel B a quarter of a line later: the count goes up and down again.
 std::int64_t UpOnADownOnB(double from, double to) {
     constexpr double untilB = 0.25;
     const auto isUp = [](double position) { return position - std::floor(position) < untilB ? 1 : 0; };
@@ -42,7 +42,7 @@ std::int64_t CountedFromPulses(std::int64_t lines, EncoderOutput output, eQuadra
     case eQuadratureMode::CountDIR:
         return upDown && lines < 0 ? 0 : lines;
     default:
-        // A pulse on one channel while the other rests counts up and down again.
+        // A pulse on one channel while the other is constant counts up and down.
         return 0;
     }
 }
@@ -70,7 +70,7 @@ MarksPassed MarksBetween(double from, double to, const EncoderDescription& encod
     }
     const double mark = *encoder.mark;
     const double every = encoder.markEvery;
-    // The number of the last mark at or below a position.
+    // Number of the last mark at or below a position.
     const auto below = [&](double position) {
         return every > 0.0 ? std::floor((position - mark) / every) : (position >= mark ? 0.0 : -1.0);
     };

@@ -6,8 +6,8 @@
 
 namespace TavikSimulator {
 
-/// How many counts an interface counts while an encoder moves straight from one position to another
-/// (in lines). Where the interface's mode does not fit what the encoder puts out, it counts what it sees:
+/// Counts of an interface while an encoder moves straight from one position to another (in lines). A mode that does not
+/// fit the encoder's output counts the edges that it sees:
 ///
 /// encoder \ mode    x1, x2, x4              count A/B                  count/direction
 /// quadrature        1, 2, 4 edges a line    up on A, down again on B   a line, up or down
@@ -15,10 +15,10 @@ namespace TavikSimulator {
 /// count/direction   nothing                 a line, always up          a line, up or down
 std::int64_t CountsBetween(double from, double to, EncoderOutput output, TavikLibrary::eQuadratureMode mode);
 
-/// How many counts there were on such a way, those down as good as those up: never less than on a part of the way.
+/// Travel in counts, up and down alike: never less than for a part of the travel.
 std::int64_t CountsTravelled(double from, double to, EncoderOutput output, TavikLibrary::eQuadratureMode mode);
 
-/// Where on its way from one position to another an encoder passes reference marks.
+/// Reference marks that an encoder passes between two positions.
 struct MarksPassed {
     bool any = false;
     double first = 0.0;

@@ -135,7 +135,7 @@ std::vector<KeptSetting> EncoderHardware::KeptSettings(Nanoseconds time) {
     return kept;
 }
 
-// Somebody turned the encoder by hand, at once.
+// A changed signal turns the encoder at once.
 void EncoderHardware::UseSignal(const SignalDescription& signal) {
     step = StepFor(signal);
     way.assign(1, seen);
@@ -149,7 +149,7 @@ std::int64_t EncoderHardware::TriggerCountAt(Nanoseconds time) const {
     return time > seen.instant ? StateAt(time).travel : TravelAt(CheckpointBefore(time), time);
 }
 
-// Within a step the encoder goes straight on, so that the way that it has gone never gets shorter.
+// Within a step the encoder moves straight on, so that its travel never decreases.
 std::int64_t EncoderHardware::TravelAt(const State& checkpoint, Nanoseconds instant) const {
     if (instant <= checkpoint.instant) {
         return checkpoint.travel;
@@ -176,7 +176,7 @@ const EncoderHardware::State& EncoderHardware::CheckpointBefore(Nanoseconds inst
 
 EncoderHardware::State EncoderHardware::StateAt(Nanoseconds time) const {
     State state = CheckpointBefore(time);
-    // Also at the same instant: somebody may have turned the encoder by hand.
+    // Also at the same instant: a changed signal can have turned the encoder.
     StepTo(state, std::max(state.instant, time));
     if (state.instant >= seen.instant) {
         seen = state;

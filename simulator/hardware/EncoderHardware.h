@@ -9,22 +9,22 @@
 
 namespace TavikSimulator {
 
-/// An encoder interface and the encoder that is plugged in. Its signal is the encoder's position in
-/// lines; the count follows the way that the encoder went, reference marks on the way included. Setters
-/// throw TavikException, and change nothing, for a value that the interface does not know.
+/// An encoder interface with its encoder. Its signal is the encoder's position in lines; the count follows the
+/// encoder's travel and its reference marks. Setters throw TavikException, and change nothing, for a value that the
+/// interface does not have.
 ///
-/// A collection may look back: for about a second before the latest time that was asked for, but not beyond the last
-/// change of a setting, the interface still knows what it saw.
+/// TriggerCountAt accepts times in the past: about 1 s before the latest requested time, but not before the last change
+/// of a setting.
 class EncoderHardware : public ModuleHardware {
 public:
     explicit EncoderHardware(const ModuleDescription& description);
 
-    /// Without a reading (SignalFault) while the encoder is wired in another way than the interface is set to.
+    /// No reading (SignalFault) while the wiring of the encoder differs from the setting.
     Reading ReadAt(Nanoseconds time) const override;
-    /// The count begins at 0 again.
+    /// Resets the count to 0.
     void PowerOn(Nanoseconds time) override;
 
-    /// An action that happens once is None again when it has happened.
+    /// A single action becomes None when it has been executed.
     TavikLibrary::eRefAction RefAction(Nanoseconds time) const;
     void SetRefAction(TavikLibrary::eRefAction action, Nanoseconds time);
     TavikLibrary::eQuadratureMode QuadratureMode() const { return mode; }
@@ -35,7 +35,7 @@ public:
     void SetPresetInCounts(int counts, Nanoseconds time);
 
     MasterSettings* Master() override { return &master; }
-    /// Every count triggers, up or down; what presets and reference marks make of the count does not matter.
+    /// Every count triggers, up or down, independent of presets and reference marks.
     std::int64_t TriggerCountAt(Nanoseconds time) const override;
 
     MasterSettings master;
@@ -45,14 +45,14 @@ protected:
     void UseSignal(const SignalDescription& signal) override;
 
 private:
-    /// The interface at one instant.
+    /// State of the interface at one instant.
     struct State {
         Nanoseconds instant{};
         double position = 0.0; ///< in lines
         std::int64_t count = 0;
         TavikLibrary::eRefAction action = TavikLibrary::eRefAction::None;
-        std::int64_t travel = 0;   ///< counts, whatever their direction
-        double straightFrom = 0.0; ///< from here it goes straight on to where it is a step later
+        std::int64_t travel = 0;   ///< in counts, up and down alike
+        double straightFrom = 0.0; ///< start of the straight movement of the next step
     };
     const State& CheckpointBefore(Nanoseconds instant) const;
     std::int64_t TravelAt(const State& checkpoint, Nanoseconds instant) const;
@@ -60,16 +60,16 @@ private:
     void StepTo(State& state, Nanoseconds instant) const;
     void PassMarks(State& state, double position) const;
     void RequirePreset(int counts) const;
-    /// Makes the way until now, before a setting changes.
+    /// Advances the state to now, before a setting changes.
     void Arrive(Nanoseconds time);
 
     TavikLibrary::eQuadratureMode mode = TavikLibrary::eQuadratureMode::quadX4;
     TavikLibrary::eEncoderInterfaceType interfaceType = TavikLibrary::eEncoderInterfaceType::Differential;
     int preset = 0;
     Nanoseconds step; ///< between two polls of the encoder
-    /// The latest stretch of the way, at whole steps; never empty. It goes on when the interface is asked.
+    /// Latest states, at whole steps; never empty. Extended when a later time is requested.
     mutable std::deque<State> way;
-    /// When the interface was asked last; another signal begins from there.
+    /// Latest requested state; a changed signal starts from it.
     mutable State seen;
 };
 

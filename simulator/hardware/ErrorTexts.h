@@ -6,16 +6,16 @@
 
 namespace TavikSimulator {
 
-/// The short name of a result code, for example "Under range".
+/// Short name of a result code, for example "Under range".
 std::string ErrorName(int code);
 
-/// A sentence for a result code; answers for every code.
+/// Description of a result code; any code has one.
 std::string ErrorDescription(int code);
 
-/// Whether a module that answers with this result code has no reading to go with it.
+/// Whether a module that returns this result code has no reading.
 bool ComesWithoutReading(int code);
 
-/// Throws TavikException with a code and a sentence for the operator.
+/// Throws TavikException with a code and an error message for the operator.
 [[noreturn]] void Reject(TavikLibrary::eTavikErrors error, const std::string& sentence);
 
 } // namespace TavikSimulator

@@ -15,13 +15,13 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-/// How often a tool looks for the least and the greatest reading.
+/// Sampling period for minimum and maximum.
 constexpr std::chrono::milliseconds SamplePeriod{100};
 
-/// More than a tool that never switches itself off is watched in hindsight.
+/// Longest time for which minimum and maximum are computed later.
 constexpr std::chrono::seconds LongestHindsight{600};
 
-/// How far a radio of a class reaches, in metres.
+/// Range of a radio class, in metres.
 double Reach(eKRV_BluetoothClass radioClass) {
     switch (radioClass) {
     case eKRV_BluetoothClass::Class1:
@@ -62,7 +62,7 @@ const ToolChannelDescription& HandTool::Channel(int channel) const {
     return channels[static_cast<std::size_t>(channel)].description;
 }
 
-// What happens by itself
+// Events of the tool itself
 
 void HandTool::CatchUp(Nanoseconds now) {
     while (description.pressEvery > Nanoseconds::zero() && nextPress <= now) {
@@ -211,7 +211,7 @@ void HandTool::AskForConfigMode(Nanoseconds now) {
         return;
     }
     if (asleep) {
-        // Wakes up, and hears the next question.
+        // Wakes up; the next request is answered.
         SwitchOn(now);
         return;
     }

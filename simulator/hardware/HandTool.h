@@ -11,7 +11,7 @@
 
 namespace TavikSimulator {
 
-/// One channel's part of a reading.
+/// Reading of one channel.
 struct ToolReading {
     std::string id;
     double stroke = 0.0;
@@ -20,12 +20,11 @@ struct ToolReading {
     int tag = 0;
 };
 
-/// A battery-driven hand tool in an operator's hand. What happens to it by itself (its battery drains, it
-/// switches itself off, its user presses a button) is worked out when it is asked for something: every
-/// operation takes the bench time, which never goes back. Guarded by the bench's lock.
+/// A battery-driven hand tool. Its own events (battery drain, automatic switch-off, presses by its user) are computed
+/// when it is used: operations take the bench time, which never decreases. Guarded by the bench's lock.
 class HandTool {
 public:
-    /// Throws std::invalid_argument with a sentence for an impossible signal.
+    /// Throws std::invalid_argument for an invalid signal.
     explicit HandTool(const ToolDescription& description);
 
     const ToolDescription& Description() const { return description; }
@@ -37,21 +36,21 @@ public:
     // The tool and its radio.
     bool IsInRange() const;
     bool IsAsleep(Nanoseconds now);
-    /// Percent, 0 to 100; an empty tool does not answer.
+    /// Percent, 0 to 100; a tool at 0 does not answer.
     int Battery(Nanoseconds now);
-    /// From the next question to the tool's answer.
+    /// Delay of the next answer.
     Nanoseconds NextDelay();
     void CarryAway(bool away) { carriedAway = away; }
 
-    /// The user switches it off and on again.
+    /// Switches the tool off and on again.
     void PowerCycle(Nanoseconds now);
-    /// The user presses button 1 or 2; wakes a sleeping tool, which then does nothing else.
+    /// Presses button 1 or 2. A press only wakes a sleeping tool.
     void Press(int button, Nanoseconds now);
 
-    /// Reads all channels, waking the tool. The code is that of the library; a tagged read gives the readings
-    /// taken at the last press of a button that tags, none if there was none.
+    /// Reads all channels and wakes the tool. The code is that of the library; a tagged read returns the readings of
+    /// the last press of a tag button, none before the first.
     std::vector<ToolReading> Read(TavikLibrary::eRead3_ControlCode code, Nanoseconds now);
-    /// Throws TavikException when the tool does not answer just now; counts as use of the tool.
+    /// Throws TavikException when the tool does not answer; counts as use of the tool.
     void RequireAnswer(Nanoseconds now);
 
     // Configuration mode.
@@ -69,7 +68,7 @@ public:
     void Absolute();
     void SaveDatum();
     void ResetMinMax(Nanoseconds now);
-    /// Takes effect when the tool is switched on next.
+    /// Effective when the tool is switched on next.
     void ResetToFactory() { resetPending = true; }
 
     KRVSettings krv;
@@ -80,7 +79,7 @@ private:
         explicit ChannelState(const ToolChannelDescription& description);
         ToolChannelDescription description;
         Signal signal;
-        double datum = 0.0; ///< what is taken off a position to give its reading
+        double datum = 0.0; ///< subtracted from a position to give its reading
         double least = 0.0;
         double greatest = 0.0;
     };

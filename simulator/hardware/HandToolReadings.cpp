@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-// What a hand tool makes of the positions that its gauges feel.
+// Readings of a hand tool: positions, operation modes, tags and datum.
 namespace TavikSimulator {
 
 using TavikLibrary::eKRV_OperationMode;
@@ -13,7 +13,7 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-/// Operation modes from this one on show what was measured at the last tag.
+/// First operation mode that shows the readings of the last tag.
 constexpr int FirstTaggedMode = 4;
 
 double RoundTo(double value, int decimals) {

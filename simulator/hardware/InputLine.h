@@ -6,28 +6,27 @@
 
 namespace TavikSimulator {
 
-/// A line on an input pin, and what the module makes of it: a level counts once it has lasted for the
-/// debounce time, so that pulses shorter than that are never seen.
+/// Debounced input line: a level counts after it has lasted for the debounce time; shorter pulses are ignored.
 class InputLine {
 public:
-    /// The line takes a level, 0 or 1, at a time that is not before the last one.
+    /// Sets the level of the line, 0 or 1, at a time not before the last change.
     void Take(int newLevel, Nanoseconds time, Nanoseconds debounceTime);
-    /// What is seen now stays seen under another debounce time.
+    /// Keeps the debounced level and the number of edges when the debounce time changes.
     void LatchLevel(Nanoseconds time, Nanoseconds debounceTime);
     int LevelAt(Nanoseconds time, Nanoseconds debounceTime) const;
-    /// How often the module has seen the line go high until a time that is not before the last change.
+    /// Number of debounced rising edges until a time not before the last change.
     std::int64_t RisesUntil(Nanoseconds time, Nanoseconds debounceTime) const;
 
 private:
     int level = 0;
     Nanoseconds since{};
-    int before = 0;         ///< what the module saw last before the line took its level
-    std::int64_t rises = 0; ///< seen until then
+    int before = 0;         ///< debounced level before the last change
+    std::int64_t rises = 0; ///< debounced rising edges until then
 };
 
-/// What a module sees of a line with pulses.
+/// Debounced level of a line with pulses.
 int LevelOf(const PulsesDescription& pulses, Nanoseconds time, Nanoseconds debounceTime);
-/// How often a module has seen a line with pulses go high since bench time 0.
+/// Number of debounced rising edges of a line with pulses since bench time 0.
 std::int64_t RisesOf(const PulsesDescription& pulses, Nanoseconds time, Nanoseconds debounceTime);
 
 } // namespace TavikSimulator

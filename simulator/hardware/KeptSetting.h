@@ -7,27 +7,27 @@
 
 namespace TavikSimulator {
 
-/// A module's settings as a network file keeps them: texts by name.
+/// A module's settings in a network file: texts by name.
 using StoredSettings = std::map<std::string, std::string>;
 
-/// A setting that network files keep, as a text.
+/// Access to one setting of a module as a text in a network file.
 struct KeptSetting {
     std::string name;
     std::function<std::string()> text;
-    /// Throws TavikException, and changes nothing, for a text that the module cannot be set to.
+    /// Throws TavikException, and changes nothing, for a text that the module does not support.
     std::function<void(const std::string& text)> require;
-    /// Sets what require has passed.
+    /// Sets a text that `require` has accepted.
     std::function<void(const std::string& text)> use;
 };
 
-/// Numbers as network files write them: whatever is written reads back as the same number. Reading throws
-/// TavikException for another text, naming the setting.
+/// Numbers in network files: written numbers read back as equal numbers. Reading throws TavikException with the name of
+/// the setting for another text.
 std::string NumberText(int number);
 std::string NumberText(double number);
 int WholeNumber(const std::string& setting, const std::string& text);
 double RealNumber(const std::string& setting, const std::string& text);
 
-/// A setting of a module that is a whole number, a choice of an enumeration, or a real number.
+/// Access to a whole number, an enumeration or a real number.
 template <class Value, class Get, class Require, class Use>
 KeptSetting KeptNumber(const std::string& name, Get get, Require require, Use use) {
     const auto read = [name](const std::string& text) {
@@ -48,7 +48,7 @@ KeptSetting KeptNumber(const std::string& name, Get get, Require require, Use us
             [=](const std::string& text) { use(read(text)); }};
 }
 
-/// A setting that is on (1) or off (0).
+/// Access to a setting that is on (1) or off (0).
 KeptSetting KeptSwitch(const std::string& name, const std::function<bool()>& get, const std::function<void(bool)>& use);
 
 } // namespace TavikSimulator

@@ -9,7 +9,7 @@
 
 namespace TavikSimulator {
 
-/// Filters and measuring rates as a bench file writes them.
+/// Words of a bench file for filters and measuring rates.
 const std::vector<std::pair<std::string, TavikLibrary::eFilter>>& FilterWords();
 const std::vector<std::pair<std::string, TavikLibrary::eMeasuringRate>>& RateWords();
 

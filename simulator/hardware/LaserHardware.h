@@ -5,7 +5,7 @@
 
 namespace TavikSimulator {
 
-/// A laser whose beam can be switched. Without its beam it has no reading (BeamOff).
+/// A laser with a switched beam; without its beam it has no reading (BeamOff).
 class LaserHardware : public ProbeHardware {
 public:
     explicit LaserHardware(const ModuleDescription& description);
@@ -19,8 +19,8 @@ private:
     bool beamOn;
 };
 
-/// A laser with a low-pass filter. While no light comes back (the part is out of range), it goes on giving
-/// its last reading for the level-cut time.
+/// A laser with a low-pass filter. For the level-cut time after the part has left the measuring range it repeats its
+/// last reading.
 class FilteredLaserHardware : public LaserHardware {
 public:
     explicit FilteredLaserHardware(const ModuleDescription& description);
@@ -44,7 +44,7 @@ private:
     int levelCutTime; ///< in steps of 0.1 ms
 };
 
-/// A laser that has a new value as often as its measuring rate says.
+/// A laser with new values at its measuring rate.
 class RatedLaserHardware : public LaserHardware {
 public:
     explicit RatedLaserHardware(const ModuleDescription& description);

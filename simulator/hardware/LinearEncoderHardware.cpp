@@ -16,15 +16,15 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-/// What the encoder can be set to, up and down.
+/// Largest count of a preset, positive or negative.
 constexpr int MostCounts = 1000000000;
 
 constexpr std::chrono::seconds OperatorTime{1}; // for the travel over the mark and back
 constexpr std::chrono::milliseconds OperatorStep{10};
-constexpr double OperatorOvershoot = 0.05; // of the stroke
-constexpr double DefaultMark = 0.25;       // of the stroke
+constexpr double OperatorOvershoot = 0.05; // of the span
+constexpr double DefaultMark = 0.25;       // of the span
 
-/// A count as the encoder's register holds it, and whether it does.
+/// A count limited to the register of the encoder, with the code of the exceeded limit.
 Reading Registered(std::int64_t count, int code) {
     constexpr auto least = std::int64_t{std::numeric_limits<int>::min()};
     constexpr auto most = std::int64_t{std::numeric_limits<int>::max()};
@@ -34,7 +34,7 @@ Reading Registered(std::int64_t count, int code) {
     return {code, static_cast<int>(std::clamp(count, least, most)), 0.0};
 }
 
-/// How much of its way the hand has gone: it goes there and back again.
+/// Share of the operator's travel over the mark: rises to 1 and returns to 0.
 double ShareOfWay(Nanoseconds time) {
     const double share = ToSeconds(time) / ToSeconds(OperatorTime);
     return share <= 0.0 || share >= 1.0 ? 0.0 : 1.0 - std::abs(2.0 * share - 1.0);
@@ -57,7 +57,7 @@ Reading LinearEncoderHardware::ReadAt(Nanoseconds time) const {
 void LinearEncoderHardware::PowerOn(Nanoseconds time) {
     search.reset();
     foundCount.reset();
-    hand.reset();
+    simulatedOperator.reset();
     datum = {0, PositionAt(time).counts};
 }
 
@@ -129,13 +129,15 @@ double LinearEncoderHardware::UnitsAtMark(Nanoseconds time) const {
 void LinearEncoderHardware::StopSearch(Nanoseconds time) {
     Follow(time);
     search.reset();
-    if (hand && hand->comes > time) {
-        hand.reset();
+    if (simulatedOperator && simulatedOperator->comes > time) {
+        simulatedOperator.reset();
     }
 }
 
 double LinearEncoderHardware::TipFor(double part, Nanoseconds instant) const {
-    return hand ? part + (hand->beyond - part) * ShareOfWay(instant - hand->comes) : part;
+    return simulatedOperator
+               ? part + (simulatedOperator->beyond - part) * ShareOfWay(instant - simulatedOperator->comes)
+               : part;
 }
 
 double LinearEncoderHardware::TipWithoutNoise(Nanoseconds instant) const {
@@ -185,26 +187,26 @@ void LinearEncoderHardware::RequireKnown(eReferenceMarkMode mode) const {
 void LinearEncoderHardware::Find(std::optional<int> recall, Nanoseconds time) {
     Follow(time);
     foundCount.reset();
-    // A hand that has not finished yet lets go.
-    hand.reset();
+    // A movement in progress ends.
+    simulatedOperator.reset();
     const double tip = TipWithoutNoise(time);
     search = {recall, time, tip};
-    if (const auto& comesAfter = Description().linearEncoder.hand) {
+    if (const auto& comesAfter = Description().linearEncoder.operatorDelay) {
         const double overshoot = OperatorOvershoot * Range().stroke;
-        hand = Hand{time + *comesAfter, tip < mark ? mark + overshoot : mark - overshoot};
+        simulatedOperator = Operator{time + *comesAfter, tip < mark ? mark + overshoot : mark - overshoot};
     }
 }
 
 void LinearEncoderHardware::Follow(Nanoseconds time) const {
     Nanoseconds step = StepFor(Measurand().Description());
-    if (hand) {
+    if (simulatedOperator) {
         step = std::min<Nanoseconds>(step, OperatorStep);
     }
     while (search && search->instant + step <= time) {
         StepTo(search->instant + step);
     }
     if (search && search->instant <= time) {
-        // Also at the same instant: the tip may have been moved.
+        // Also at the same instant: the signal can have changed.
         StepTo(time);
     }
 }

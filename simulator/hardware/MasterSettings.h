@@ -8,11 +8,11 @@
 
 namespace TavikSimulator {
 
-/// How a module triggers the samples and syncs of a collection. The setters throw TavikException, and
-/// change nothing, for a value that the module cannot work with.
+/// Settings of a trigger master. The setters throw TavikException, and change nothing, for a value that the module does
+/// not support.
 class MasterSettings {
 public:
-    /// Only an encoder interface can hold off and wait for a reference mark.
+    /// Only an encoder interface supports hold-off and reference marks.
     MasterSettings(std::string moduleIdentity, bool hasEncoder);
 
     int TxSample() const { return txSample; }
@@ -24,7 +24,7 @@ public:
     TavikLibrary::eDynamicMasterMode Mode() const { return mode; }
     void SetMode(TavikLibrary::eDynamicMasterMode mode);
 
-    /// What network files keep of them.
+    /// Settings in network files.
     std::vector<KeptSetting> Kept();
 
 private:

@@ -13,11 +13,11 @@
 
 namespace TavikSimulator {
 
-/// Where a module stands when the bench is made.
+/// State of a module when the bench is created.
 enum class PlugState {
     Listed, ///< in its network's list
     OnBus,  ///< plugged in, but not in the list yet
-    Absent, ///< not plugged in; in the list all the same when it is replaced or comes back
+    Absent, ///< not plugged in
 };
 
 struct ModuleCapabilities {
@@ -30,7 +30,7 @@ struct ModuleCapabilities {
     bool readBurst = false;
 };
 
-/// What a module's buffer holds unless the bench file says otherwise, and the most that it may say.
+/// Readings in a module's buffer: default of a bench file, and maximum.
 constexpr int DefaultBufferDepth = 16384;
 constexpr int LargestBufferDepth = 4000000;
 
@@ -43,10 +43,10 @@ struct ModuleDescription {
     std::string unit;
     double stroke = 1.0;
     double offset = 0.0;
-    double countsPerUnit = 1.0; ///< of a probe it follows from resolution and stroke
+    double countsPerUnit = 1.0; ///< for probes computed from resolution and span
     bool hotSwappable = false;
     ModuleCapabilities capabilities;
-    int bufferDepth = DefaultBufferDepth; ///< readings that its buffer holds in buffered mode
+    int bufferDepth = DefaultBufferDepth; ///< capacity of its buffer in readings
     std::vector<TavikLibrary::eNetSpeed> speeds;
     int resolutionBits = 14;
     int averagingSamples = 1;
@@ -63,7 +63,7 @@ struct ModuleDescription {
     SignalDescription signal;
     PlugState plugState = PlugState::Listed;
     std::optional<Nanoseconds> announcesAfter; ///< from the start of a notify run
-    bool remembered = true;                    ///< its connector knows it
+    bool remembered = true;                    ///< its identity is stored in its T-connector
 };
 
 /// Whether a text is 10 characters, upper-case letters and digits.

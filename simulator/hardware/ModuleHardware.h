@@ -14,11 +14,11 @@ namespace TavikSimulator {
 
 class MasterSettings;
 
-/// A module as it stands on the wire: what it is, what it is set to, and what it feels. It goes on
-/// existing while it is not in any list. Guarded by the bench's lock.
+/// A module on the bus: its description, settings and measurand. It outlasts its place in a list. Guarded by the
+/// bench's lock.
 class ModuleHardware {
 public:
-    /// Throws std::invalid_argument with a sentence for an impossible description.
+    /// Throws std::invalid_argument for an invalid description.
     explicit ModuleHardware(const ModuleDescription& description);
     virtual ~ModuleHardware() = default;
     ModuleHardware(const ModuleHardware&) = delete;
@@ -28,57 +28,56 @@ public:
     const std::string& Identity() const { return description.identity; }
     bool CanWorkAt(TavikLibrary::eNetSpeed speed) const;
 
-    /// The module's reading at a bench time in seconds.
+    /// Reading at a bench time.
     virtual Reading ReadAt(Nanoseconds time) const;
-    /// From one reading to the next when the module reads by itself, in seconds.
+    /// Interval between readings when the module reads by itself.
     virtual Nanoseconds ReadingPeriod() const;
     virtual double CountsPerUnit() const;
-    /// The measuring range and its unit, as they are now.
+    /// Present measuring range and its unit.
     virtual double Offset() const;
     virtual double Stroke() const;
     virtual std::string Unit() const;
-    /// Throws TavikException when the module has a reading but must not hand it to the library now.
+    /// Throws TavikException when the library must not read the module now.
     virtual void RequireReadable() const;
-    /// Whether the module answers at a bench time: it is plugged in and not busy with itself.
+    /// Whether the module answers at a bench time: it is plugged in and not restarting.
     virtual bool Answers(Nanoseconds time) const;
     /// Throws TavikException when the module does not answer.
     void RequireAnswer(Nanoseconds time, const std::string& networkName) const;
-    /// How the module triggers the samples and syncs of collections; null for a module that cannot.
+    /// Settings as a trigger master; null for a module that cannot trigger.
     virtual MasterSettings* Master();
-    /// How many counts a module that triggers collections has gone from its beginning until a bench time; never
-    /// less than before.
+    /// Travel of a trigger master in counts until a bench time; never decreases.
     virtual std::int64_t TriggerCountAt(Nanoseconds time) const;
-    /// Power comes back at a bench time: what the module does not keep without power is lost.
+    /// Switches power on at a bench time; volatile state is lost.
     virtual void PowerOn(Nanoseconds time);
 
-    /// The settings that a network file keeps, at a bench time in seconds. The state of an output and a laser's beam
-    /// are not among them: loading a file must not switch anything on.
+    /// Settings for a network file at a bench time. Output states and a laser's beam are left out: loading a file must
+    /// not switch anything on.
     StoredSettings Settings(Nanoseconds time);
-    /// Throws TavikException for settings that the module does not have or cannot be set to.
+    /// Throws TavikException for settings that the module does not have or support.
     void RequireSettings(const StoredSettings& settings, Nanoseconds time);
-    /// Takes settings that RequireSettings has passed.
+    /// Sets settings that RequireSettings has accepted.
     void UseSettings(const StoredSettings& settings, Nanoseconds time);
 
-    /// Holds a still part under the gauge, at a position in its unit.
+    /// Holds the measurand at a position in the module's unit.
     virtual void Hold(double position);
     virtual void Release();
 
     bool present = true;
     bool listed = false;
-    /// Seconds after the beginning of a notify run; none for a module that does not announce itself.
+    /// Time of the announcement after the start of a notify run; none for a module without one.
     std::optional<Nanoseconds> announcesAfter;
-    /// Taken out of the list: announces itself in the next notify run, after those with a time of their own.
+    /// Removed from the list: announces itself in the next notify run, after the modules with a time of their own.
     bool announcesWhenAsked = false;
-    /// The identity of the listed module in whose connector this one is plugged instead.
+    /// Identity of the listed module whose T-connector this module is plugged into.
     std::string replaces;
 
 protected:
     virtual std::vector<KeptSetting> KeptSettings(Nanoseconds time);
-    /// The signal has changed; it has been changed in the description already.
+    /// Called after the signal has changed.
     virtual void UseSignal(const SignalDescription& signal);
     const Signal& Measurand() const { return signal; }
     const MeasuringRange& Range() const { return range; }
-    /// What the module says of itself, for a module that can come to say something else.
+    /// Information about the module, for types that can change it.
     ModuleDescription& Information() { return description; }
 
 private:

@@ -146,7 +146,7 @@ ModuleDescription RatedLaser() {
 
 ModuleDescription WirelessModule() {
     ModuleDescription module = Basic(eModuleType::RLK, "Wireless Connection Module", "4.00", "mm");
-    // It measures nothing by itself; its hand tools do.
+    // The module has no measurand of its own; its hand tools have.
     module.signal.base = module.offset;
     return module;
 }

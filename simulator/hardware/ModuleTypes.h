@@ -14,13 +14,13 @@ class ModuleHardware;
 struct ModuleTypeInfo {
     TavikLibrary::eModuleType type;
     const char* name;
-    /// What a bench file need not say.
+    /// Values of attributes that a bench file leaves out.
     ModuleDescription (*defaults)();
     std::shared_ptr<ModuleHardware> (*makeHardware)(const ModuleDescription& description);
 };
 
 const std::vector<ModuleTypeInfo>& ModuleTypes();
-/// The kind of a type. Throws TavikException for a type that is no module's.
+/// Throws TavikException for a type that no module has.
 const ModuleTypeInfo& TypeInfoOf(TavikLibrary::eModuleType type);
 
 } // namespace TavikSimulator

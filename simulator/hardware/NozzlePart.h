@@ -2,7 +2,7 @@
 
 namespace TavikSimulator {
 
-/// What can be in the nozzle of an air gauge.
+/// Part on the air plug of an air gauge.
 enum class NozzlePart { Nothing, MasterA, MasterB, WorkPiece };
 
 } // namespace TavikSimulator

@@ -6,14 +6,13 @@
 
 namespace TavikSimulator {
 
-/// A module that samples, averages and digitises as a probe does: the probe itself, and the lasers and
-/// air gauges that are built like one.
+/// A module that samples, averages and digitises: a probe, laser or air gauge.
 class ProbeHardware : public ModuleHardware {
 public:
     explicit ProbeHardware(const ModuleDescription& description);
 
     Reading ReadAt(Nanoseconds time) const override;
-    /// The time in which all samples of a reading are collected anew, and never less than that of 4 samples.
+    /// Duration of all samples of a reading, at least 4 samples.
     Nanoseconds ReadingPeriod() const override;
     double CountsPerUnit() const override;
     void PowerOn(Nanoseconds time) override;
@@ -26,7 +25,7 @@ public:
 
 protected:
     std::vector<KeptSetting> KeptSettings(Nanoseconds time) override;
-    /// Filters the samples from now on; in Hz.
+    /// Sets the cut-off frequency of the low-pass filter, in Hz.
     void UseLowPass(double cutoff) { physics.SetLowPassCutoff(cutoff); }
     void UseSignal(const SignalDescription& signal) override;
     const ProbePhysics& Physics() const { return physics; }

@@ -11,7 +11,7 @@ using TavikLibrary::eTavikErrors;
 
 namespace {
 
-/// From one reading to the next of a module that reads continuously.
+/// Interval between readings in continuous mode.
 constexpr std::chrono::milliseconds ContinuousPeriod{100};
 
 } // namespace

@@ -7,13 +7,13 @@
 
 namespace TavikSimulator {
 
-/// A module that takes a reading all the time, when somebody presses its switch, or on command. Times are
-/// seconds of bench time. Setters throw TavikException, and change nothing, for what cannot be done.
+/// A module that takes a reading continuously, at a press of its switch, or on command. Setters throw TavikException,
+/// and change nothing, for a value that the module does not support.
 class ReadModeHardware : public ModuleHardware {
 public:
     explicit ReadModeHardware(const ModuleDescription& description);
 
-    /// The reading taken last; none (ReadingNotAvailable) before the first in this mode.
+    /// The last reading; none (ReadingNotAvailable) before the first one in this mode.
     Reading ReadAt(Nanoseconds time) const override;
 
     TavikLibrary::eHvxReadMode ReadMode() const { return mode; }
@@ -21,7 +21,7 @@ public:
     void Sample(Nanoseconds time);
     /// True once for each reading.
     bool TakeNewReadingReady(Nanoseconds time);
-    /// Takes over what the module says of itself by now.
+    /// Updates the information about the module to a bench time.
     void UpdateInformation(Nanoseconds time);
 
 protected:
@@ -29,7 +29,7 @@ protected:
 
 private:
     void RequireReadMode(TavikLibrary::eHvxReadMode mode) const;
-    /// When the reading was taken that the module has at this time.
+    /// Time of the last reading before a time.
     std::optional<Nanoseconds> TakenAt(Nanoseconds time) const;
     std::optional<Nanoseconds> LastPress(Nanoseconds time) const;
 

@@ -4,7 +4,7 @@
 
 #include <array>
 
-// The settings in a hand tool's memory, as they come from the factory.
+// Settings in a hand tool's memory, with factory defaults.
 namespace TavikSimulator {
 
 struct KRVSettings {

@@ -9,28 +9,28 @@
 #include <string>
 #include <vector>
 
-// What a bench file says of one kind of module only.
+// Descriptions for single module types in a bench file.
 namespace TavikSimulator {
 
-/// What an encoder puts out on its channels A and B.
+/// Output of an encoder on its channels A and B.
 enum class EncoderOutput {
     Quadrature,     ///< two square waves a quarter of a line apart
     UpDown,         ///< a pulse per line, on A when it moves forward and on B when it moves back
-    CountDirection, ///< a pulse per line on A; B tells the direction
+    CountDirection, ///< a pulse per line on A; B is the direction
 };
 
-/// The encoder that is plugged into an encoder interface.
+/// Encoder of an encoder interface.
 struct EncoderDescription {
     EncoderOutput output = EncoderOutput::Quadrature;
     TavikLibrary::eEncoderInterfaceType wiring = TavikLibrary::eEncoderInterfaceType::Differential;
-    std::optional<double> mark; ///< where the reference mark is, in lines
+    std::optional<double> mark; ///< position of the reference mark, in lines
     double markEvery = 0.0;     ///< lines from one mark to the next; 0 for a single mark
 };
 
-/// A linear encoder's reference mark, and the hand that moves its tip.
+/// Reference mark of a linear encoder, and the simulated operator that moves its tip.
 struct LinearEncoderDescription {
-    std::optional<double> mark; ///< in the module's unit; a quarter of the stroke from its beginning if none is given
-    std::optional<Nanoseconds> hand =
+    std::optional<double> mark; ///< in the module's unit; none: a quarter of the span from the lower range limit
+    std::optional<Nanoseconds> operatorDelay =
         std::chrono::seconds(3); ///< from the start of a search until the operator moves the tip; none for never
 };
 
@@ -40,7 +40,7 @@ struct WireDescription {
     int to = 0;
 };
 
-/// An input that sees pulses: high for a time, once every period.
+/// Pulses at an input: high for a time, once every period.
 struct PulsesDescription {
     int pin = 0;
     Nanoseconds period = std::chrono::seconds(1);
@@ -48,7 +48,7 @@ struct PulsesDescription {
     Nanoseconds start{};
 };
 
-/// The pins of a digital I/O module. Bit i stands for pin i.
+/// Pins of a digital I/O module. Bit i is pin i.
 struct PinsDescription {
     int outputs = 0; ///< pins that are outputs when power comes on
     int inputs = 0;  ///< inputs that are held high
@@ -72,7 +72,7 @@ struct LaserDescription {
     TavikLibrary::eMeasuringRate rate = TavikLibrary::eMeasuringRate::Rate1KHz;
 };
 
-/// Something that a module says of itself from a bench time on.
+/// Information about a module from a bench time on.
 struct InformationChange {
     Nanoseconds at{};
     std::optional<std::string> deviceType;

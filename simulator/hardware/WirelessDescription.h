@@ -10,13 +10,13 @@
 #include <string>
 #include <vector>
 
-// What a bench file says of a wireless connection module and the hand tools around it, as plain data.
+// Wireless connection module and its hand tools in a bench file, as plain data.
 namespace TavikSimulator {
 
 constexpr int WirelessSlots = 6;
 constexpr std::size_t LongestToolName = 20;
 
-/// How many characters a text in UTF-8 has.
+/// Number of characters of a text in UTF-8.
 std::size_t CharacterCount(const std::string& text);
 
 /// A gauge plugged into a hand tool. Lengths in mm.
@@ -27,12 +27,12 @@ struct ToolChannelDescription {
     SignalDescription signal;
 };
 
-/// How a tool's radio behaves. Chances are from 0 to 1.
+/// Radio link of a tool. loss and repeat are probabilities, 0 to 1.
 struct LinkDescription {
     Nanoseconds delay = std::chrono::milliseconds(30); ///< from a question to its answer
-    Nanoseconds jitter{};                              ///< the most that an answer is late
-    double loss = 0.0;                                 ///< that a question gets no answer
-    double repeat = 0.0;                               ///< that a read gets the readings of the one before
+    Nanoseconds jitter{};                              ///< largest additional delay
+    double loss = 0.0;                                 ///< of a request without an answer
+    double repeat = 0.0;                               ///< of a read that returns the previous readings
     Nanoseconds connectTime{};                         ///< from a restart of the module until the tool is connected
 };
 
@@ -40,8 +40,8 @@ struct ToolDescription {
     std::string identity;
     TavikLibrary::eRLK_DeviceType type = TavikLibrary::eRLK_DeviceType::KRV;
     std::string firmware = "2.70";
-    std::optional<std::string> identifyReply; ///< in place of the usual one
-    double battery = 100.0;                   ///< in percent, when the bench is made
+    std::optional<std::string> identifyReply; ///< in place of the default
+    double battery = 100.0;                   ///< in percent, when the bench is created
     double batteryHours = 40.0;               ///< from full to empty, switched on
     double distance = 3.0;                    ///< from the module, in metres
     int autoPowerOff = 300;                   ///< in seconds; 0 for never
@@ -53,7 +53,7 @@ struct ToolDescription {
     std::uint64_t seed = 1;
 };
 
-/// What a module remembers of one slot.
+/// Stored data of one slot.
 struct SlotDescription {
     std::string identity;
     std::string name;
@@ -63,7 +63,7 @@ struct WirelessDescription {
     Nanoseconds restartTime = std::chrono::milliseconds(2500);
     int failedRestarts = 0; ///< that fail before one succeeds
     std::array<SlotDescription, WirelessSlots> slots;
-    std::vector<ToolDescription> tools; ///< all that the module could connect to
+    std::vector<ToolDescription> tools; ///< all tools that the module can connect to
 };
 
 } // namespace TavikSimulator

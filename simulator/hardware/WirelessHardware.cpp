@@ -90,7 +90,7 @@ void WirelessHardware::SetNameOf(int slot, const std::string& name) {
     At(slot).name = name;
 }
 
-// An identity that comes out of a file becomes effective at the next restart, like any that is written.
+// A loaded identity becomes effective at the next restart, as a written one.
 std::vector<KeptSetting> WirelessHardware::KeptSettings(Nanoseconds) {
     std::vector<KeptSetting> kept;
     for (int slot = 0; slot < WirelessSlots; ++slot) {
@@ -130,7 +130,7 @@ HandTool* WirelessHardware::ToolOf(int slot) {
     const std::string& identity = At(slot).effective;
     for (int earlier = 0; earlier < slot; ++earlier) {
         if (At(earlier).effective == identity) {
-            // A tool is connected once.
+            // A tool is connected to one slot only.
             return nullptr;
         }
     }

@@ -10,10 +10,9 @@
 
 namespace TavikSimulator {
 
-/// A wireless connection module: six slots, and the hand tools that it can reach. An identity that is
-/// written becomes effective at the next restart. Operations throw TavikException, and change nothing, for
-/// what they cannot use; slots are numbered from 0 here and from 1 in sentences. Guarded by the bench's
-/// lock.
+/// A wireless connection module: six slots and the hand tools that it can reach. A written identity becomes effective
+/// at the next restart. Operations throw TavikException, and change nothing, for values that they do not support. Slots
+/// are numbered from 0 here and from 1 in error messages. Guarded by the bench's lock.
 class WirelessHardware : public ModuleHardware {
 public:
     explicit WirelessHardware(const ModuleDescription& description);
@@ -26,23 +25,23 @@ public:
     void SetIdentityIn(int slot, const std::string& identity);
     const std::string& NameOf(int slot) const { return At(slot).name; }
     void SetNameOf(int slot, const std::string& name);
-    /// The type as the module knew it when its fields were updated last.
+    /// Tool type at the last update of the fields.
     TavikLibrary::eRLK_DeviceType KnownType(int slot) const { return At(slot).knownType; }
     void UpdateFields(int slot);
     TavikLibrary::eRLK_DeviceStatus StatusOf(int slot, Nanoseconds now);
-    /// The tool that the slot is for, in range or not; null when there is none.
+    /// Tool of the slot, in range or not; null when there is none.
     HandTool* ToolOf(int slot);
-    /// The tool that the slot is connected to. Throws TavikException when there is none.
+    /// Tool that the slot is connected to. Throws TavikException when there is none.
     HandTool& ConnectedTool(int slot, Nanoseconds now);
 
     Nanoseconds RestartTime() const { return Description().wireless.restartTime; }
-    /// The module stops answering for the time of its restart.
+    /// The module does not answer for the duration of its restart.
     void GoDown(Nanoseconds now) { downUntil = now + RestartTime(); }
     void ComeUp();
-    /// The module connects to its tools after a restart. Throws TavikException when the restart fails.
+    /// Connects to the tools after a restart. Throws TavikException when the restart fails.
     void Reconnect(Nanoseconds now);
 
-    /// Null when there is no such tool around the module.
+    /// Returns null when the module has no such tool.
     HandTool* ToolNamed(const std::string& identity);
 
 protected:

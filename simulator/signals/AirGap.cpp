@@ -35,7 +35,7 @@ double BackPressure(double supply, double clearance, const AirCircuit& circuit) 
     }
     const double orifice = AreaOfBore(circuit.orificeDiameter);
     const double bore = AreaOfBore(circuit.nozzleDiameter);
-    // The squares of orifice over nozzle areas: what the orifice lets pass against the two ways out.
+    // Squares of the ratios of the orifice area to the curtain and to the bore area.
     const double againstCurtain = (orifice / curtain) * (orifice / curtain);
     const double againstBore = (orifice / bore) * (orifice / bore);
     return supply / (1.0 + 1.0 / (againstCurtain + againstBore));

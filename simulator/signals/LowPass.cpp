@@ -8,7 +8,7 @@ namespace TavikSimulator {
 namespace {
 
 constexpr double Pi = 3.14159265358979323846;
-/// Time constants after which a sample is forgotten: 0.03 % of it is left.
+/// Time constants after which 0.03 % of a sample is left; older samples are ignored.
 constexpr double TimeConstantsKept = 8.0;
 
 } // namespace
@@ -31,8 +31,8 @@ double LowPass::MeanOf(const Signal& signal, std::int64_t last, int samples) con
     return sum / samples;
 }
 
-// Every value is worked out from the anchor before it, a sample at which the filter was started anew far
-// enough back: so the way to it is always the same, wherever the asking began.
+// Each value is computed from the previous anchor, a sample at which the filter is restarted: results do not depend on
+// the order of the calls.
 double LowPass::At(const Signal& signal, std::int64_t index) const {
     const std::int64_t anchor = FloorDivision(index, memory) * memory;
     if (latest.index < anchor || latest.index > index) {

@@ -8,12 +8,11 @@
 
 namespace TavikSimulator {
 
-/// A first-order low-pass filter over the samples of a signal. The value at a sample depends on nothing
-/// but the signal's samples, not on what was asked before; what was worked out is kept to be quicker the
-/// next time, so one filter must not be asked by two threads at once.
+/// First-order low-pass filter over the samples of a signal. A value depends only on the signal's samples, not on
+/// earlier calls. Results are cached, so one filter must not be used by two threads at once.
 class LowPass {
 public:
-    /// Cut-off frequency in Hz, above 0; sample period in nanoseconds, above 0.
+    /// Cut-off frequency in Hz and sample period, both above 0.
     LowPass(double cutoff, Nanoseconds samplePeriod);
 
     /// The mean of the filtered samples that end with this one.
@@ -32,7 +31,7 @@ private:
     double cutoff;
     Nanoseconds samplePeriod;
     double share;        ///< of a new sample in the filtered value
-    std::int64_t memory; ///< samples after which hardly anything of an old one is left
+    std::int64_t memory; ///< samples after which an old sample is ignored
     mutable std::array<Value, 2> anchors;
     mutable Value latest;
 };

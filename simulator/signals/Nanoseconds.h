@@ -7,10 +7,10 @@
 
 namespace TavikSimulator {
 
-/// Bench time, or a span of it, in whole nanoseconds. Bench time 0 is when the bench was made.
+/// A bench time or a duration. Bench time 0 is the creation of the bench.
 using Nanoseconds = std::chrono::nanoseconds;
 
-/// The latest bench time and the longest span, about 142 years: two of them add up without an overflow.
+/// Latest bench time and longest duration, about 142 years: the sum of two does not overflow.
 constexpr Nanoseconds LatestTime{4500000000000000000};
 
 /// Rounded to the nearest nanosecond and limited to +-LatestTime.
@@ -29,12 +29,12 @@ constexpr std::int64_t FloorDivision(std::int64_t number, std::int64_t divisor) 
     return number / divisor - (number % divisor < 0 ? 1 : 0);
 }
 
-/// The number of the period (0 is the first, below 0 before bench time 0) that a time lies in.
+/// Number of the period (above 0) that contains a time: 0 for the first from bench time 0, negative before it.
 constexpr std::int64_t PeriodsUntil(Nanoseconds time, Nanoseconds period) {
     return FloorDivision(time.count(), period.count());
 }
 
-/// The time since the last whole period (above 0), counted from 0 in both directions: 0 to below the period.
+/// Time since the start of the period (above 0) that contains a time: 0 to below the period.
 constexpr Nanoseconds WithinPeriod(Nanoseconds time, Nanoseconds period) {
     return time - PeriodsUntil(time, period) * period;
 }

@@ -9,9 +9,9 @@ namespace {
 // The step between two states of SplitMix64: the golden ratio as a fraction of 2^64, made odd.
 constexpr std::uint64_t GoldenGamma = 0x9E3779B97F4A7C15ULL;
 
-// The output function of SplitMix64 (G. L. Steele, D. Lea, C. H. Flood: Fast splittable pseudorandom
-// number generators, OOPSLA 2014, doi 10.1145/2660193.2660195), with the constants of D. Stafford's
-// variant 13. A bijection in which every bit of the input sways every bit of the output.
+// Output function of SplitMix64 (G. L. Steele, D. Lea, C. H. Flood: Fast splittable pseudorandom number generators,
+// OOPSLA 2014, doi 10.1145/2660193.2660195), with the constants of D. Stafford's variant 13. A bijection in which each
+// input bit affects each output bit.
 std::uint64_t Mix(std::uint64_t z) {
     z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
     z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
@@ -59,7 +59,7 @@ double LowerTailQuantile(double probability) {
 } // namespace
 
 std::uint64_t SeedFor(std::uint64_t benchSeed, std::string_view name) {
-    // FNV-1a spells the name into the seed; the mixing spreads it over all bits.
+    // FNV-1a hashes the name into the seed; the mixing spreads it over all bits.
     std::uint64_t hash = 0xCBF29CE484222325ULL ^ Mix(benchSeed);
     for (const char letter : name) {
         hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001B3ULL;
@@ -83,7 +83,7 @@ double NormalQuantile(double probability) {
 }
 
 double NormalNoise(std::uint64_t seed, std::int64_t counter) {
-    // The middles of 2^52 equal parts of 0 to 1: neither end is ever hit.
+    // Midpoints of 2^52 equal parts of 0 to 1: 0 and 1 do not occur.
     const double part = static_cast<double>(RandomBits(seed, counter) >> 12) + 0.5;
     return NormalQuantile(part * 0x1p-52);
 }

@@ -5,21 +5,19 @@
 
 namespace TavikSimulator {
 
-/// Random numbers that are looked up, not drawn: the same seed and counter give the same number, in
-/// any order of asking and from any thread.
+/// Counter-based random numbers: the same seed and counter give the same number, in any order and from any thread.
 
-/// A seed of its own for each named thing on a bench, so that two gauges of one bench file do not
-/// share their noise.
+/// Seed of a named object on a bench: two gauges of one bench file have independent noise.
 std::uint64_t SeedFor(std::uint64_t benchSeed, std::string_view name);
 
-/// 64 evenly distributed bits for a place in a seed's sequence.
+/// 64 uniformly distributed bits at a position of a seed's sequence.
 std::uint64_t RandomBits(std::uint64_t seed, std::int64_t counter);
 
 /// The value below which a standard normal variable lies with this probability; 0 < probability < 1.
 /// Relative error below 1.2e-9.
 double NormalQuantile(double probability);
 
-/// A standard normal variable (mean 0, deviation 1) for a place in a seed's sequence.
+/// Standard normal variable (mean 0, standard deviation 1) at a position of a seed's sequence.
 double NormalNoise(std::uint64_t seed, std::int64_t counter);
 
 } // namespace TavikSimulator

@@ -2,27 +2,26 @@
 
 namespace TavikSimulator {
 
-/// One reading as a module hands it out.
+/// One reading of a module.
 struct Reading {
     int code = 0;   ///< a value of eTavikErrors; 0 when the reading is good
-    int counts = 0; ///< 0 at the lower limit of the stroke
+    int counts = 0; ///< 0 at the lower range limit
     double units = 0.0;
 };
 
-/// Where a module measures, and how finely.
+/// Measuring range and resolution of a module.
 struct MeasuringRange {
-    double offset = 0.0; ///< where the stroke begins, in the module's unit
-    double stroke = 1.0; ///< its length, in the module's unit; above 0
-    int fullScale = 1;   ///< counts over the whole stroke; above 0
+    double offset = 0.0; ///< lower range limit, in the module's unit
+    double stroke = 1.0; ///< span, in the module's unit; above 0
+    int fullScale = 1;   ///< counts over the span; above 0
 };
 
 double CountsPerUnit(const MeasuringRange& range);
 /// The value of a count, in the module's unit.
 double UnitsOf(int counts, const MeasuringRange& range);
 
-/// The reading that a module gives of a position (in its unit, on the scale its readings are on): the
-/// nearest count, and the unit value of that count. A position that rounds below the stroke reads as
-/// its lower limit with the code UnderRange, one that rounds above it as its upper limit with OverRange.
+/// Reading of a position (in the module's unit): the nearest count and the value of that count. A position that rounds
+/// to outside the measuring range gives the range limit with the code UnderRange or OverRange.
 Reading Digitise(double position, const MeasuringRange& range);
 
 } // namespace TavikSimulator

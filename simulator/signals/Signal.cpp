@@ -118,7 +118,7 @@ double Signal::DriftAt(Nanoseconds time) const {
         drift += description.driftAmplitude * SineOfTurns(Turns(time, driftPeriod));
     }
     if (description.warmUp != 0.0 && time > Nanoseconds::zero()) {
-        // One body that warms up through one resistance: the first-order lag.
+        // First-order lag: one heat capacity, one thermal resistance.
         drift -= description.warmUp * std::expm1(-ToSeconds(time) / description.warmUpTime);
     }
     return drift;

@@ -10,7 +10,7 @@
 
 namespace TavikSimulator {
 
-/// How the part in front of a gauge moves. Amplitudes are half of peak to peak.
+/// Motion of the part in front of a gauge. Amplitudes are half of peak to peak.
 enum class Motion {
     Still,    ///< stays at the base position
     Sine,     ///< base + amplitude * sin, rising through the base at phase 0
@@ -30,10 +30,9 @@ struct Harmonic {
     double phase = 0.0;     ///< of this term, in turns of its own wave
 };
 
-/// What a gauge feels. Lengths are in the module's unit (mm unless the module says otherwise), on the
-/// scale on which the module reads: a gauge with offset -1 and stroke 2 measures -1 to 1. Times are
-/// bench time in seconds; periods are 1 us or longer and resolved to whole nanoseconds. No number is
-/// beyond +-1e9. Motion, form, drift and noise add up.
+/// Measurand of a gauge. Lengths are in the module's unit (mm by default), on the module's scale: a gauge with offset
+/// -1 and span 2 measures -1 to 1. Times are in seconds; Signal rounds periods, 1 µs or longer, to whole nanoseconds.
+/// All values are within +-1e9. Motion, form, drift and noise add up.
 struct SignalDescription {
     double base = 0.0; ///< position of the part at rest
 
@@ -48,23 +47,23 @@ struct SignalDescription {
     double revolution = 1.0;         ///< time in which the part turns once
     std::vector<Harmonic> harmonics; ///< form error of the part; at most 64 terms
 
-    double driftAmplitude = 0.0; ///< slow swing, such as a day's temperature; 0 or above
+    double driftAmplitude = 0.0; ///< sine of drift, such as by room temperature; 0 or above
     double driftPeriod = 86400.0;
-    double warmUp = 0.0;       ///< how far the reading creeps from power on until warm
+    double warmUp = 0.0;       ///< warm-up drift of the reading from power on
     double warmUpTime = 600.0; ///< time constant of the warm-up (63 % of it done)
 
     double noise = 0.0;     ///< standard deviation of one sample; 0 or above
-    std::uint64_t seed = 0; ///< another seed, another sequence of noise
+    std::uint64_t seed = 0; ///< of the noise
 };
 
-/// What is impossible about a description, as a sentence for whoever wrote it; empty if nothing is.
+/// Returns why the description is invalid; empty if valid.
 std::string Validate(const SignalDescription& description);
 
-/// A described signal that can be asked for its value at any time. It has no state: the same
-/// description and time give the same value to the bit, in any order of asking, from any thread.
+/// A signal as a pure function of bench time: the same description and time give the same value, bit by bit, in any
+/// order and from any thread.
 class Signal {
 public:
-    /// Throws std::invalid_argument with the sentence of Validate for an impossible description.
+    /// Throws std::invalid_argument with the result of Validate for an invalid description.
     explicit Signal(SignalDescription description);
 
     /// The value at a bench time. Two different times have independent noise.

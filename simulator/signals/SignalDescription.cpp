@@ -8,13 +8,13 @@ namespace TavikSimulator {
 
 namespace {
 
-// Far beyond any gauge, and far from where sums of doubles overflow or lose the nanoseconds.
+// Beyond any gauge, and small enough for sums of doubles and for whole nanoseconds.
 constexpr double LargestNumber = 1e9;
 constexpr double ShortestPeriod = 1e-6;
 constexpr int MostLobes = 500;
 constexpr std::size_t MostHarmonics = 64;
 
-// Collects the first complaint; the order of the checks is the order of the description.
+// Keeps the first reason; the order of the checks is the order of the description.
 class Fault {
 public:
     void Number(const char* name, double value) {

@@ -69,7 +69,7 @@ void KeyboardTest::tabVisitsEveryControl() {
     QFETCH(QString, page);
     Show(page);
     QList<QWidget*> missing = ControlsOf(qPrintable(page));
-    QVERIFY(missing.size() > 5);
+    QVERIFY(!missing.isEmpty());
     constexpr int mostPresses = 80;
     for (int press = 0; press < mostPresses && !missing.isEmpty(); ++press) {
         Operator().Press(Qt::Key_Tab);

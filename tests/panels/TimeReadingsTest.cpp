@@ -2,6 +2,7 @@
 #include "tools/bench/Benches.h"
 
 #include <QElapsedTimer>
+#include <QStatusBar>
 
 using namespace TavikSimulator;
 
@@ -19,6 +20,7 @@ private slots:
     void countsWholeReadingsPerSecond();
     void roundsDown();
     void failureEndsItWithoutARate();
+    void statusBarSaysFirstWhatBlocks();
 };
 
 void TimeReadingsTest::countsWholeReadingsPerSecond() {
@@ -75,6 +77,22 @@ void TimeReadingsTest::failureEndsItWithoutARate() {
     QVERIFY(!cursor);
     QCOMPARE(boxes.Count(), 1);
     QVERIFY(Operator().IsEnabled("btnRead"));
+}
+
+void TimeReadingsTest::statusBarSaysFirstWhatBlocks() {
+    OpenModule(Benches::Two(), 0);
+    FailNext("ReadInCounts", QStringLiteral("Gone."));
+    QStringList shown;
+    connect(Window().statusBar(), &QStatusBar::messageChanged, this, [&](const QString& text) {
+        if (!text.isEmpty() && Calls::CountOf("ReadInCounts") == 0) {
+            shown.append(text);
+        }
+    });
+    BoxReply reply;
+    reply.meanwhile = [this](QDialog&) { QCOMPARE(Window().statusBar()->currentMessage(), QString()); };
+    boxes.ExpectError(Operator().Find("moduleWidget"), QStringLiteral("Reading Error"), QStringLiteral("Gone."), reply);
+    QVERIFY(Operator().Click("btnTimeReadings"));
+    QCOMPARE(shown, QStringList{QStringLiteral("Counting readings for 5 s")});
 }
 
 TAVIK_TEST_MAIN(TimeReadingsTest)

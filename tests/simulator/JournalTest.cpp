@@ -38,6 +38,7 @@ class JournalTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void timesOfAdvancesAddUpExactly();
     void init() { Use(OneNetwork(Two)); }
     void ItIsOffByDefault();
     void CallsComeInOrderWithObjectsAPersonUnderstands();
@@ -52,6 +53,17 @@ private slots:
     void TheEnvironmentNamesAFile();
     void AFileThatCannotBeWrittenIsRefused();
 };
+
+void JournalTest::timesOfAdvancesAddUpExactly() {
+    TavikSimulator::UseStillBenchText(OneNetwork(Two), "test");
+    for (int step = 0; step < 70; ++step) {
+        TavikSimulator::AdvanceClock(0.1);
+    }
+    StartJournal();
+    TavikLibrary::TavikServer server;
+    QVERIFY(TavikSimulator::BenchTime() == 7.0);
+    QVERIFY(Journal().at(0).time == 7.0);
+}
 
 void JournalTest::ItIsOffByDefault() {
     ConnectedServer server;

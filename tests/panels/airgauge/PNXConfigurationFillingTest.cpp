@@ -36,6 +36,8 @@ private slots:
     void fillingAsksInOrder();
     void fillingWritesLimitsBack();
     void fillingInInchesWritesOnTheWay();
+    void oneEntryIsOneWrite();
+    void untouchedLimitIsNotWritten();
     void fillingWithARotation();
     void checkBoxesAreFilledWithoutWriting();
     void eachCheckBoxShowsItsOwnSetting_data();
@@ -92,6 +94,28 @@ void PNXConfigurationFillingTest::fillingInInchesWritesOnTheWay() {
         QCOMPARE(In<QComboBox>(dialog, "cbDisplayUOM")->currentText(), QStringLiteral("inches"));
     });
     QCOMPARE(Field("tbLimitHigh"), QStringLiteral("0.03937 inches"));
+}
+
+void PNXConfigurationFillingTest::oneEntryIsOneWrite() {
+    OpenGauge(noLimits);
+    DuringConfiguration([](QDialog& dialog) {
+        Calls::Mark();
+        QVERIFY(WidgetDriver(dialog).Enter("sbHighLimit", QStringLiteral("0.015")));
+        WidgetDriver(dialog).Press(Qt::Key_Tab);
+        COMPARE_CALLS(TakeAirGaugeCalls(), {QStringLiteral("setLimitHigh(0.015)")});
+    });
+}
+
+// The spin box shows 0 for a limit below 0.
+void PNXConfigurationFillingTest::untouchedLimitIsNotWritten() {
+    OpenGauge(QStringLiteral("limit-high=\"0\" limit-low=\"-0.02\""));
+    DuringConfiguration([](QDialog& dialog) {
+        In<QDoubleSpinBox>(dialog, "sbLowLimit")->setFocus();
+        Calls::Mark();
+        WidgetDriver(dialog).Press(Qt::Key_Return);
+        WidgetDriver(dialog).Press(Qt::Key_Tab);
+        COMPARE_CALLS(TakeAirGaugeCalls(), {});
+    });
 }
 
 void PNXConfigurationFillingTest::fillingWithARotation() {
@@ -208,19 +232,19 @@ void PNXConfigurationFillingTest::aWriteThatFailsDuringFilling() {
     QCOMPARE(box.buttons, QStringLiteral("OK"));
 }
 
-// The combo box has no such row; its slot sends the row that it has instead, which is none. The box of the
-// refusal is the dialog's, that of the conversion the panel's.
+// The combo box has no such row and selects none; its slot sends the unit back as it came. The box of the refusal is
+// the dialog's, that of the conversion the panel's.
 void PNXConfigurationFillingTest::anUnknownUnit() {
     OpenGauge(noLimits);
     Answer("DisplayUnitsOfMeasure", 3);
     Calls::Mark();
     boxes.Tolerate(true);
     QVERIFY(OnPanel().Click("btnConfigure"));
-    COMPARE_CALLS(TakeAirGaugeCalls(), filling.mid(0, 5) + QStringList{QStringLiteral("setDisplayUnitsOfMeasure(-1)"),
+    COMPARE_CALLS(TakeAirGaugeCalls(), filling.mid(0, 5) + QStringList{QStringLiteral("setDisplayUnitsOfMeasure(3)"),
                                                                        QStringLiteral("LimitHigh()")});
     const QVector<SeenBox> seen = boxes.Take();
     QCOMPARE(seen.size(), 2);
-    QCOMPARE(seen.at(0).text, QStringLiteral("An air gauge has no display unit -1."));
+    QCOMPARE(seen.at(0).text, QStringLiteral("An air gauge has no display unit 3."));
     QCOMPARE(seen.at(0).parentClass, QStringLiteral("PNXConfigurationDialog"));
     QCOMPARE(seen.at(1).text, QStringLiteral("Unexpected PNX units in unit conversion."));
     QCOMPARE(seen.at(1).parent, Panel());
@@ -233,10 +257,10 @@ void PNXConfigurationFillingTest::anUnknownRotationIsPassedOn() {
     Calls::Mark();
     boxes.Tolerate(true);
     DuringConfiguration([](QDialog& dialog) {
-        QVERIFY(TakeAirGaugeCalls().contains(QStringLiteral("setRotateDisplay(-1)")));
+        QVERIFY(TakeAirGaugeCalls().contains(QStringLiteral("setRotateDisplay(9)")));
         QCOMPARE(In<QComboBox>(dialog, "cbScreenRotation")->currentIndex(), -1);
     });
-    QCOMPARE(boxes.Take().constFirst().text, QStringLiteral("An air gauge's display has no rotation -1."));
+    QCOMPARE(boxes.Take().constFirst().text, QStringLiteral("An air gauge's display has no rotation 9."));
 }
 
 TAVIK_TEST_MAIN(PNXConfigurationFillingTest)

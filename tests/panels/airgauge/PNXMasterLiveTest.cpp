@@ -1,7 +1,10 @@
+#include "library/TavikModulePNX.h"
 #include "tests/panels/airgauge/PNXMasterTest.h"
 
 #include <QElapsedTimer>
 #include <QStatusBar>
+
+#include <dlfcn.h>
 
 using namespace TavikSimulator;
 
@@ -11,11 +14,23 @@ const QString boxTitle = QStringLiteral("PNX Mastering");
 const QString failure = QStringLiteral("The gauge fails.");
 const QString readFailure = QStringLiteral("Error reading PNX:\nThe gauge fails.");
 
+bool pressureThrowsANumber = false;
+
 int PressuresRead() {
     return static_cast<int>(Calls::TakeOperation("PressureReading").size());
 }
 
 } // namespace
+
+// Stands before the library's function, to throw what is no std::exception.
+double TavikLibrary::TavikModulePNX::PressureReading() {
+    if (pressureThrowsANumber) {
+        throw 1;
+    }
+    static const auto pressure = reinterpret_cast<double (*)(TavikModulePNX*)>(
+        dlsym(RTLD_NEXT, "_ZN12TavikLibrary14TavikModulePNX15PressureReadingEv"));
+    return pressure(this);
+}
 
 /// The live pressure of the mastering wizard, and the summary.
 class PNXMasterLiveTest : public PNXMasterTest {
@@ -33,6 +48,7 @@ private slots:
     void theLoopIsEnteredOnce();
     void aPressureThatFails();
     void aFirstPressureThatFails();
+    void aPressureThatThrowsNoException();
     void theSummary();
     void aSummaryThatFails();
     void theLoopEndsWhenTheWindowCloses();
@@ -242,6 +258,22 @@ void PNXMasterLiveTest::aFirstPressureThatFails() {
         QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QCOMPARE(StageOf(wizard), 3);
         QCOMPARE(Shown(wizard, "tbPressure"), QString());
+        CancelWizard(wizard);
+    });
+}
+
+// A stale pressure must not get into the mastering, whatever was thrown.
+void PNXMasterLiveTest::aPressureThatThrowsNoException() {
+    OpenGauge();
+    During([this](QDialog& wizard) {
+        const QString unknown = QStringLiteral("An error of an unknown kind has occurred.");
+        boxes.ExpectError(&wizard, QStringLiteral("Tavik Library Test"), unknown);
+        InTheLoop(wizard, [] { pressureThrowsANumber = true; });
+        pressureThrowsANumber = false;
+        QTRY_COMPARE(boxes.Count(), 2);
+        QTRY_COMPARE(QApplication::activeModalWidget(), &wizard);
+        QVERIFY(!WidgetDriver(wizard).IsEnabled("btnNext"));
+        QVERIFY(!WidgetDriver(wizard).IsEnabled("btnBack"));
         CancelWizard(wizard);
     });
 }

@@ -78,7 +78,7 @@ double PNXMasterWriteTest::Measured(double size) {
     for (int i = 0; i < readings; ++i) {
         PutInWorkPiece(size);
         Operator().Click("btnRead");
-        sum += Field("tbReading").section(QLatin1Char(' '), 0, 0).toDouble();
+        sum += Field("tbPNXReading").section(QLatin1Char(' '), 0, 0).toDouble();
     }
     return sum / readings;
 }
@@ -106,7 +106,7 @@ void PNXMasterWriteTest::writeWritesInOrder() {
         QCOMPARE(calls.at(3), QStringLiteral("setMasterMaxReadingInUOM(0.021)"));
     });
     QCOMPARE(boxes.Take().size(), 1); // closed without a question
-    QCOMPARE(Field("tbStatus"), QStringLiteral("Mastered"));
+    QCOMPARE(Field("tbPNXStatus"), QStringLiteral("Mastered"));
     QCOMPARE(Field("tbMasterB"), QStringLiteral("0.0210 mm"));
     QCOMPARE(Operator().Text("tbStroke"), QStringLiteral("0.08200")); // mastering has changed the range
 }
@@ -166,7 +166,7 @@ void PNXMasterWriteTest::writeThatFails() {
         QCOMPARE(TakeAirGaugeCalls().size(), 5);
         QVERIFY(!wizard.isVisible());
     });
-    QCOMPARE(Field("tbStatus"), QStringLiteral("Mastered"));
+    QCOMPARE(Field("tbPNXStatus"), QStringLiteral("Mastered"));
 }
 
 void PNXMasterWriteTest::writtenValuesStayWritten() {
@@ -182,7 +182,7 @@ void PNXMasterWriteTest::writtenValuesStayWritten() {
         QVERIFY(WidgetDriver(wizard).Click("btnNext"));
         QVERIFY(WidgetDriver(wizard).Click("btnCancel"));
     });
-    QCOMPARE(Field("tbStatus"), QStringLiteral("Not Mastered"));
+    QCOMPARE(Field("tbPNXStatus"), QStringLiteral("Not Mastered"));
     QCOMPARE(Field("tbMasterA"), QStringLiteral("0.5000 mm"));
     QCOMPARE(Field("tbMasterB"), QStringLiteral("0.7500 mm"));
 }
@@ -195,7 +195,7 @@ void PNXMasterWriteTest::writtenValuesStayWritten() {
 void PNXMasterWriteTest::theOperatorMastersAndMeasures() {
     OpenNoisyGauge();
     Master(-0.02, 0.02, NozzlePart::MasterA, NozzlePart::MasterB);
-    QCOMPARE(Field("tbStatus"), QStringLiteral("Mastered"));
+    QCOMPARE(Field("tbPNXStatus"), QStringLiteral("Mastered"));
     const double slope = 0.04 / (PressureFor(0.02) - PressureFor(-0.02));
     constexpr double tolerance = 5.0 * 0.00001 * 1.5 + 0.00005;
     for (const double size : {-0.018, -0.005, 0.0, 0.0123, 0.019}) {
@@ -210,7 +210,7 @@ void PNXMasterWriteTest::theOperatorMastersAndMeasures() {
 void PNXMasterWriteTest::masteredTheWrongWayRound() {
     OpenNoisyGauge();
     Master(-0.02, 0.02, NozzlePart::MasterB, NozzlePart::MasterA);
-    QCOMPARE(Field("tbStatus"), QStringLiteral("Mastered"));
+    QCOMPARE(Field("tbPNXStatus"), QStringLiteral("Mastered"));
     for (const double size : {-0.015, 0.01}) {
         QVERIFY(Near(Measured(size), -size, 0.0003));
     }

@@ -102,8 +102,9 @@ void BufferedPageTest::aRefreshAsksInOrderAndWritesNothing() {
     QVERIFY(Operator().Click("btnEnable"));
     const QStringList expected =
         Refreshing(QStringLiteral("KX00000001")) +
-        QStringList{QStringLiteral("network Alpha.GetModule(3)"), QStringLiteral("module QTA0000004.Identity()"),
-                    QStringLiteral("module QTA0000004.ModuleType()"), QStringLiteral("module QTA0000004.TxSample()")};
+        QStringList{QStringLiteral("network Alpha.ModuleCount()"), QStringLiteral("network Alpha.GetModule(3)"),
+                    QStringLiteral("module QTA0000004.Identity()"), QStringLiteral("module QTA0000004.ModuleType()"),
+                    QStringLiteral("module QTA0000004.TxSample()")};
     COMPARE_CALLS(Calls::Take().mid(2), expected);
 }
 

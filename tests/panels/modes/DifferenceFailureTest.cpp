@@ -2,9 +2,12 @@
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
+#include "panels/modes/DifferenceModeWidget.h"
 #include "tests/panels/modes/DifferencePage.h"
 
 #include <QDialog>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QTableWidget>
 
 using namespace TavikSimulator;
@@ -27,13 +30,31 @@ private slots:
     void stoppedButNotShown();
     void closingDuringARun();
     void resultsCannotBeRead();
+    void resultsHaveAsManyColumnsAsCounted_data();
+    void resultsHaveAsManyColumnsAsCounted();
     void aFailureIsShownWhilePagesAreBuilt();
+    void droppedNetworkLeavesThePageEmpty();
+    void failedSetUpLeavesThePageEmpty();
+    void stopGivesBackItsOwnHoldOnly();
+    void startAfterStopBeforeTheLoopComesRound();
+    void failingStartAfterStopGivesTheControlsBack();
+    void pageLeftDuringARun();
+    void pageLeftAfterTheWatching();
+    void failedRefreshAfterARunKeepsThePageUsable();
 
 private:
     void OpenEnabled(const QString& modules = StillProbe(1)) {
         OpenPage(modules);
         QVERIFY(Operator().Click("btnEnable"));
         Calls::Mark();
+    }
+    void CompareEmpty() {
+        const QList<QLineEdit*> fields = Page()->findChildren<QLineEdit*>();
+        QCOMPARE(fields.size(), 13);
+        for (const QLineEdit* field : fields) {
+            QVERIFY2(field->text().isEmpty(), qPrintable(field->objectName()));
+        }
+        QCOMPARE(Offered(), QStringList());
     }
     QStringList AfterResults() {
         return {QStringLiteral("Disable"), QStringLiteral("StartDiff"), QStringLiteral("DisplayAllModuleResults")};
@@ -77,9 +98,10 @@ void DifferenceFailureTest::aModuleDropsOut() {
     QVERIFY(!ControlsAreOn());
     QVERIFY(Operator().Click("btnStopDiff"));
     QVERIFY(ControlsAreOn());
-    QCOMPARE(Activity(), QString());
+    CompareOutcome(QStringLiteral("1 module"));
     QCOMPARE(Offered(), AfterResults());
     QCOMPARE(Operator().Text("tbErrMsg"), QStringLiteral("The module does not answer."));
+    QCOMPARE(Operator().Find("tbErrMsg")->toolTip(), QStringLiteral("The module does not answer."));
     QCOMPARE(Operator().Text("tbNumReads"), QStringLiteral("976"));
 }
 
@@ -97,7 +119,7 @@ void DifferenceFailureTest::anotherProgramStopsTheRun() {
     TavikLibrary::TavikServer other;
     StartAndThen({[] {}, [&] { other.Networks()->Network(0)->Difference()->Stop(); }});
     QVERIFY(ControlsAreOn());
-    QCOMPARE(Activity(), QString());
+    CompareOutcome(QStringLiteral("1 module"));
     QCOMPARE(Offered(), AfterResults());
 }
 
@@ -121,11 +143,12 @@ void DifferenceFailureTest::lookingFailsForGood() {
     fault.operation = "Status";
     fault.trigger = FaultTrigger::FromNth;
     fault.text = "Lost.";
-    boxes.Tolerate(true);
     StartAndThen({[&] { AddFault(fault); }});
-    // Nobody knows what the run is doing: the operator is not locked out.
+    // The state of the run is unknown: the operator is not locked out, and the failure is told once.
     QVERIFY(ControlsAreOn());
     QCOMPARE(Activity(), QString());
+    ProcessAllEvents();
+    QCOMPARE(boxes.Count(), 1);
 }
 
 void DifferenceFailureTest::theFirstLookFails() {
@@ -179,7 +202,7 @@ void DifferenceFailureTest::stoppedButNotShown() {
         QVERIFY(Operator().Click("btnStopDiff"));
     }});
     QVERIFY(ControlsAreOn());
-    QCOMPARE(Activity(), QString());
+    CompareOutcome(QStringLiteral("1 module"));
     QCOMPARE(Offered(), AfterResults());
 }
 
@@ -204,12 +227,167 @@ void DifferenceFailureTest::resultsCannotBeRead() {
     QCOMPARE(Offered(), AfterResults());
 }
 
+void DifferenceFailureTest::resultsHaveAsManyColumnsAsCounted_data() {
+    QTest::addColumn<int>("count");
+    QTest::newRow("none") << 0;
+    QTest::newRow("fewer than enabled") << 1;
+    QTest::newRow("more than enabled") << 3;
+}
+
+void DifferenceFailureTest::resultsHaveAsManyColumnsAsCounted() {
+    QFETCH(int, count);
+    OpenEnabled(StillProbe(1) + StillProbe(2));
+    GoTo(1);
+    QVERIFY(Operator().Click("btnEnable"));
+    StartAndThen({Stop()});
+    Fault counted;
+    counted.object = "difference Alpha";
+    counted.operation = "Count";
+    counted.effect = FaultEffect::Result;
+    counted.code = count;
+    AddFault(counted);
+    BoxReply reply;
+    reply.meanwhile = [&](QDialog& dialog) {
+        const auto* table = dialog.findChild<QTableWidget*>(QStringLiteral("tableResults"));
+        QCOMPARE(table->columnCount(), count);
+        for (int column = 0; column < count; ++column) {
+            const QTableWidgetItem* maximum = table->item(1, column);
+            QCOMPARE(maximum != nullptr ? maximum->text() : QString(),
+                     column < 2 ? QStringLiteral("1.00000") : QString());
+        }
+        QVERIFY(WidgetDriver(dialog).Click("btnClose"));
+    };
+    boxes.ExpectDialog(Page(), QStringLiteral("Difference Mode Results"), reply);
+    QVERIFY(Operator().Click("btnDisplayAllModuleResults"));
+}
+
 void DifferenceFailureTest::aFailureIsShownWhilePagesAreBuilt() {
     OpenNetwork(Benches::With(StillProbe(1)));
     FailNext("Status", QStringLiteral("Lost."), "difference Alpha");
     boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("Lost."));
     QVERIFY(Operator().SelectRow("listModules", 0));
     QVERIFY(WaitUntil([this] { return boxes.Count() == 1; }));
+}
+
+void DifferenceFailureTest::droppedNetworkLeavesThePageEmpty() {
+    OpenEnabled(StillProbe(1) + StillProbe(2));
+    StartAndThen({Stop()});
+    TavikLibrary::TavikServer server;
+    TavikLibrary::TavikNetwork* network = server.Networks()->Network(0);
+    TavikLibrary::TavikModule* module = network->GetModule(1);
+    SetNetworkPresent("Alpha", false);
+    auto* page = qobject_cast<DifferenceModeWidget*>(Page());
+    page->setNetwork(&Window(), &server, network, module);
+    QVERIFY(!page->IsFilled());
+    CompareEmpty();
+    page->Forget();
+}
+
+void DifferenceFailureTest::failedSetUpLeavesThePageEmpty() {
+    OpenEnabled(StillProbe(1) + StillProbe(2));
+    StartAndThen({Stop()});
+    FailNext("Max", QStringLiteral("Lost."));
+    boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("Lost."));
+    GoTo(1);
+    CompareEmpty();
+    // Its slots do nothing either.
+    Calls::Mark();
+    for (const char* slot : {"on_btnEnable_clicked", "on_btnDisable_clicked", "on_btnStartDiff_clicked",
+                             "on_btnStopDiff_clicked", "on_btnDisplayAllModuleResults_clicked"}) {
+        QVERIFY(QMetaObject::invokeMethod(Page(), slot));
+    }
+    COMPARE_CALLS(Calls::Take(), {});
+}
+
+void DifferenceFailureTest::stopGivesBackItsOwnHoldOnly() {
+    OpenEnabled();
+    ControlsHold restart;
+    StartAndThen({[&] { restart = Window().DisableControls(QStringLiteral("wireless restart")); }, Stop()});
+    QVERIFY(!ControlsAreOn());
+    QCOMPARE(Offered(), QStringList());
+    QCOMPARE(Window().Holders(), QStringList{QStringLiteral("wireless restart")});
+    restart.Release();
+    QVERIFY(ControlsAreOn());
+    QCOMPARE(Offered(), AfterResults());
+}
+
+void DifferenceFailureTest::startAfterStopBeforeTheLoopComesRound() {
+    OpenEnabled();
+    StartAndThen({[this] {
+                      Stop()();
+                      QVERIFY(Operator().Click("btnStartDiff"));
+                      QCOMPARE(Calls::CountOf("Start"), 2);
+                      QCOMPARE(Offered(), QStringList{QStringLiteral("StopDiff")});
+                  },
+                  [this] { QVERIFY(!ControlsAreOn()); },
+                  [this] { QVERIFY(Activity().startsWith(QLatin1String("Difference mode: modules enabled: 1"))); },
+                  Stop()});
+    QVERIFY(Operator().Text("tbNumReads").toInt() >= 2929);
+    QVERIFY(ControlsAreOn());
+    CompareOutcome(QStringLiteral("1 module"));
+}
+
+void DifferenceFailureTest::failingStartAfterStopGivesTheControlsBack() {
+    OpenEnabled();
+    ExpectError(QStringLiteral("No start."));
+    StartAndThen({[this] {
+        Stop()();
+        FailNext("Start", QStringLiteral("No start."));
+        QVERIFY(Operator().Click("btnStartDiff"));
+    }});
+    QVERIFY(ControlsAreOn());
+    QCOMPARE(Offered(), AfterResults());
+}
+
+void DifferenceFailureTest::pageLeftDuringARun() {
+    OpenEnabled(StillProbe(1) + StillProbe(2));
+    QStringList calls;
+    StartAndThen({[&] {
+        Operator().The<QListWidget>("listModules")->setCurrentRow(1);
+        calls = Calls::TakeObject("difference KX00000001");
+    }});
+    // The module that was left is not asked again, and the run can be stopped from the other one's page.
+    COMPARE_CALLS(Calls::TakeObject("difference KX00000001"), {});
+    QVERIFY(ControlsAreOn());
+    QCOMPARE(Activity(), QString());
+    QVERIFY(Operator().SelectPage("tabDifference"));
+    QCOMPARE(Operator().Text("tbModuleID"), QStringLiteral("KX00000002"));
+    QCOMPARE(Offered(), QStringList{QStringLiteral("StopDiff")});
+    QVERIFY(Operator().Click("btnStopDiff"));
+    QCOMPARE(Operator().Text("tbEnabledCount"), QStringLiteral("1"));
+    QVERIFY(Operator().IsEnabled("btnDisplayAllModuleResults"));
+}
+
+void DifferenceFailureTest::pageLeftAfterTheWatching() {
+    OpenEnabled(StillProbe(1) + StillProbe(2));
+    GoTo(1);
+    QVERIFY(Operator().Click("btnStartDiff"));
+    QVERIFY(!ControlsAreOn());
+    Operator().The<QListWidget>("listModules")->setCurrentRow(0);
+    QVERIFY(ControlsAreOn());
+    QVERIFY(Operator().SelectPage("tabDifference"));
+    QCOMPARE(Offered(), QStringList{QStringLiteral("StopDiff")});
+    QVERIFY(Operator().Click("btnStopDiff"));
+    QCOMPARE(Offered(), AfterResults());
+}
+
+void DifferenceFailureTest::failedRefreshAfterARunKeepsThePageUsable() {
+    OpenEnabled();
+    Fault fault;
+    fault.operation = "Identity";
+    fault.trigger = FaultTrigger::FromNth;
+    fault.text = "Lost.";
+    ExpectError(QStringLiteral("Lost."));
+    StartAndThen({[&] {
+        AddFault(fault);
+        QVERIFY(Operator().Click("btnStopDiff"));
+    }});
+    ClearFaults();
+    ProcessAllEvents();
+    QVERIFY(ControlsAreOn());
+    QVERIFY(Operator().IsEnabled("btnStartDiff"));
+    StartAndThen({Stop()});
+    QCOMPARE(Offered(), AfterResults());
 }
 
 TAVIK_TEST_MAIN(DifferenceFailureTest)

@@ -3,6 +3,7 @@
 #include "tests/support/ProgramFixture.h"
 #include "tools/bench/Benches.h"
 
+#include <QRegularExpression>
 #include <QStatusBar>
 
 #include <functional>
@@ -63,6 +64,11 @@ protected:
         return offered;
     }
     bool ControlsAreOn() { return Window().findChild<QWidget*>(QStringLiteral("listModules"))->isEnabled(); }
+    /// The line of a run that has ended, such as "Difference: 2 modules, 1.5 s".
+    void CompareOutcome(const QString& modules) {
+        const QRegularExpression line(QStringLiteral("^Difference: %1, \\d+\\.\\d s$").arg(modules));
+        QVERIFY2(line.match(Activity()).hasMatch(), qPrintable(Activity()));
+    }
     QString Activity() { return Window().statusBar()->currentMessage(); }
     QWidget* Page() { return Window().findChild<QWidget*>(QStringLiteral("differenceModeWidget")); }
     void ExpectError(const QString& text) {

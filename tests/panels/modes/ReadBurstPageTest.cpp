@@ -1,4 +1,6 @@
-#include "library/TavikModuleKX.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
+#include "library/TavikServer.h"
 #include "panels/modes/ReadBurstWidget.h"
 #include "tests/support/ProgramFixture.h"
 #include "tools/bench/Benches.h"
@@ -7,6 +9,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTableWidget>
 #include <QTextBrowser>
 
@@ -43,6 +46,9 @@ private slots:
     void readingsAreCopied();
     void selectingAModuleClearsTheTable();
     void aLongOperationDisablesTheCommands();
+    void droppedNetworkLeavesThePageEmpty();
+    void failedSetUpLeavesThePageEmpty();
+    void rowsWithoutAModule();
     void theRateOfFiveSeconds();
     void aFailedTimingShowsBothBoxes_data();
     void aFailedTimingShowsBothBoxes();
@@ -62,6 +68,19 @@ private:
         }
         return texts;
     }
+    void GoToSecondModule() {
+        QVERIFY(Operator().SelectPage("tabNetwork"));
+        QVERIFY(Operator().SelectRow("listModules", 1));
+        QVERIFY(Operator().SelectPage("tabReadburst"));
+    }
+    void CompareEmpty() {
+        QCOMPARE(Operator().Text("tbContCapModules"), QString());
+        QCOMPARE(Operator().Text("tbTotalCapmodules"), QString());
+        QCOMPARE(Table()->rowCount(), 0);
+        for (const char* name : {"btnReadInUnits", "btnReadInCounts", "btnTimeReadings"}) {
+            QVERIFY2(!Operator().IsEnabled(name), name);
+        }
+    }
     QWidget* Page() { return Operator().Find("readBurstWidget"); }
 };
 
@@ -73,11 +92,10 @@ void ReadBurstPageTest::theForm() {
     QCOMPARE(Operator().Text("btnTimeReadings"), QStringLiteral("Time Readings"));
     QCOMPARE(Operator().Text("lblContCapModules"), QStringLiteral("Contiguous Capable Modules"));
     QCOMPARE(Operator().Text("lblTotalCapModules"), QStringLiteral("Total Capable Modules"));
-    QStringList headers;
-    for (int column = 0; column < Table()->columnCount(); ++column) {
-        headers.append(Table()->horizontalHeaderItem(column)->text());
-    }
-    QCOMPARE(headers, QStringList({QStringLiteral("Module ID"), QStringLiteral("Reading"), QStringLiteral("Status")}));
+    QCOMPARE(Table()->columnCount(), 3);
+    QCOMPARE(Table()->horizontalHeaderItem(0)->text(), QStringLiteral("Module ID"));
+    QCOMPARE(Table()->horizontalHeaderItem(1)->text(), QStringLiteral("Reading"));
+    QCOMPARE(Table()->horizontalHeaderItem(2)->text(), QStringLiteral("Status"));
     QCOMPARE(Table()->editTriggers(), QAbstractItemView::EditTriggers(QAbstractItemView::NoEditTriggers));
     QCOMPARE(Table()->horizontalHeader()->sectionResizeMode(0), QHeaderView::Stretch);
     QCOMPARE(Table()->rowCount(), 0);
@@ -94,9 +112,13 @@ void ReadBurstPageTest::withoutANetworkNothingIsOffered() {
     auto* page = Window().findChild<ReadBurstWidget*>();
     const QList<QPushButton*> buttons = page->findChildren<QPushButton*>();
     QCOMPARE(buttons.size(), 3);
-    for (const QPushButton* button : buttons) {
+    Calls::Mark();
+    for (QPushButton* button : buttons) {
         QVERIFY(!button->isEnabled());
+        button->setEnabled(true);
+        button->click();
     }
+    COMPARE_CALLS(Calls::Take(), {});
     Drop();
     OpenPage(Probe(1));
     for (const char* name : {"btnReadInUnits", "btnReadInCounts", "btnTimeReadings"}) {
@@ -139,12 +161,12 @@ void ReadBurstPageTest::setsAreReadInUnitsAndCounts() {
     QCOMPARE(Row(1), QStringList({QStringLiteral("KX00000002"), QStringLiteral("1234.00000"), good}));
     COMPARE_CALLS(
         Calls::Take(),
-        {QStringLiteral("network Alpha.Readburst()"), QStringLiteral("network Alpha.GetModule(0)"),
-         QStringLiteral("module KX00000001.Identity()"), QStringLiteral("module KX00000001.LastResultCode()"),
-         QStringLiteral("server.GetErrorDescription(0)"), QStringLiteral("module KX00000001.LastReadingInCounts()"),
-         QStringLiteral("network Alpha.GetModule(1)"), QStringLiteral("module KX00000002.Identity()"),
-         QStringLiteral("module KX00000002.LastResultCode()"), QStringLiteral("server.GetErrorDescription(0)"),
-         QStringLiteral("module KX00000002.LastReadingInCounts()")});
+        {QStringLiteral("network Alpha.Readburst()"), QStringLiteral("network Alpha.ModuleCount()"),
+         QStringLiteral("network Alpha.GetModule(0)"), QStringLiteral("module KX00000001.Identity()"),
+         QStringLiteral("module KX00000001.LastResultCode()"), QStringLiteral("server.GetErrorDescription(0)"),
+         QStringLiteral("module KX00000001.LastReadingInCounts()"), QStringLiteral("network Alpha.GetModule(1)"),
+         QStringLiteral("module KX00000002.Identity()"), QStringLiteral("module KX00000002.LastResultCode()"),
+         QStringLiteral("server.GetErrorDescription(0)"), QStringLiteral("module KX00000002.LastReadingInCounts()")});
     QVERIFY(Operator().Click("btnReadInUnits"));
     QCOMPARE(Row(0), QStringList({QStringLiteral("KX00000001"), QStringLiteral("1.00000"), good}));
     QCOMPARE(Row(1), QStringList({QStringLiteral("KX00000002"), QStringLiteral("0.15063"), good}));
@@ -187,6 +209,7 @@ void ReadBurstPageTest::everyModuleShowsItsResult() {
     QCOMPARE(Row(0), QStringList({QStringLiteral("KX00000001"), reading, text}));
     QCOMPARE(Row(1), QStringList({QStringLiteral("KX00000002"), QStringLiteral("2.00000"),
                                   QStringLiteral("The reading lies above the module's measuring range.")}));
+    QCOMPARE(Table()->item(1, 2)->toolTip(), Row(1).at(2));
 }
 
 void ReadBurstPageTest::aBurstOfNoModulesShowsNothing() {
@@ -250,22 +273,55 @@ void ReadBurstPageTest::readingsAreCopied() {
 void ReadBurstPageTest::selectingAModuleClearsTheTable() {
     OpenPage(Probe(1) + Probe(2));
     QVERIFY(Operator().Click("btnReadInUnits"));
-    QVERIFY(Operator().SelectPage("tabNetwork"));
-    QVERIFY(Operator().SelectRow("listModules", 1));
-    QVERIFY(Operator().SelectPage("tabReadburst"));
+    GoToSecondModule();
     QCOMPARE(Table()->rowCount(), 0);
 }
 
 void ReadBurstPageTest::aLongOperationDisablesTheCommands() {
     OpenPage(Probe(1));
-    Window().DisableControls();
+    ControlsHold hold = Window().DisableControls(QStringLiteral("test"));
     for (const char* name : {"btnReadInUnits", "btnReadInCounts", "btnTimeReadings"}) {
         QVERIFY(!Operator().IsEnabled(name));
     }
-    Window().EnableControls();
+    hold.Release();
     for (const char* name : {"btnReadInUnits", "btnReadInCounts", "btnTimeReadings"}) {
         QVERIFY(Operator().IsEnabled(name));
     }
+}
+
+void ReadBurstPageTest::droppedNetworkLeavesThePageEmpty() {
+    OpenPage(Probe(1) + Probe(2));
+    TavikLibrary::TavikServer server;
+    TavikLibrary::TavikNetwork* network = server.Networks()->Network(0);
+    SetNetworkPresent("Alpha", false);
+    auto* page = qobject_cast<ReadBurstWidget*>(Page());
+    QVERIFY_EXCEPTION_THROWN(page->setNetwork(&Window(), &server, network, nullptr), std::runtime_error);
+    CompareEmpty();
+    page->Forget();
+}
+
+void ReadBurstPageTest::failedSetUpLeavesThePageEmpty() {
+    OpenPage(Probe(1) + Probe(2));
+    FailNext("ReadBurstCapableCount", QStringLiteral("Lost."));
+    boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("Lost."));
+    GoToSecondModule();
+    CompareEmpty();
+}
+
+void ReadBurstPageTest::rowsWithoutAModule() {
+    OpenPage(Probe(1) + Probe(2) + Probe(3));
+    HoldProbe(1, 1.0);
+    Fault shrunk;
+    shrunk.operation = "ModuleCount";
+    shrunk.effect = FaultEffect::Result;
+    shrunk.code = 1;
+    AddFault(shrunk);
+    QVERIFY(Operator().Click("btnReadInUnits"));
+    QCOMPARE(Table()->rowCount(), 3);
+    QCOMPARE(Row(0).at(1), QStringLiteral("1.00000"));
+    QCOMPARE(Row(1), QStringList({QStringLiteral("Module 2"), QStringLiteral("-"), QStringLiteral("-")}));
+    QCOMPARE(Row(2).at(0), QStringLiteral("Module 3"));
+    QCOMPARE(Calls::TakeOperation("GetModule"), QStringList{QStringLiteral("network Alpha.GetModule(0)")});
 }
 
 void ReadBurstPageTest::theRateOfFiveSeconds() {
@@ -286,10 +342,19 @@ void ReadBurstPageTest::theRateOfFiveSeconds() {
                             QStringLiteral("4 read bursts per second with 3 modules.\n"
                                            "Total number of module reads per second: 12."),
                             reply);
+    // What blocks says so first.
+    bool saidFirst = false;
+    const auto said = connect(Window().statusBar(), &QStatusBar::messageChanged, this, [&](const QString& text) {
+        saidFirst =
+            saidFirst || (text == QLatin1String("Timing read bursts for 5 s...") && Calls::CountOf("Readburst") == 0);
+    });
     QVERIFY(Operator().Click("btnTimeReadings"));
     // 21 of them, or fewer on a computer that is late each time.
     const int bursts = Calls::TakeOperation("Readburst").size();
     QVERIFY2(bursts >= 20 && bursts <= 21, qPrintable(QString::number(bursts)));
+    disconnect(said);
+    QVERIFY(saidFirst);
+    QCOMPARE(Window().statusBar()->currentMessage(), QString());
     QVERIFY(!cursorAtBox);
     QCOMPARE(Table()->rowCount(), 3);
 }

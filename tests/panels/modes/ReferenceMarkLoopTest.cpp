@@ -1,3 +1,7 @@
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
+#include "library/TavikServer.h"
+#include "panels/modes/ReferenceMarkWidget.h"
 #include "tests/panels/modes/ReferenceMarkPage.h"
 
 #include <QListWidget>
@@ -30,19 +34,26 @@ private slots:
     void anotherModuleEndsTheWaiting();
     void removedModuleIsNotAsked();
     void closingEndsTheSearch();
+    void closingAfterTheSearchWasLeft();
     void closingWhenTheModuleCannotBeTold();
     void closingWithAnErrorBoxOpen();
     void continuousReadingKeepsFindDisabled();
     void stopWithoutASearch();
+    void searchEndsUnderAnotherHold();
+    void failedSetUpLeavesThePageEmpty();
 };
 
 void ReferenceMarkLoopTest::controlsWhileSearching() {
     OpenPage();
     FindAndAfter(1, [this] {
         QVERIFY(Operator().IsEnabled("btnStop"));
-        for (const char* name : {"btnFind", "sbRecallValue", "radioRecall", "radioUnits", "btnRead",
-                                 "btnPresetinCounts", "listModules", "tableNetworks", "btnConnectAll"}) {
+        QVERIFY(Operator().Find("btnStop")->hasFocus());
+        for (const char* name : {"btnFind", "sbRecallValue", "btnRead", "btnPresetinCounts", "listModules",
+                                 "tableNetworks", "btnConnectAll"}) {
             QVERIFY2(!Operator().IsEnabled(name), name);
+        }
+        for (const char* name : {"radioLearn", "radioRecall", "radioCounts", "radioUnits"}) {
+            QVERIFY2(Operator().IsEnabled(name), name);
         }
         QVERIFY(QApplication::overrideCursor() == nullptr);
     });
@@ -69,7 +80,7 @@ void ReferenceMarkLoopTest::statusBarWhileSearching() {
     QCOMPARE(seen.mid(0, 2),
              QStringList({QStringLiteral("Searching for the reference mark of module RN00000001: 0 s so far"),
                           QStringLiteral("Searching for the reference mark of module RN00000001: 1 s so far")}));
-    QCOMPARE(Window().statusBar()->currentMessage(), QString());
+    CompareOutcome(QStringLiteral("not found"));
 }
 
 void ReferenceMarkLoopTest::findWhileSearchingDoesNothing() {
@@ -159,17 +170,22 @@ void ReferenceMarkLoopTest::anotherModuleEndsTheWaiting() {
     FindAndAfter(1, [this] { Operator().The<QListWidget>("listModules")->setCurrentRow(1); });
     QCOMPARE(Operator().Text("tbRefMarkModuleID"), QStringLiteral("RN00000002"));
     QCOMPARE(Calls::CountOf("RefmarkFound"), 0);
+    // The search that was left is stopped in its encoder.
+    QCOMPARE(Calls::TakeOperation("StopRefMark"), QStringList{Call("StopRefMark()")});
+    QCOMPARE(Activity(), QString());
     CompareIdle();
 }
 
 void ReferenceMarkLoopTest::removedModuleIsNotAsked() {
     OpenPage(QStringLiteral("hand=\"never\""));
-    FindAndAfter(1, [this] {
-        Window().EnableControls();
-        QVERIFY(QMetaObject::invokeMethod(&Window(), "on_btnDeleteModule_clicked"));
-    });
+    FindAndAfter(1, [this] { QVERIFY(QMetaObject::invokeMethod(&Window(), "on_btnDeleteModule_clicked")); });
     QCOMPARE(Rows("listModules").size(), 1);
     QCOMPARE(CallsOnRemovedModules(), std::uint64_t{0});
+    // While the module still existed.
+    const QStringList calls = Calls::Take();
+    const int stop = calls.indexOf(Call("StopRefMark()"));
+    QVERIFY(stop > 0);
+    QVERIFY(stop < calls.indexOf(QStringLiteral("network Alpha.DeleteModule(0)")));
     QVERIFY(!Operator().IsEnabled("btnStop"));
 }
 
@@ -183,6 +199,16 @@ void ReferenceMarkLoopTest::closingEndsTheSearch() {
     QVERIFY(calls.mid(stop).filter(QStringLiteral("module RN00000001")).size() == 1);
     QCOMPARE(calls.last(), QStringLiteral("networks.DisconnectAll()"));
     QCOMPARE(boxes.Count(), 0);
+}
+
+void ReferenceMarkLoopTest::closingAfterTheSearchWasLeft() {
+    OpenPage(QStringLiteral("hand=\"never\""));
+    FindAndAfter(1, [this] {
+        Operator().The<QListWidget>("listModules")->setCurrentRow(1);
+        Window().close();
+    });
+    QVERIFY(!Window().isVisible());
+    QCOMPARE(Calls::TakeOperation("StopRefMark"), QStringList{Call("StopRefMark()")});
 }
 
 void ReferenceMarkLoopTest::closingWhenTheModuleCannotBeTold() {
@@ -227,6 +253,42 @@ void ReferenceMarkLoopTest::stopWithoutASearch() {
     QVERIFY(QMetaObject::invokeMethod(Page(), "on_btnStop_clicked"));
     COMPARE_CALLS(Calls::Take(), {Call("StopRefMark()")});
     CompareIdle();
+}
+
+void ReferenceMarkLoopTest::searchEndsUnderAnotherHold() {
+    OpenPage();
+    ControlsHold restart;
+    FindAndAfter(1, [&] { restart = Window().DisableControls(QStringLiteral("wireless restart")); });
+    QCOMPARE(Reading(), QStringLiteral("40000.00000"));
+    QCOMPARE(Window().Holders(), QStringList{QStringLiteral("wireless restart")});
+    for (const char* name : {"btnFind", "btnStop", "btnRead", "listModules"}) {
+        QVERIFY2(!Operator().Find(name)->isEnabledTo(&Window()), name);
+    }
+    restart.Release();
+    CompareIdle();
+}
+
+void ReferenceMarkLoopTest::failedSetUpLeavesThePageEmpty() {
+    OpenPage();
+    Find();
+    TavikLibrary::TavikServer server;
+    TavikLibrary::TavikNetwork* network = server.Networks()->Network(0);
+    TavikLibrary::TavikModule* encoder = network->GetModule(0);
+    auto* page = qobject_cast<ReferenceMarkWidget*>(Page());
+    FailNext("Identity", QStringLiteral("Lost."));
+    QVERIFY_EXCEPTION_THROWN(page->setNetwork(&Window(), &server, network, encoder), std::runtime_error);
+    QCOMPARE(Operator().Text("tbRefMarkModuleID"), QString());
+    QCOMPARE(Reading(), QString());
+    for (const char* name : {"btnFind", "btnStop", "sbRecallValue"}) {
+        QVERIFY2(!Operator().IsEnabled(name), name);
+    }
+    Calls::Mark();
+    QVERIFY(QMetaObject::invokeMethod(page, "on_btnFind_clicked"));
+    QVERIFY(QMetaObject::invokeMethod(page, "on_btnStop_clicked"));
+    COMPARE_CALLS(Calls::Take(), {});
+    page->setNetwork(&Window(), &server, network, encoder);
+    QCOMPARE(Reading(), QStringLiteral("40000.00000"));
+    page->Forget();
 }
 
 TAVIK_TEST_MAIN(ReferenceMarkLoopTest)

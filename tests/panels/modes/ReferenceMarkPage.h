@@ -4,6 +4,7 @@
 #include "tools/bench/Benches.h"
 
 #include <QDoubleSpinBox>
+#include <QRegularExpression>
 #include <QStatusBar>
 
 /// The base of tests of the page that searches a linear encoder's reference mark: the first of two encoders, on a
@@ -47,7 +48,13 @@ protected:
             QVERIFY2(Operator().Find(name)->isEnabledTo(&Window()), name);
         }
         QVERIFY(!Page()->findChild<QWidget*>(QStringLiteral("btnStop"))->isEnabled());
-        QCOMPARE(Window().statusBar()->currentMessage(), QString());
+        QVERIFY(!Activity().startsWith(QLatin1String("Searching")));
+    }
+    QString Activity() { return Window().statusBar()->currentMessage(); }
+    /// The line of a search that has ended, such as "Reference mark found, 1.5 s".
+    void CompareOutcome(const QString& result) {
+        const QRegularExpression line(QStringLiteral("^Reference mark %1, \\d+\\.\\d s$").arg(result));
+        QVERIFY2(line.match(Activity()).hasMatch(), qPrintable(Activity()));
     }
     /// The calls of the module but those that ask whether the search is on.
     QStringList CallsButPolls() {

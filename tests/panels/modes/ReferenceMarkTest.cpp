@@ -25,6 +25,9 @@ private slots:
     void learnsInUnits();
     void recalls();
     void recallKeepsItsValue();
+    void learntValueIsKeptInCounts();
+    void typedRecallValueIsSentByTheFindKey();
+    void learntValueBeyondTheRange();
     void sendsRecallValues_data();
     void sendsRecallValues();
     void pollsEveryFiftyMilliseconds();
@@ -121,15 +124,20 @@ void ReferenceMarkTest::decimalsFollowTheChoiceOfUnits() {
 
 void ReferenceMarkTest::commandsAreEnabledAndDisabled() {
     OpenPage();
-    Window().DisableControls();
+    ControlsHold hold = Window().DisableControls(QStringLiteral("test"));
     QVERIFY(!RecallValue()->isEnabled());
-    Window().EnableControls();
+    hold.Release();
     QVERIFY(!RecallValue()->isEnabled());
     QVERIFY(Operator().Click("radioRecall"));
-    Window().DisableControls();
+    hold = Window().DisableControls(QStringLiteral("test"));
     QVERIFY(!RecallValue()->isEnabled());
     QVERIFY(!Operator().IsEnabled("btnFind"));
-    Window().EnableControls();
+    // The choices are as they were.
+    QVERIFY(Operator().Click("radioLearn"));
+    QVERIFY(Operator().Click("radioUnits"));
+    QVERIFY(Operator().Click("radioRecall"));
+    QVERIFY(!RecallValue()->isEnabled());
+    hold.Release();
     QVERIFY(RecallValue()->isEnabled());
     CompareIdle();
 }
@@ -143,6 +151,7 @@ void ReferenceMarkTest::learnsInCounts() {
     QCOMPARE(RecallValue()->value(), 40000.0);
     QVERIFY(!RecallValue()->isEnabled());
     CompareIdle();
+    CompareOutcome(QStringLiteral("found"));
 }
 
 void ReferenceMarkTest::learnsInUnits() {
@@ -189,6 +198,47 @@ void ReferenceMarkTest::recallKeepsItsValue() {
     QCOMPARE(RecallValue()->value(), 100.0);
 }
 
+void ReferenceMarkTest::learntValueIsKeptInCounts() {
+    OpenPage(QStringLiteral("mark=\"4.345678\" hand=\"0.3\" counts-per-unit=\"1000000\""));
+    QVERIFY(Operator().Click("radioUnits"));
+    Find();
+    QVERIFY(Operator().Click("radioCounts"));
+    QCOMPARE(RecallValue()->text(), QStringLiteral("4"));
+    QVERIFY(Operator().Click("radioUnits"));
+    QCOMPARE(RecallValue()->text(), QStringLiteral("4.345678"));
+    QVERIFY(Operator().Click("radioRecall"));
+    Calls::Mark();
+    Find();
+    QCOMPARE(CallsButPolls().constFirst(), Call("FindRefMark_Units(2, 4.345678)"));
+}
+
+void ReferenceMarkTest::typedRecallValueIsSentByTheFindKey() {
+    OpenPage();
+    QVERIFY(Operator().Click("radioRecall"));
+    RecallValue()->setFocus();
+    RecallValue()->selectAll();
+    Operator().Type(QStringLiteral("40"));
+    const auto time = Repeatedly([] { AdvanceClock(0.1); });
+    Operator().Press(Qt::Key_M, Qt::AltModifier);
+    QVERIFY(WaitUntil([this] { return !Reading().isEmpty(); }));
+    QCOMPARE(CallsButPolls().constFirst(), Call("FindRefMark_Counts(2, 40)"));
+}
+
+void ReferenceMarkTest::learntValueBeyondTheRange() {
+    OpenPage();
+    Fault far;
+    far.operation = "ReadInCountsAtRefmark";
+    far.effect = FaultEffect::Result;
+    far.code = 20000000;
+    AddFault(far);
+    Find();
+    QCOMPARE(RecallValue()->text(), QStringLiteral("10000000"));
+    QVERIFY(Operator().Click("radioRecall"));
+    Calls::Mark();
+    Find();
+    QCOMPARE(CallsButPolls().constFirst(), Call("FindRefMark_Counts(2, 10000000)"));
+}
+
 void ReferenceMarkTest::sendsRecallValues_data() {
     QTest::addColumn<bool>("counts");
     QTest::addColumn<double>("value");
@@ -207,9 +257,12 @@ void ReferenceMarkTest::sendsRecallValues() {
     QFETCH(QString, call);
     OpenPage();
     QVERIFY(Operator().Click("radioRecall"));
+    QVERIFY(Operator().Click("radioUnits"));
+    QVERIFY(Operator().Enter("sbRecallValue", QString::number(value, 'f', 6)));
     QVERIFY(Operator().Click(counts ? "radioCounts" : "radioUnits"));
-    RecallValue()->setDecimals(6);
-    RecallValue()->setValue(value);
+    if (counts) {
+        QCOMPARE(RecallValue()->text(), QString::number(static_cast<int>(value)));
+    }
     boxes.Tolerate(true);
     FindAndAfter(1, [this] { QVERIFY(Operator().Click("btnStop")); });
     QCOMPARE(CallsButPolls().constFirst(), Call(qPrintable(call)));
@@ -239,6 +292,7 @@ void ReferenceMarkTest::endsWithoutTheMark() {
     QCOMPARE(Reading(), QString());
     QCOMPARE(RecallValue()->value(), 40000.0);
     CompareIdle();
+    CompareOutcome(QStringLiteral("not found"));
 }
 
 TAVIK_TEST_MAIN(ReferenceMarkTest)

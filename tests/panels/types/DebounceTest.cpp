@@ -14,6 +14,8 @@ private slots:
     void theEntries();
     void timesAreShown_data();
     void timesAreShown();
+    void timeWithoutAnEntrySelectsNone_data() { Kinds(); }
+    void timeWithoutAnEntrySelectsNone();
     void timesAreSent_data();
     void timesAreSent();
     void afterSendingTheEntryStays_data() { Kinds(); }
@@ -71,6 +73,18 @@ void DebounceTest::timesAreShown() {
         QVERIFY(Operator().Click("btnRead"));
         QCOMPARE(Times()->currentIndex(), index < 0 ? before : index);
     }
+}
+
+void DebounceTest::timeWithoutAnEntrySelectsNone() {
+    QFETCH(QByteArray, type);
+    OpenNetwork(BenchWith(type.constData(), QString(), QString()));
+    AnswerFrom(1, "DebounceTime", 15);
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    QCOMPARE(Times()->currentIndex(), -1);
+    ModuleCalls();
+    QVERIFY(Operator().Click("btnSetDebounce"));
+    COMPARE_CALLS(ModuleCalls(), {});
 }
 
 void DebounceTest::timesAreSent_data() {

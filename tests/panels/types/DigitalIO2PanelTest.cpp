@@ -356,10 +356,10 @@ void DigitalIO2PanelTest::enablingConcernsButtonsThatSet() {
     all.sort();
     QCOMPARE(all.size(), 30);
     QCOMPARE(EnabledButtons(panel), all);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     QCOMPARE(EnabledButtons(panel), QStringList());
     QVERIFY(Operator().IsEnabled("cbDebouncetime") && Operator().IsEnabled("cbOutputMode"));
-    Window().EnableControls();
+    hold.Release();
     QCOMPARE(EnabledButtons(panel), all);
 }
 

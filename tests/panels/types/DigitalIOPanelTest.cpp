@@ -371,10 +371,10 @@ void DigitalIOPanelTest::enablingConcernsButtonsThatSet() {
     }
     all.sort();
     QCOMPARE(EnabledButtons(panel), all);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     QCOMPARE(EnabledButtons(panel), QStringList());
     QVERIFY(Operator().IsEnabled("cbDebouncetime"));
-    Window().EnableControls();
+    hold.Release();
     QCOMPARE(EnabledButtons(panel), all);
 }
 

@@ -1,8 +1,10 @@
 #include "library/TavikModuleLaser.h"
-#include "panels/types/ModuleBWKWidget.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
 #include "panels/types/ModuleBWRWidget.h"
 #include "panels/types/ModuleBWWidget.h"
 #include "tests/panels/types/PanelTest.h"
+#include "tests/support/FakeHostWindow.h"
 
 #include <QCheckBox>
 #include <QLabel>
@@ -19,26 +21,13 @@ QString FilterText(int filter) {
     return QString::fromStdString(eFilter_ToString(static_cast<eFilter>(filter)));
 }
 
-QString RateText(eMeasuringRate rate) {
-    return QString::fromStdString(eMeasuringRate_ToString(rate));
-}
-
-QStringList LabelsOf(const QWidget* panel) {
-    QStringList texts;
-    const auto labels = panel->findChildren<QLabel*>();
-    for (const QLabel* label : labels) {
-        texts.append(label->text());
-    }
-    return texts;
-}
-
 bool WaitCursorShows() {
     return QApplication::overrideCursor() != nullptr && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
 }
 
 } // namespace
 
-/// The panels of the three kinds of lasers.
+/// The panels of the beam and of the filter of lasers, and what fails while the panels of a laser are filled.
 class LaserPanelsTest : public PanelTest {
     Q_OBJECT
 
@@ -47,6 +36,7 @@ private slots:
     void beamIsShown_data();
     void beamIsShown();
     void beamIsSwitched();
+    void unknownBeamIsNeitherOnNorOff();
     void refusedBeamLeavesTheCheckBox();
     void beamPanelIsEnabledAndDisabled();
 
@@ -59,17 +49,11 @@ private slots:
     void filterWithoutARow();
     void filterIsSetAndShownAsSent();
     void filterWithNoCurrentRow();
+    void tabIntoTheFiltersChoosesNone();
     void levelCutTimeIsSetAndShownAsSent();
     void failedSetKeepsTheText_data();
     void failedSetKeepsTheText();
     void filterPanelIsEnabledAndDisabled();
-
-    void rateForm();
-    void ratesAreTheModules();
-    void rateIsSetAndShownAsSent();
-    void nothingSelectedDoesNothing();
-    void failedRateKeepsTheText();
-    void ratePanelIsEnabledAndDisabled();
 
     void failureWhileFilling_data();
     void failureWhileFilling();
@@ -97,6 +81,25 @@ void LaserPanelsTest::beamIsShown() {
     QCOMPARE(Operator().The<QCheckBox>("cbBeamOn")->isChecked(), on);
 }
 
+void LaserPanelsTest::unknownBeamIsNeitherOnNorOff() {
+    OpenPanel("BW");
+    FakeHostWindow host;
+    TavikServer server;
+    server.Networks()->FindNetworks();
+    server.Networks()->ConnectAll();
+    auto* laser = dynamic_cast<TavikModuleBW*>(server.Networks()->Network(0)->GetModule(0));
+    ModuleBWWidget panel(&host);
+    const auto* beam = panel.findChild<QCheckBox*>(QStringLiteral("cbBeamOn"));
+    FailNext("BeamOn", ForeignText());
+    QVERIFY_EXCEPTION_THROWN(panel.SetModule(&host, &server, nullptr, laser), std::runtime_error);
+    QCOMPARE(beam->checkState(), Qt::PartiallyChecked);
+    panel.SetEnabled(true);
+    QVERIFY(!beam->isEnabled());
+    panel.SetModule(&host, &server, nullptr, laser);
+    QCOMPARE(beam->checkState(), Qt::Checked);
+    QVERIFY(beam->isEnabled() && !beam->isTristate());
+}
+
 void LaserPanelsTest::beamIsSwitched() {
     OpenPanel("BW");
     QVERIFY(Operator().Click("cbBeamOn"));
@@ -118,9 +121,9 @@ void LaserPanelsTest::refusedBeamLeavesTheCheckBox() {
 
 void LaserPanelsTest::beamPanelIsEnabledAndDisabled() {
     OpenPanel("BW");
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     QCOMPARE(EnabledButtons(ThePanel<ModuleBWWidget>()), QStringList());
-    Window().EnableControls();
+    hold.Release();
     QCOMPARE(EnabledButtons(ThePanel<ModuleBWWidget>()), QStringList{QStringLiteral("cbBeamOn")});
 }
 
@@ -236,6 +239,18 @@ void LaserPanelsTest::filterWithNoCurrentRow() {
     QCOMPARE(Operator().Text("tbCurrentFilter"), before);
 }
 
+void LaserPanelsTest::tabIntoTheFiltersChoosesNone() {
+    OpenNetwork(BenchWith("BWR", QString(), QString()));
+    boxes.Tolerate(true);
+    AnswerFrom(1, "Filter", 7);
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    Operator().Find("listAvailableFilters")->setFocus(Qt::TabFocusReason);
+    ModuleCalls();
+    QVERIFY(Operator().Click("btnSetFilter"));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setFilter(-1)")});
+}
+
 void LaserPanelsTest::levelCutTimeIsSetAndShownAsSent() {
     OpenPanel("BWR", QStringLiteral("level-cut-max=\"32767\""));
     AnswerFrom(1, "LevelCutTime", 2);
@@ -291,77 +306,11 @@ void LaserPanelsTest::filterPanelIsEnabledAndDisabled() {
     OpenPanel("BWR");
     const QStringList all = {QStringLiteral("btnSetFilter"), QStringLiteral("btnSetLevelCut")};
     QCOMPARE(EnabledButtons(ThePanel<ModuleBWRWidget>()), all);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     QCOMPARE(EnabledButtons(ThePanel<ModuleBWRWidget>()), QStringList());
     QVERIFY(Operator().IsEnabled("listAvailableFilters") && Operator().IsEnabled("sbAvailableLevelCutTime"));
-    Window().EnableControls();
+    hold.Release();
     QCOMPARE(EnabledButtons(ThePanel<ModuleBWRWidget>()), all);
-}
-
-void LaserPanelsTest::rateForm() {
-    OpenPanel("BWK");
-    const auto* panel = ThePanel<ModuleBWKWidget>();
-    QCOMPARE(panel->windowTitle(), QStringLiteral("Form"));
-    QCOMPARE(Operator().The<QGroupBox>("groupBoxMeasuringRate")->title(), QStringLiteral("Measuring Rate"));
-    QCOMPARE(LabelsOf(panel), QStringList({QStringLiteral("Current"), QStringLiteral("Available")}));
-    QVERIFY(Operator().Find("tbCurrentMeasuringRate")->property("readOnly").toBool());
-    QCOMPARE(Operator().Text("btnSetMeasuringRate"), QStringLiteral("Set"));
-}
-
-void LaserPanelsTest::ratesAreTheModules() {
-    OpenPanel("BWK", QStringLiteral("rates=\"2kHz 100Hz 1kHz\" rate=\"1kHz\""));
-    QCOMPARE(Rows("listAvailableMeasuringRates"),
-             QStringList({RateText(eMeasuringRate::Rate2KHz), RateText(eMeasuringRate::Rate100Hz),
-                          RateText(eMeasuringRate::Rate1KHz)}));
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), RateText(eMeasuringRate::Rate1KHz));
-    const QStringList calls = Calls::TakeOperation("MeasuringRate");
-    QVERIFY(calls.isEmpty());
-}
-
-void LaserPanelsTest::rateIsSetAndShownAsSent() {
-    OpenPanel("BWK", QStringLiteral("rates=\"100Hz 500Hz\""));
-    AnswerFrom(1, "MeasuringRate", 4);
-    QVERIFY(Operator().SelectRow("listAvailableMeasuringRates", 1));
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setMeasuringRate(1)")});
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), RateText(eMeasuringRate::Rate500Hz));
-    QCOMPARE(Rows("listAvailableMeasuringRates").size(), 2);
-}
-
-void LaserPanelsTest::nothingSelectedDoesNothing() {
-    OpenPanel("BWK");
-    const QString before = Operator().Text("tbCurrentMeasuringRate");
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    COMPARE_CALLS(ModuleCalls(), {});
-    // A row may be the current one, as it is for the keyboard, without being selected.
-    auto* list = Operator().The<QListWidget>("listAvailableMeasuringRates");
-    list->setCurrentRow(2, QItemSelectionModel::NoUpdate);
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    COMPARE_CALLS(ModuleCalls(), {});
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), before);
-    QCOMPARE(boxes.Count(), 0);
-}
-
-void LaserPanelsTest::failedRateKeepsTheText() {
-    OpenPanel("BWK");
-    const QString before = Operator().Text("tbCurrentMeasuringRate");
-    QVERIFY(Operator().SelectRow("listAvailableMeasuringRates", 3));
-    FailNext("setMeasuringRate", ForeignText());
-    boxes.ExpectError(ThePanel<ModuleBWKWidget>(), QStringLiteral("BWK Module"), ForeignText());
-    QVERIFY(Operator().Click("btnSetMeasuringRate"));
-    QCOMPARE(boxes.Count(), 1);
-    QCOMPARE(Operator().Text("tbCurrentMeasuringRate"), before);
-}
-
-void LaserPanelsTest::ratePanelIsEnabledAndDisabled() {
-    OpenPanel("BWK");
-    const QStringList all{QStringLiteral("btnSetMeasuringRate")};
-    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), all);
-    Window().DisableControls();
-    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), QStringList());
-    QVERIFY(Operator().IsEnabled("listAvailableMeasuringRates"));
-    Window().EnableControls();
-    QCOMPARE(EnabledButtons(ThePanel<ModuleBWKWidget>()), all);
 }
 
 void LaserPanelsTest::failureWhileFilling_data() {
@@ -384,14 +333,7 @@ void LaserPanelsTest::failureWhileFilling() {
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
     QCOMPARE(seen.first().text, ForeignText());
-    QCOMPARE(ModuleCalls().constLast(), QString(QLatin1String(operation) + QStringLiteral("()")));
-    // What was filled before stays, and can be used.
-    QCOMPARE(Rows("listResolutions").size(), 5);
-    QVERIFY(Operator().Click("cbBeamOn"));
-    COMPARE_CALLS(ModuleCalls(),
-                  {QStringLiteral("setBeamOn(%1)")
-                       .arg(Operator().The<QCheckBox>("cbBeamOn")->isChecked() ? QStringLiteral("true")
-                                                                               : QStringLiteral("false"))});
+    CompareFailedAt(QLatin1String(operation));
 }
 
 TAVIK_TEST_MAIN(LaserPanelsTest)

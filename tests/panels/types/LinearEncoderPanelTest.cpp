@@ -1,8 +1,14 @@
+#include "library/TavikModuleRN.h"
+#include "library/TavikNetwork.h"
+#include "library/TavikNetworks.h"
 #include "panels/types/ModuleRNWidget.h"
 #include "tests/panels/types/PanelTest.h"
+#include "tests/support/FakeHostWindow.h"
 
 #include <QDoubleSpinBox>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QScopeGuard>
 
 using namespace TavikSimulator;
 
@@ -21,11 +27,15 @@ private slots:
     void fillingReadsTheDirectionTwice();
     void showsTheDirection_data();
     void showsTheDirection();
+    void unknownDirectionChecksNeither();
     void clicksSetTheDirection();
     void failedDirectionStaysAsClicked();
     void presets_data();
     void presets();
     void presetsWhatTheModuleReads();
+    void presetIsEnteredWithAPoint_data();
+    void presetIsEnteredWithAPoint();
+    void oneEntryIsOneWrite();
     void refusedPresetShowsTheSentence();
     void failedPresetsShowABox();
     void enablingConcernsRadioButtonsAndPresets();
@@ -84,6 +94,23 @@ void LinearEncoderPanelTest::showsTheDirection() {
     QVERIFY(Operator().SelectPage("tabModule"));
     QCOMPARE(IsChecked("radioNormal"), normal);
     QCOMPARE(IsChecked("radioReversed"), reversed);
+}
+
+void LinearEncoderPanelTest::unknownDirectionChecksNeither() {
+    OpenPanel("RN");
+    FakeHostWindow host;
+    TavikLibrary::TavikServer server;
+    server.Networks()->FindNetworks();
+    server.Networks()->ConnectAll();
+    auto* encoder = dynamic_cast<TavikLibrary::TavikModuleRN*>(server.Networks()->Network(0)->GetModule(0));
+    ModuleRNWidget panel(&host);
+    FailNext("Direction", ForeignText());
+    QVERIFY_EXCEPTION_THROWN(panel.SetModule(&host, &server, nullptr, encoder), std::runtime_error);
+    panel.SetEnabled(true);
+    const auto buttons = panel.findChildren<QAbstractButton*>();
+    for (const QAbstractButton* button : buttons) {
+        QVERIFY2(!button->isChecked() && !button->isEnabled(), qPrintable(button->objectName()));
+    }
 }
 
 void LinearEncoderPanelTest::clicksSetTheDirection() {
@@ -158,6 +185,51 @@ void LinearEncoderPanelTest::presetsWhatTheModuleReads() {
     QCOMPARE(boxes.Count(), 0);
 }
 
+void LinearEncoderPanelTest::presetIsEnteredWithAPoint_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("sent");
+    QTest::newRow("point") << "4.2889"
+                           << "4.28890"
+                           << "4.2889";
+    QTest::newRow("group separator of the language") << "1.234.5"
+                                                     << "1.23450"
+                                                     << "1.2345";
+    QTest::newRow("group separator of English") << "1,234.5"
+                                                << "1234.50000"
+                                                << "1234.5";
+}
+
+void LinearEncoderPanelTest::presetIsEnteredWithAPoint() {
+    QFETCH(QString, typed);
+    QFETCH(QString, shown);
+    QFETCH(QString, sent);
+    const QLocale before;
+    const auto restore = qScopeGuard([&] { QLocale::setDefault(before); });
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    OpenPanel("RN");
+    boxes.Tolerate(true);
+    QVERIFY(Operator().Enter("sbPreset", typed));
+    QVERIFY(Operator().Click("btnPresetinUnits"));
+    QCOMPARE(Preset()->text(), shown);
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setPresetInUnits(%1)").arg(sent)});
+}
+
+void LinearEncoderPanelTest::oneEntryIsOneWrite() {
+    OpenPanel("RN");
+    QVERIFY(QTest::qWaitForWindowActive(&Window()));
+    QVERIFY(Operator().Enter("sbPreset", QStringLiteral("17.5")));
+    COMPARE_CALLS(ModuleCalls(), {});
+    Operator().Press(Qt::Key_Return);
+    COMPARE_CALLS(ModuleCalls(), {});
+    // A mnemonic takes what has been typed.
+    Preset()->selectAll();
+    Operator().Type(QStringLiteral("18"));
+    const QString shortcut = Operator().The<QPushButton>("btnPresetinCounts")->shortcut().toString();
+    Operator().Press(static_cast<Qt::Key>(shortcut.back().unicode()), Qt::AltModifier);
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setPresetInCounts(18)")});
+}
+
 void LinearEncoderPanelTest::refusedPresetShowsTheSentence() {
     OpenPanel("RN");
     boxes.Tolerate(true);
@@ -190,10 +262,10 @@ void LinearEncoderPanelTest::enablingConcernsRadioButtonsAndPresets() {
     const QStringList all =
         QStringLiteral("btnPresetinCounts,btnPresetinUnits,radioNormal,radioReversed").split(QLatin1Char(','));
     QCOMPARE(EnabledButtons(panel), all);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     QCOMPARE(EnabledButtons(panel), QStringList());
     QVERIFY(Preset()->isEnabled());
-    Window().EnableControls();
+    hold.Release();
     QCOMPARE(EnabledButtons(panel), all);
 }
 
@@ -209,9 +281,7 @@ void LinearEncoderPanelTest::failureWhileFilling() {
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
     QCOMPARE(seen.first().text, ForeignText());
-    QCOMPARE(ModuleCalls().constLast(), QStringLiteral("Direction()"));
-    QVERIFY(Operator().Click("radioReversed"));
-    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setDirection(1)")});
+    CompareFailedAt(QStringLiteral("Direction"));
 }
 
 TAVIK_TEST_MAIN(LinearEncoderPanelTest)

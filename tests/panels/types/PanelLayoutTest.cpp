@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -62,6 +63,8 @@ private slots:
     void thePageHasRoom();
     void nothingIsClipped_data() { Modules(); }
     void nothingIsClipped();
+    void buttonsOfAGroupHaveOneSize_data() { Modules(); }
+    void buttonsOfAGroupHaveOneSize();
 
 private:
     static void Modules();
@@ -235,6 +238,22 @@ void PanelLayoutTest::nothingIsClipped() {
         const QStringList clipped = ClippedIn(panel);
         QVERIFY2(clipped.isEmpty(), qPrintable(clipped.join(QStringLiteral("; "))));
     }
+}
+
+void PanelLayoutTest::buttonsOfAGroupHaveOneSize() {
+    QFETCH(int, row);
+    OpenModule(Bench(), row);
+    ProcessAllEvents();
+    QHash<const QWidget*, QSize> sizes;
+    const auto buttons = Operator().Find("moduleWidget")->findChildren<QPushButton*>();
+    for (const QPushButton* button : buttons) {
+        const QSize size = sizes.value(button->parentWidget(), button->size());
+        // A layout may give one of two columns the odd pixel.
+        const QSize difference = button->size() - size;
+        QVERIFY2(qAbs(difference.width()) <= 1 && qAbs(difference.height()) <= 1, qPrintable(button->objectName()));
+        sizes.insert(button->parentWidget(), size);
+    }
+    QVERIFY(sizes.size() >= 2);
 }
 
 TAVIK_TEST_MAIN(PanelLayoutTest)

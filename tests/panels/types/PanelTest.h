@@ -6,9 +6,29 @@
 
 #include <QAbstractButton>
 #include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 
 #include <vector>
+
+/// What the page of a module shows and offers; nothing for an empty page.
+inline QStringList ShownOrOffered(const QWidget* page) {
+    QStringList names;
+    const auto widgets = page->findChildren<QWidget*>();
+    for (const QWidget* widget : widgets) {
+        const auto* field = qobject_cast<const QLineEdit*>(widget);
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        if ((field != nullptr && !field->text().isEmpty()) || (button != nullptr && button->isEnabled()) ||
+            (label != nullptr && label->objectName().startsWith(QLatin1String("lblCanDo")) &&
+             !label->text().isEmpty()) ||
+            (qobject_cast<const TypePanel*>(widget) != nullptr && !widget->isHidden())) {
+            names.append(widget->objectName());
+        }
+    }
+    return names;
+}
 
 /// The base of tests of one panel, on a network with one module, the module page in front.
 class PanelTest : public ProgramFixture {
@@ -36,6 +56,16 @@ protected:
                                  .arg(QLatin1String(type), attributes, content));
     }
 
+    /// The set-up of the module page failed at this operation: the library was asked nothing more for the page, which
+    /// is empty.
+    void CompareFailedAt(const QString& operation) {
+        const QStringList calls = ModuleCalls();
+        const int failed = calls.lastIndexOf(operation + QStringLiteral("()"));
+        QVERIFY(failed > 0);
+        QCOMPARE(calls.value(failed + 1), QStringLiteral("BufferedCapable()"));
+        QCOMPARE(ShownOrOffered(Operator().Find("moduleWidget")), QStringList());
+    }
+
     /// A call of the module as the journal has it.
     static QString Call(const QString& call) { return QStringLiteral("module MODULE0001.") + call; }
     /// The calls of the module since the mark, without its name.
@@ -58,6 +88,16 @@ protected:
             titles.append(group->title());
         }
         return titles;
+    }
+
+    /// The texts of a panel's labels, in order.
+    static QStringList LabelsOf(const QWidget* panel) {
+        QStringList texts;
+        const auto labels = panel->findChildren<QLabel*>();
+        for (const QLabel* label : labels) {
+            texts.append(label->text());
+        }
+        return texts;
     }
 
     /// The names of the panel's enabled buttons, sorted.

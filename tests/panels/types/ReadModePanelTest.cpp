@@ -41,6 +41,7 @@ private slots:
     void failureShowsABox();
     void enablingConcernsTheButtons();
     void failureWhileFilling();
+    void tabIntoTheListChoosesNoRow();
 };
 
 void ReadModePanelTest::theFormIsAsKnown() {
@@ -223,10 +224,10 @@ void ReadModePanelTest::enablingConcernsTheButtons() {
     const QStringList all =
         QStringLiteral("btnNewReadingReady,btnSample,btnSetReadMode,btnUpdateReadingInfo").split(QLatin1Char(','));
     QCOMPARE(EnabledButtons(ThePanel<ModuleHVXWidget>()), all);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     QCOMPARE(EnabledButtons(ThePanel<ModuleHVXWidget>()), QStringList());
     QVERIFY(Operator().IsEnabled("listAvailableReadMode") && Operator().IsEnabled("tbCurrentReadMode"));
-    Window().EnableControls();
+    hold.Release();
     QCOMPARE(EnabledButtons(ThePanel<ModuleHVXWidget>()), all);
 }
 
@@ -235,10 +236,19 @@ void ReadModePanelTest::failureWhileFilling() {
     QCOMPARE(seen.size(), 1);
     QCOMPARE(seen.first().title, QStringLiteral("Tavik Library Test"));
     QCOMPARE(seen.first().text, ForeignText());
-    QCOMPARE(ModuleCalls().constLast(), QStringLiteral("ReadMode()"));
-    QVERIFY(Operator().SelectRow("listAvailableReadMode", 1));
+    CompareFailedAt(QStringLiteral("ReadMode"));
+}
+
+void ReadModePanelTest::tabIntoTheListChoosesNoRow() {
+    OpenNetwork(BenchWith("HVX", QString(), QString()));
+    boxes.Tolerate(true);
+    AnswerFrom(1, "ReadMode", 3);
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    Operator().Find("listAvailableReadMode")->setFocus(Qt::TabFocusReason);
+    ModuleCalls();
     QVERIFY(Operator().Click("btnSetReadMode"));
-    QCOMPARE(Operator().Text("tbCurrentReadMode"), ModeText(1));
+    COMPARE_CALLS(ModuleCalls(), {QStringLiteral("setReadMode(-1)")});
 }
 
 TAVIK_TEST_MAIN(ReadModePanelTest)

@@ -67,9 +67,14 @@ void AbandonedRestartTest::panelThatGoesDuringTheRestart() {
     QCOMPARE(host.disabled, 1);
     // No events are handled: whatever the thread asks for is still waiting when the panel goes.
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    if (fails) {
+        boxes.ExpectError(&host, QStringLiteral("RLK Module"), QStringLiteral("Too late."));
+    }
     panel.reset();
-    QVERIFY(BackgroundCalls::WaitForEnd(longEnough));
+    // The module is still restarting: its controls come back when that is over.
     QCOMPARE(host.enabled, 0);
+    QVERIFY(BackgroundCalls::WaitForEnd(longEnough));
+    QCOMPARE(host.enabled, 1);
 }
 
 void AbandonedRestartTest::windowThatClosesDuringTheRestart_data() {
@@ -110,14 +115,19 @@ void AbandonedRestartTest::windowThatClosesOverTheBox() {
 
 void AbandonedRestartTest::waitForACallThatDoesNotEnd() {
     std::atomic<bool> go{false};
-    BackgroundCalls::Start([&go] {
+    bool finished = false;
+    const auto waitForGo = [&go] {
         while (!go) {
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
-    });
+    };
+    BackgroundCalls::Start(waitForGo,
+                           [&finished](const std::optional<QString>& failure) { finished = !failure.has_value(); });
     QVERIFY(!BackgroundCalls::WaitForEnd(std::chrono::milliseconds(100)));
+    QVERIFY(!finished);
     go = true;
     QVERIFY(BackgroundCalls::WaitForEnd(longEnough));
+    QVERIFY(finished);
 }
 
 TAVIK_TEST_MAIN(AbandonedRestartTest)

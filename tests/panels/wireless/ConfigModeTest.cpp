@@ -25,6 +25,26 @@ WaitForProcessDialog* ShownWaitDialog() {
     return nullptr;
 }
 
+/// When the text of the wait dialog was painted for the first time.
+class FirstPaint : public QObject {
+public:
+    FirstPaint() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && qobject_cast<WaitForProcessDialog*>(watched) != nullptr) {
+            sinceShown.start();
+        } else if (event->type() == QEvent::Paint && afterShowingMs < 0 &&
+                   watched->objectName() == QLatin1String("lblWaitMessage")) {
+            afterShowingMs = sinceShown.elapsed();
+        }
+        return false;
+    }
+
+    qint64 afterShowingMs = -1;
+
+private:
+    QElapsedTimer sinceShown;
+};
+
 } // namespace
 
 /// How the settings dialogs bring a tool into configuration mode, and the wait dialog meanwhile.
@@ -35,6 +55,7 @@ private slots:
     void waitDialogIsAsOperatorsKnowIt();
     void waitDialogShowsProgress();
     void waitDialogCannotBeClosed();
+    void waitDialogIsPaintedBeforeTheFirstSleep();
     void tenTriesAndNoMore_data();
     void tenTriesAndNoMore();
     void sleepingToolIsWoken();
@@ -84,6 +105,14 @@ void ConfigModeTest::waitDialogCannotBeClosed() {
     QVERIFY(wait.isVisible());
     wait.hide();
     QVERIFY(!wait.isVisible());
+}
+
+void ConfigModeTest::waitDialogIsPaintedBeforeTheFirstSleep() {
+    OpenModule(SingleChannel(), 0);
+    FirstPaint paint;
+    InSettings(QStringLiteral("KRV Settings"), [&](QDialog&, const WidgetDriver&) {});
+    QVERIFY(paint.afterShowingMs >= 0);
+    QVERIFY2(paint.afterShowingMs < 500, qPrintable(QString::number(paint.afterShowingMs)));
 }
 
 void ConfigModeTest::tenTriesAndNoMore_data() {

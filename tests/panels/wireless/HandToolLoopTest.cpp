@@ -1,8 +1,29 @@
+#include "library/TavikRLKDevice.h"
 #include "tests/panels/wireless/ReadingsTest.h"
 
+#include <QAbstractButton>
+#include <QPointer>
 #include <QStatusBar>
 
+#include <dlfcn.h>
+
 using namespace TavikSimulator;
+
+namespace {
+
+bool batteryThrowsANumber = false;
+
+} // namespace
+
+// Stands before the library's function, to throw what is no std::exception.
+int TavikLibrary::RLK_Device::BatteryStatus() {
+    if (batteryThrowsANumber) {
+        throw 1;
+    }
+    static const auto battery =
+        reinterpret_cast<int (*)(RLK_Device*)>(dlsym(RTLD_NEXT, "_ZN12TavikLibrary10RLK_Device13BatteryStatusEv"));
+    return battery(this);
+}
 
 /// Reading a hand tool again and again.
 class HandToolLoopTest : public ReadingsTest {
@@ -10,7 +31,11 @@ class HandToolLoopTest : public ReadingsTest {
 
 private slots:
     void readsUntilStopped();
+    void lastPressCounts();
     void failureEndsTheLoop();
+    void failureThatIsNoExceptionEndsTheLoop();
+    void clearedModulesCloseTheDialog_data();
+    void clearedModulesCloseTheDialog();
     void changeOfModeAppliesToTheNextRead();
     void endsWithTheLoop_data();
     void endsWithTheLoop();
@@ -36,6 +61,74 @@ void HandToolLoopTest::readsUntilStopped() {
         QCOMPARE(Window().statusBar()->currentMessage(), QString());
         QCOMPARE(Colour(dialog), green);
     });
+}
+
+/// Stop and Start before the loop comes round.
+void HandToolLoopTest::lastPressCounts() {
+    OpenModule(StillTool(), 0);
+    InDialog([this](QDialog& dialog, WidgetDriver driver) {
+        Calls::Mark();
+        When(this, HasRead, [&dialog, driver, this]() mutable {
+            auto* button = driver.The<QAbstractButton>("btnStartStopReading");
+            button->click();
+            QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
+            button->click();
+            QCOMPARE(StartText(dialog), QStringLiteral("Stop Reading"));
+            StopAfterReads(driver, Reads() + 3);
+        });
+        QVERIFY(driver.Click("btnStartStopReading"));
+        QVERIFY2(Reads() >= 4, qPrintable(QString::number(Reads())));
+        QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
+    });
+}
+
+void HandToolLoopTest::failureThatIsNoExceptionEndsTheLoop() {
+    OpenModule(StillTool(), 0);
+    InDialog([this](QDialog& dialog, WidgetDriver driver) {
+        Calls::Mark();
+        const auto hasRead = [] { return Reads() >= 2; };
+        When(this, hasRead, [] { batteryThrowsANumber = true; });
+        boxes.ExpectError(&dialog, QStringLiteral("Tavik Library Test"),
+                          QStringLiteral("An error of an unknown kind has occurred."));
+        QVERIFY(driver.Click("btnStartStopReading"));
+        batteryThrowsANumber = false;
+        QTRY_COMPARE(boxes.Count(), 2);
+        QTRY_COMPARE(QApplication::activeModalWidget(), &dialog);
+        QCOMPARE(StartText(dialog), QStringLiteral("Start Reading"));
+        QCOMPARE(Window().statusBar()->currentMessage(), QString());
+        StopAfterReads(driver, Reads() + 1);
+        QVERIFY(driver.Click("btnStartStopReading"));
+    });
+}
+
+void HandToolLoopTest::clearedModulesCloseTheDialog_data() {
+    QTest::addColumn<bool>("reading");
+    QTest::newRow("idle") << false;
+    QTest::newRow("reading") << true;
+}
+
+/// The panel under the dialog goes with its module, and the dialog with the panel.
+void HandToolLoopTest::clearedModulesCloseTheDialog() {
+    QFETCH(bool, reading);
+    OpenModule(StillTool(), 0);
+    BoxReply reply;
+    reply.leave = true;
+    reply.meanwhile = [&](QDialog& dialog) {
+        const QPointer<QDialog> readings(&dialog);
+        const auto clear = [this] { Window().findChild<QAbstractButton*>(QStringLiteral("btnClearModules"))->click(); };
+        Calls::Mark();
+        if (reading) {
+            When(this, HasRead, clear);
+            WidgetDriver(dialog).Click("btnStartStopReading");
+        } else {
+            clear();
+        }
+        QTRY_VERIFY(readings == nullptr);
+    };
+    boxes.ExpectDialog(Operator().Find("moduleRLKWidget"), QStringLiteral("KRV Channel Readings"), reply);
+    QVERIFY(Operator().Click("btnRead1"));
+    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    QCOMPARE(CallsOnRemovedModules(), std::uint64_t{0});
 }
 
 void HandToolLoopTest::failureEndsTheLoop() {

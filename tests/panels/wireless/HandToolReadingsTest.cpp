@@ -1,10 +1,12 @@
 #include "library/TavikRLKDevice.h"
 #include "tests/panels/wireless/ReadingsTest.h"
+#include "tests/support/Contrast.h"
 
 #include <QClipboard>
 #include <QIcon>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScopeGuard>
 
 using namespace TavikSimulator;
 using namespace WirelessBench;
@@ -23,6 +25,8 @@ private slots:
     void nothingTaggedGivesNoColumns();
     void taggedReadingsAreAskedForByTheirCode();
     void colourFollowsTheConnection();
+    void textIsReadableOnBothColours_data();
+    void textIsReadableOnBothColours();
     void failureOfARead_data();
     void failureOfARead();
     void failureKeepsWhatWasShownBefore();
@@ -161,6 +165,34 @@ void HandToolReadingsTest::colourFollowsTheConnection() {
             [status](QDialog& dialog, const WidgetDriver&) { QCOMPARE(Colour(dialog), status == 3 ? green : red); });
         RemoveFault(number);
     }
+}
+
+void HandToolReadingsTest::textIsReadableOnBothColours_data() {
+    QTest::addColumn<bool>("dark");
+    QTest::addColumn<bool>("connected");
+    for (const bool dark : {false, true}) {
+        for (const bool connected : {false, true}) {
+            QTest::addRow("%s, %s", dark ? "dark" : "light", connected ? "green" : "red") << dark << connected;
+        }
+    }
+}
+
+void HandToolReadingsTest::textIsReadableOnBothColours() {
+    QFETCH(bool, dark);
+    QFETCH(bool, connected);
+    const QPalette usual = QApplication::palette();
+    if (dark) {
+        QApplication::setPalette(DarkPalette());
+    }
+    const auto usualAgain = qScopeGuard([&usual] { QApplication::setPalette(usual); });
+    OpenModule(StillTool(), 0);
+    QCOMPARE(LowContrastTexts(Window(), 4.5).filter(QStringLiteral("tbDeviceType")), QStringList());
+    CarryToolAway("KRV0000001", !connected);
+    boxes.Tolerate(true);
+    InDialog([connected](QDialog& dialog, const WidgetDriver&) {
+        QCOMPARE(Colour(dialog), connected ? green : red);
+        QCOMPARE(LowContrastTexts(dialog, 4.5), QStringList());
+    });
 }
 
 void HandToolReadingsTest::failureOfARead_data() {

@@ -135,7 +135,7 @@ void KRVXSettingsTest::showsWhatTheToolIsSetTo() {
         QCOMPARE(Chosen(driver, "cbButton1Conf"), 2);
         QCOMPARE(Chosen(driver, "cbButton2Conf"), 1);
         QCOMPARE(Chosen(driver, "cbLED1"), 4);
-        QCOMPARE(Chosen(driver, "cbLED2"), 4);
+        QCOMPARE(Chosen(driver, "cbLED2"), -1); // has no entry
         QCOMPARE(Chosen(driver, "cbLED3"), 3);
     });
 }

@@ -1,3 +1,4 @@
+#include "library/TavikModuleRLK.h"
 #include "panels/common/BackgroundCalls.h"
 #include "panels/wireless/moduleRLKWidget.h"
 #include "tests/panels/wireless/FailingThreads.h"
@@ -10,7 +11,9 @@
 #include <QSignalSpy>
 #include <QStatusBar>
 
+#include <atomic>
 #include <cstring>
+#include <dlfcn.h>
 
 using namespace TavikSimulator;
 using namespace WirelessBench;
@@ -21,6 +24,8 @@ const QString moduleTitle = QStringLiteral("RLK Module");
 const QString lastResort = QStringLiteral("Tavik Library Test");
 
 constexpr std::chrono::seconds longEnough(20);
+
+std::atomic<bool> restartThrowsANumber{false};
 
 } // namespace
 
@@ -40,6 +45,9 @@ private slots:
     void failedRestart_data();
     void failedRestart();
     void moduleThatFailsToRestart();
+    void restartThatThrowsNoException();
+    void controlsComeBackWithTheLastHold();
+    void failureWhileFillingAgain_data();
     void failureWhileFillingAgain();
     void failureWhileEnablingAgain();
     void applyWhileRestartingDoesNothing();
@@ -60,9 +68,20 @@ private:
             QVERIFY2(Operator().Find(name)->isEnabled(), name);
         }
         QVERIFY(!Waits());
-        QCOMPARE(Activity(), QString());
+        const bool restarted = Activity().startsWith(QLatin1String("Wireless connection module restarted, "));
+        QVERIFY2(restarted || Activity().isEmpty(), qPrintable(Activity()));
     }
 };
+
+// Stands before the library's function, to throw what is no std::exception.
+void TavikLibrary::TavikModuleRLK::Restart() {
+    if (restartThrowsANumber) {
+        throw 1;
+    }
+    static const auto restart =
+        reinterpret_cast<void (*)(TavikModuleRLK*)>(dlsym(RTLD_NEXT, "_ZN12TavikLibrary14TavikModuleRLK7RestartEv"));
+    restart(this);
+}
 
 void RestartTest::writesAllSixIdentitiesAndNames() {
     OpenModule(Usual(), 0);
@@ -164,7 +183,7 @@ void RestartTest::waitsUntilTheModuleIsBack() {
     SlowRestart(2.0);
     Apply();
     QVERIFY(Waits());
-    QCOMPARE(Activity(), QStringLiteral("Restarting the wireless connection module"));
+    QVERIFY(Activity().startsWith(QLatin1String("Restarting the wireless connection module, ")));
     for (const char* name : {"btnRead1", "btnConfig1", "tbName1", "tbDeviceType1", "btnApplySettings", "listModules",
                              "tableNetworks", "btnRead", "btnStartContinuous", "btnNotify"}) {
         QVERIFY2(!Operator().Find(name)->isEnabled(), name);
@@ -256,21 +275,87 @@ void RestartTest::moduleThatFailsToRestart() {
     QVERIFY(Operator().IsEnabled("btnConfig6"));
 }
 
-void RestartTest::failureWhileFillingAgain() {
+void RestartTest::restartThatThrowsNoException() {
     OpenModule(Usual(), 0);
-    FailNext("UpdateDeviceFieldData", QStringLiteral("Lost."));
-    boxes.ExpectError(&Window(), lastResort, QStringLiteral("Lost."));
+    boxes.ExpectError(&Window(), moduleTitle, QStringLiteral("An error of an unknown kind has occurred."));
+    restartThrowsANumber = true;
     Apply();
-    QTRY_COMPARE(boxes.Count(), 1);
+    AwaitEnd();
+    restartThrowsANumber = false;
+    QCOMPARE(boxes.Count(), 1);
+    CompareIdle();
+}
+
+/// Another run that ends meanwhile does not give the controls back under the restart.
+void RestartTest::controlsComeBackWithTheLastHold() {
+    OpenModule(Usual(), 0);
+    SlowRestart(1.0);
+    Apply();
+    QCOMPARE(Window().Holders(), QStringList(QStringLiteral("wireless restart")));
+    auto hold = Window().DisableControls(QStringLiteral("test"));
+    hold.Release();
+    for (const char* name : {"btnApplySettings", "btnRead1", "listModules"}) {
+        QVERIFY2(!Operator().Find(name)->isEnabled(), name);
+    }
     AwaitEnd();
     CompareIdle();
+    QCOMPARE(Window().Holders(), QStringList());
+}
+
+void RestartTest::failureWhileFillingAgain_data() {
+    QTest::addColumn<QString>("operation");
+    for (const char* operation : {"UpdateDeviceFieldData", "DeviceType", "DeviceName"}) {
+        QTest::newRow(operation) << QString::fromLatin1(operation);
+    }
+}
+
+/// Apply would write what is shown: nothing is shown and nothing can be applied until the panel is filled.
+void RestartTest::failureWhileFillingAgain() {
+    QFETCH(QString, operation);
+    OpenModule(Usual(), 0);
+    SlowRestart(0.2);
+    Apply();
+    Fault fault;
+    fault.operation = operation.toStdString();
+    // Slot 4 is empty: it is asked for its type by the filling only.
+    fault.object = "device RLK0000001.4";
+    fault.text = "Lost.";
+    AddFault(fault);
+    boxes.ExpectError(&Window(), lastResort, QStringLiteral("Lost."));
+    QTRY_COMPARE(boxes.Count(), 1);
+    AwaitEnd();
+    QVERIFY(!Waits());
+    QVERIFY(Operator().IsEnabled("listModules"));
+    for (int number = 1; number <= 6; ++number) {
+        for (const char* name : {"tbTavikID", "tbName", "tbDeviceType"}) {
+            QCOMPARE(Operator().Text((name + QByteArray::number(number)).constData()), QString());
+        }
+        for (const char* name : {"btnRead", "btnConfig", "tbName"}) {
+            QVERIFY(!Operator().IsEnabled((name + QByteArray::number(number)).constData()));
+        }
+    }
+    QVERIFY(!Operator().IsEnabled("btnApplySettings"));
+    // A hold that ends does not enable what is not filled.
+    Window().DisableControls(QStringLiteral("test")).Release();
+    QVERIFY(!Operator().IsEnabled("btnApplySettings"));
+    Calls::Mark();
+    QVERIFY(QMetaObject::invokeMethod(Panel(), "on_btnApplySettings_clicked"));
+    QCOMPARE(Calls::Take(), QStringList());
+
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    QVERIFY(Operator().SelectRow("listModules", 1));
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QVERIFY(Operator().SelectPage("tabModule"));
+    QVERIFY(Operator().IsEnabled("btnApplySettings"));
+    QCOMPARE(Operator().Text("tbTavikID1"), QStringLiteral("KRV0000001"));
 }
 
 void RestartTest::failureWhileEnablingAgain() {
     OpenModule(Usual(), 0);
-    FailNext("TavikIdentity", QStringLiteral("Lost."));
-    boxes.ExpectError(&Window(), lastResort, QStringLiteral("Lost."));
+    SlowRestart(0.2);
     Apply();
+    FailNext("TavikIdentity", QStringLiteral("Lost."), "device RLK0000001.5");
+    boxes.ExpectError(&Window(), lastResort, QStringLiteral("Lost."));
     QTRY_COMPARE(boxes.Count(), 1);
     AwaitEnd();
     CompareIdle();

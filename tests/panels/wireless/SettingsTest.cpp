@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
+#include <QWheelEvent>
 
 using namespace TavikSimulator;
 using namespace WirelessBench;
@@ -138,6 +139,15 @@ void SettingsTest::Tick(WidgetDriver driver, const char* box, bool on) {
         QTest::keyClick(checkBox, Qt::Key_Space);
     }
     QCOMPARE(checkBox->isChecked(), on);
+}
+
+void SettingsTest::TurnWheel(WidgetDriver driver, const char* name) {
+    QWidget* control = driver.Find(name);
+    const QPointF centre = control->rect().center();
+    constexpr int oneStep = 120;
+    QWheelEvent turn(centre, control->mapToGlobal(centre.toPoint()), QPoint(), QPoint(0, -oneStep), Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(control, &turn);
 }
 
 QStringList SettingsTest::Entries(WidgetDriver driver, const char* combo) {

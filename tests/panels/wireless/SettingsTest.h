@@ -62,6 +62,8 @@ protected:
         QVERIFY(spin->isEnabled());
         spin->setValue(value);
     }
+    /// A step of the wheel over a control that has not been clicked.
+    static void TurnWheel(WidgetDriver driver, const char* name);
     static QStringList Entries(WidgetDriver driver, const char* combo);
     static int Chosen(WidgetDriver driver, const char* combo);
     static bool Ticked(WidgetDriver driver, const char* box);

@@ -37,7 +37,8 @@ private slots:
     void buttonsFollowIdentityAndType();
     void identityIsFetchedForEachButton();
     void disabledPanelKeepsItsIdentityBoxes();
-    void failureWhileEnablingIsShownByTheLastResort();
+    void openingAsksForEachIdentityThreeTimes();
+    void failureWhileEnablingKeepsOneSlotOff();
     void panelWithoutAModuleDoesNothing();
     void configOfAnUnknownType();
     void configOfAnotherKind_data();
@@ -201,7 +202,7 @@ void WirelessPanelTest::identityIsFetchedForEachButton() {
 
 void WirelessPanelTest::disabledPanelKeepsItsIdentityBoxes() {
     OpenModule(Usual(), 0);
-    Window().DisableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
     for (int number = 1; number <= 6; ++number) {
         for (const char* name : {"btnRead", "btnConfig", "tbDeviceType", "tbName"}) {
             QVERIFY2(!FieldEnabled(name, number), name);
@@ -211,7 +212,7 @@ void WirelessPanelTest::disabledPanelKeepsItsIdentityBoxes() {
     QVERIFY(!Operator().IsEnabled("btnApplySettings"));
     QCOMPARE(TakeToolCalls(), QStringList());
 
-    Window().EnableControls();
+    hold.Release();
     for (int number = 1; number <= 6; ++number) {
         QCOMPARE(FieldEnabled("btnRead", number), number <= 3);
         QCOMPARE(FieldEnabled("btnConfig", number), number <= 2);
@@ -221,13 +222,28 @@ void WirelessPanelTest::disabledPanelKeepsItsIdentityBoxes() {
     QVERIFY(Operator().IsEnabled("btnApplySettings"));
 }
 
-void WirelessPanelTest::failureWhileEnablingIsShownByTheLastResort() {
+/// Once to be shown, and once for each of its two buttons.
+void WirelessPanelTest::openingAsksForEachIdentityThreeTimes() {
+    OpenNetwork(Usual());
+    Calls::Mark();
+    QVERIFY(Operator().SelectRow("listModules", 0));
+    QCOMPARE(Calls::CountOf("TavikIdentity"), 18);
+}
+
+void WirelessPanelTest::failureWhileEnablingKeepsOneSlotOff() {
     OpenModule(Usual(), 0);
-    Window().DisableControls();
-    FailNext("TavikIdentity", QStringLiteral("No idea."));
+    auto hold = Window().DisableControls(QStringLiteral("test"));
+    FailNext("TavikIdentity", QStringLiteral("No idea."), "device RLK0000001.1");
     boxes.ExpectError(&Window(), lastResort, QStringLiteral("No idea."));
-    Window().EnableControls();
+    hold.Release();
     QTRY_COMPARE(boxes.Count(), 1);
+    QVERIFY(!FieldEnabled("btnRead", 1));
+    QVERIFY(!FieldEnabled("btnConfig", 1));
+    QVERIFY(FieldEnabled("btnRead", 2));
+    QVERIFY(FieldEnabled("btnConfig", 2));
+    QVERIFY(FieldEnabled("btnRead", 3));
+    QVERIFY(FieldEnabled("tbName", 6));
+    QVERIFY(Operator().IsEnabled("btnApplySettings"));
     QVERIFY(Operator().IsEnabled("listModules"));
 }
 
@@ -238,7 +254,7 @@ void WirelessPanelTest::panelWithoutAModuleDoesNothing() {
         panel.SetEnabled(enable);
         const auto buttons = panel.findChildren<QPushButton*>();
         for (const QPushButton* button : buttons) {
-            QCOMPARE(button->isEnabled(), button->objectName() == QLatin1String("btnApplySettings"));
+            QVERIFY2(!button->isEnabled(), qPrintable(button->objectName()));
         }
         QVERIFY(panel.findChild<QLineEdit*>(QStringLiteral("tbName1"))->isEnabled());
     }
@@ -361,8 +377,8 @@ void WirelessPanelTest::removedModuleIsNotAsked() {
     QVERIFY(Operator().SelectPage("tabNetwork"));
     QVERIFY(Operator().Click("btnClearModules"));
     // As a notify run does it that begins and ends with an empty list.
-    Window().DisableControls();
-    Window().EnableControls();
+    auto hold = Window().DisableControls(QStringLiteral("test"));
+    hold.Release();
     ProcessAllEvents();
     QCOMPARE(CallsOnRemovedModules(), std::uint64_t{0});
     QCOMPARE(boxes.Count(), 0);
