@@ -31,8 +31,6 @@ public:
         const QString text = FromLibrary(error.what());
         const LastResort::ShownByPage shown(text);
         ShowErrorBox(parent, title, prefix + text);
-        // The events that the box handled have forgotten it. The page may be deleted by now.
-        LastResort::MarkAsShown(text);
     }
 
     /// Runs library calls and shows a std::runtime_error; an exception of another type goes to the top-level handler.
