@@ -42,7 +42,7 @@ public:
     Widget* The(const char* name) const {
         auto* widget = qobject_cast<Widget*>(Find(name));
         if (widget == nullptr) {
-            LogFailureOf(name, QStringLiteral("is of another class"));
+            LogFailureOf(name, QStringLiteral("expected another class of control"));
         }
         return widget;
     }

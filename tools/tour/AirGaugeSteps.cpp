@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -124,7 +124,7 @@ void CancelMastering(Tour& tour) {
     WidgetDriver(*Panel(tour)).Click("btnMaster");
 }
 
-/// Whoever cannot finish the mastering gives it up.
+/// Closes a wizard that a failure keeps from being finished.
 void GiveUp(Tour& tour, QDialog& wizard) {
     if (!wizard.isVisible()) {
         return;
@@ -153,7 +153,7 @@ void Master(Tour& tour) {
 } // namespace
 
 void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place gauge{Place::Module, bench.shown, bench.airGauge};
+    const Location gauge{Location::Module, bench.shown, bench.airGauge};
     AddPage(steps, gauge, ButForThePanelsReading(LastResortOnly));
     steps.push_back({QStringLiteral("air-gauge-read"), gauge, Read,
                      [](Tour& tour) { return !tour.Operator().Text("tbReading").isEmpty(); },

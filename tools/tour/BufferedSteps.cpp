@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QComboBox>
 
@@ -99,7 +99,7 @@ void AddBufferedSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.buffered.isEmpty()) {
         return;
     }
-    const Place module{Place::Module, bench.shown, bench.buffered};
+    const Location module{Location::Module, bench.shown, bench.buffered};
     const FailureRule failure = Always(boxTitle, boxPrefix);
     const auto master = [](int row) {
         return [row](Tour& tour) { return OnPage(tour).The<QComboBox>("cbMasterAddress")->currentIndex() == row; };

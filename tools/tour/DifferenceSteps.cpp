@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QDialog>
 
@@ -65,7 +65,7 @@ void ShowResults(Tour& tour) {
     tour.Operator().Click("btnDisplayAllModuleResults");
 }
 
-void AddEnabling(std::vector<TourStep>& steps, const Place& place, const char* button, const QString& enabled) {
+void AddEnabling(std::vector<TourStep>& steps, const Location& place, const char* button, const QString& enabled) {
     TourStep step;
     step.name = QStringLiteral("difference-%1-%2").arg(enabled.toLower(), place.module);
     step.place = place;
@@ -86,9 +86,9 @@ void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.probe.isEmpty()) {
         return;
     }
-    const Place probe{Place::Module, bench.shown, bench.probe};
-    const Place other{Place::Module, bench.shown, bench.visited.value(0)};
-    steps.push_back({QStringLiteral("connected-for-modes"), Place{Place::Server, bench.shown, QString()},
+    const Location probe{Location::Module, bench.shown, bench.probe};
+    const Location other{Location::Module, bench.shown, bench.visited.value(0)};
+    steps.push_back({QStringLiteral("connected-for-modes"), Location{Location::Server, bench.shown, QString()},
                      [](Tour& tour) {
                          tour.Operator().SelectPage("tabServer");
                          tour.Operator().Click("btnConnectAll");

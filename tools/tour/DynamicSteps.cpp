@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -119,7 +119,7 @@ FailureRule UntilStops(int stops) {
     };
 }
 
-TourStep ResultsStep(const QString& name, const Place& place, const char* button, const QString& dialogTitle) {
+TourStep ResultsStep(const QString& name, const Location& place, const char* button, const QString& dialogTitle) {
     const auto act = [=](Tour& tour) {
         GoToPage(tour);
         tour.boxes.ExpectUse(tour.Operator().Find("dynamicWidget"), dialogTitle, [&tour, name](QDialog& dialog) {
@@ -137,7 +137,7 @@ void AddDynamicSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.collected.isEmpty()) {
         return;
     }
-    const Place place{Place::Module, bench.shown, bench.collected};
+    const Location place{Location::Module, bench.shown, bench.collected};
     const FailureRule failure = Always(title, QString());
     AddPage(steps, place, LastResortOnly);
     steps.push_back({QStringLiteral("dynamic-mode"), place, GoToPage,

@@ -30,8 +30,8 @@ void ShowAbout(Tour& tour) {
 } // namespace
 
 void AddMenuSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place anywhere{Place::Nowhere, bench.network, QString()};
-    const Place network{Place::Network, bench.network, QString()};
+    const Location anywhere{Location::Nowhere, bench.network, QString()};
+    const Location network{Location::Network, bench.network, QString()};
     const auto stillThere = [](Tour& tour) { return tour.Window().isVisible(); };
     steps.push_back({QStringLiteral("error-decoded"), anywhere, DecodeError, stillThere, LastResortOnly});
     steps.push_back({QStringLiteral("about-closed"), anywhere, ShowAbout, stillThere, LastResortOnly});

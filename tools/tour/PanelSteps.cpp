@@ -1,8 +1,8 @@
 #include "library/TavikModuleHVX.h"
 #include "library/TavikModuleLaser.h"
 #include "library/TavikModuleQTA.h"
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -20,7 +20,7 @@ using Seen = std::function<bool(WidgetDriver driver)>;
 /// Adds steps on the page of one module.
 class PanelSteps {
 public:
-    PanelSteps(std::vector<TourStep>& steps, const Place& place, const QString& title)
+    PanelSteps(std::vector<TourStep>& steps, const Location& place, const QString& title)
         : steps(steps), place(place), title(title) {}
 
     void Add(const char* name, const Act& act, const Seen& seen) { Add(name, act, seen, Always(title, QString())); }
@@ -77,7 +77,7 @@ public:
 
 private:
     std::vector<TourStep>& steps;
-    const Place place;
+    const Location place;
     const QString title;
 };
 
@@ -170,7 +170,7 @@ void AddRate(PanelSteps panel) {
                  eMeasuringRate_ToString(eMeasuringRate::Rate100Hz));
 }
 
-void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Place& place, const QString& title) {
+void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Location& place, const QString& title) {
     using namespace TavikLibrary;
     panel.AddSet("read-mode-set", "listAvailableReadMode", 2, "btnSetReadMode", "tbCurrentReadMode",
                  eHvxReadMode_ToString(eHvxReadMode::ReadOnSample));
@@ -216,7 +216,7 @@ QString TitleOfOwnFilling(const QString& identity) {
     return IsDigitalIO(kind) ? kind + QStringLiteral(" Module") : QString();
 }
 
-void AddPanelSteps(std::vector<TourStep>& steps, const Place& place) {
+void AddPanelSteps(std::vector<TourStep>& steps, const Location& place) {
     const QString kind = KindOf(place.module);
     const auto titled = [&](const QString& area) { return PanelSteps(steps, place, area + QStringLiteral(" Module")); };
     if (kind == QLatin1String("QTA")) {
