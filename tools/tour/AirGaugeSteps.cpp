@@ -160,7 +160,7 @@ void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      ButForThePanelsReading(Always(QStringLiteral("Reading Error"), QString()))});
     steps.push_back({QStringLiteral("air-gauge-updated"), gauge,
                      [](Tour& tour) { WidgetDriver(*Panel(tour)).Click("btnUpdateModuleInfo"); },
-                     [](Tour& tour) { return Field(tour, "tbStatus") == QLatin1String("Not Mastered"); },
+                     [](Tour& tour) { return Field(tour, "tbPNXStatus") == QLatin1String("Not Mastered"); },
                      Always(panelTitle, QString())});
     steps.push_back({QStringLiteral("air-gauge-configured"), gauge, Configure,
                      [](Tour& tour) { return Field(tour, "tbLimitHigh") == QLatin1String("354.33 mils"); },
@@ -171,6 +171,6 @@ void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     steps.push_back({QStringLiteral("air-gauge-mastering-cancelled"), gauge, CancelMastering,
                      [](Tour& tour) { return Panel(tour)->isVisible(); }, MasteringFailure});
     steps.push_back({QStringLiteral("air-gauge-mastered"), gauge, Master,
-                     [](Tour& tour) { return Field(tour, "tbStatus") == QLatin1String("Mastered"); },
+                     [](Tour& tour) { return Field(tour, "tbPNXStatus") == QLatin1String("Mastered"); },
                      MasteringFailure});
 }
