@@ -5,16 +5,19 @@
 #include <QDate>
 #include <QLocale>
 
-AboutBox::AboutBox(const QString& libraryVersion, QWidget* parent)
-    : QDialog(parent), ui(std::make_unique<Ui::AboutBox>()) {
+AboutBox::AboutBox(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::AboutBox>()) {
     ui->setupUi(this);
+    // The style sheet makes the background white, also in a dark desktop.
+    const QList<QWidget*> children = findChildren<QWidget*>();
+    for (QWidget* child : children) {
+        child->setPalette(QPalette(Qt::white));
+    }
     ui->lblNumberAndVersion->setText(VersionLine(QStringLiteral(__DATE__)));
     ui->lblInformation->setText(
         QStringLiteral("A bench tool for networks of digital gauging modules: it connects them, lists and manages "
                        "their modules, and reads and configures every kind of module.\n\n"
-                       "Gauge library in use: %1\n\n"
-                       "Made with Qt %2, used under the terms of the GNU Lesser General Public License, version 3.")
-            .arg(libraryVersion, QLatin1String(qVersion())));
+                       "Made with Qt %1, used under the terms of the GNU Lesser General Public License, version 3.")
+            .arg(QLatin1String(qVersion())));
 }
 
 AboutBox::~AboutBox() = default;

@@ -8,12 +8,12 @@ namespace Ui {
 class AboutBox;
 }
 
-/// Says what this program is, which version of it, and which gauge library answers it.
+/// Shows what this program is and its version. Its texts are fixed; it calls no library function.
 class AboutBox : public QDialog {
     Q_OBJECT
 
 public:
-    AboutBox(const QString& libraryVersion, QWidget* parent);
+    explicit AboutBox(QWidget* parent);
     ~AboutBox() override;
 
 private slots:

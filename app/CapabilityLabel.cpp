@@ -23,6 +23,10 @@ void CapabilityLabel::ShowCapability(const char* prefixAndTabs, bool capable) {
     setText(QLatin1String(prefixAndTabs) + (capable ? QLatin1String("Yes") : QLatin1String("No")));
 }
 
+void CapabilityLabel::ShowNothing() {
+    setText(Caption(text()));
+}
+
 QSize CapabilityLabel::sizeHint() const {
     const QFontMetrics metrics = fontMetrics();
     const int gap = metrics.averageCharWidth() * 3;

@@ -13,6 +13,8 @@ public:
 
     /// Shows whether something is capable of what the prefix names; tab characters stand at the prefix's end.
     void ShowCapability(const char* prefixAndTabs, bool capable);
+    /// Shows the caption without a value.
+    void ShowNothing();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

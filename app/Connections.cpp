@@ -5,7 +5,7 @@
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
-#include "panels/common/IgnoreErrors.h"
+#include "panels/common/LastResort.h"
 #include "panels/common/Wait.h"
 
 using TavikLibrary::TavikNetwork;
@@ -17,52 +17,84 @@ namespace {
 /// What the buffered controller's Status() answers during a collection.
 constexpr int bufferedRunning = 1;
 
-TavikNetwork* NetworkAt(TavikNetworks* networks, int index) {
-    return networks->Network(static_cast<unsigned int>(index));
+template <class Calls>
+void ForEachNetwork(TavikServer& server, Calls&& calls) {
+    LastResort::Run([&] {
+        TavikNetworks* networks = server.Networks();
+        const int count = networks->Count();
+        for (int index = 0; index < count; ++index) {
+            calls([networks, index] { return networks->Network(static_cast<unsigned int>(index)); });
+        }
+    });
 }
 
 void StopAcquisition(TavikNetwork* network) {
-    if (network->Buffered()->Status() == bufferedRunning) {
-        network->Buffered()->Stop();
-    }
-    network->Difference()->Stop();
+    LastResort::Run([network] {
+        if (network->Buffered()->Status() == bufferedRunning) {
+            network->Buffered()->Stop();
+        }
+    });
+    LastResort::Run([network] { network->Difference()->Stop(); });
+}
+
+/// A network that cannot say whether it is connected may be.
+bool MayBeConnected(TavikNetwork* network) {
+    bool connected = true;
+    LastResort::Run([&] { connected = network->IsConnected(); });
+    return connected;
+}
+
+void StopAllDynamic(TavikServer& server) {
+    LastResort::Run([&server] { server.StopAllDynamic(); });
 }
 
 } // namespace
 
-void DisconnectNetwork(TavikServer& server, TavikNetwork* network) {
-    StopAcquisition(network);
-    server.StopAllDynamic();
-    network->Disconnect();
+bool ToggleConnection(TavikServer& server, TavikNetwork* network) {
+    if (network->IsConnected()) {
+        StopAcquisition(network);
+        StopAllDynamic(server);
+        network->Disconnect();
+        return true;
+    }
+    network->Connect();
+    return network->IsConnected();
 }
 
 void DisconnectAllNetworks(TavikServer& server) {
-    TavikNetworks* networks = server.Networks();
-    for (int index = 0; index < networks->Count(); ++index) {
-        StopAcquisition(NetworkAt(networks, index));
-    }
-    server.StopAllDynamic();
-    networks->DisconnectAll();
+    ForEachNetwork(server, [](auto&& network) {
+        LastResort::Run([&] {
+            TavikNetwork* stopped = network();
+            if (MayBeConnected(stopped)) {
+                StopAcquisition(stopped);
+            }
+        });
+    });
+    StopAllDynamic(server);
+    LastResort::Run([&server] { server.Networks()->DisconnectAll(); });
 }
 
-void ReconnectAllNetworks(TavikServer& server) {
+bool ReconnectAllNetworks(TavikServer& server) {
     DisconnectAllNetworks(server);
-    TavikNetworks* networks = server.Networks();
-    networks->FindNetworks();
-    networks->ConnectAll();
+    LastResort::Run([&server] { server.Networks()->FindNetworks(); });
+    bool allConnected = true;
+    LastResort::Run([&] {
+        TavikNetworks* networks = server.Networks();
+        networks->ConnectAll();
+        for (int index = 0; allConnected && index < networks->Count(); ++index) {
+            allConnected = networks->Network(static_cast<unsigned int>(index))->IsConnected();
+        }
+    });
+    return allConnected;
 }
 
 void ShutDown(TavikServer& server) {
     constexpr unsigned int windDownMicroseconds = 500000;
-    IgnoreErrors([&] {
-        TavikNetworks* networks = server.Networks();
-        const int count = networks->Count();
-        for (int index = 0; index < count; ++index) {
-            IgnoreErrors([&] { NetworkAt(networks, index)->CancelNotifying(); });
-            IgnoreErrors([&] { StopAcquisition(NetworkAt(networks, index)); });
-        }
+    ForEachNetwork(server, [](auto&& network) {
+        LastResort::Run([&] { network()->CancelNotifying(); });
+        LastResort::Run([&] { StopAcquisition(network()); });
     });
-    IgnoreErrors([&] { server.StopAllDynamic(); });
+    StopAllDynamic(server);
     SleepMicroseconds(windDownMicroseconds);
-    IgnoreErrors([&] { server.Networks()->DisconnectAll(); });
+    LastResort::Run([&server] { server.Networks()->DisconnectAll(); });
 }

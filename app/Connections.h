@@ -2,19 +2,23 @@
 
 namespace TavikLibrary {
 class TavikNetwork;
+class TavikNetworks;
 class TavikServer;
 } // namespace TavikLibrary
 
-// Connecting and disconnecting. Before a network is disconnected its acquisition is stopped: a running buffered
-// collection, difference mode, and the dynamic collections, which are the server's. All but ShutDown throw what the
-// library throws.
+// Connecting and disconnecting networks. Before a connected network is disconnected its acquisition is stopped: a
+// running buffered collection, difference mode, and the dynamic collections, which are the server's. Each step is made
+// whether or not an earlier one failed; failures go to the top-level exception handler..
 
-void DisconnectNetwork(TavikLibrary::TavikServer& server, TavikLibrary::TavikNetwork* network);
+/// Disconnects a network that is connected and connects one that is not. Returns false if the library did not throw and
+/// the network is not connected all the same.
+bool ToggleConnection(TavikLibrary::TavikServer& server, TavikLibrary::TavikNetwork* network);
+
 void DisconnectAllNetworks(TavikLibrary::TavikServer& server);
 
-/// Disconnects every network, looks for networks and connects them.
-void ReconnectAllNetworks(TavikLibrary::TavikServer& server);
+/// Disconnects every network, looks for networks and connects them. Returns false if the library did not throw and a
+/// network is not connected all the same.
+bool ReconnectAllNetworks(TavikLibrary::TavikServer& server);
 
-/// Cancels, stops and disconnects everything, as the program ends. A step that fails does not keep the later
-/// ones from being made; nobody is left to be told of it. Takes half a second, so that runs wind down.
+/// Cancels, stops and disconnects everything, as the program ends. Takes half a second, so that runs wind down.
 void ShutDown(TavikLibrary::TavikServer& server);

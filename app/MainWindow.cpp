@@ -4,20 +4,19 @@
 #include "app/Connections.h"
 #include "app/ErrorDecoder.h"
 #include "app/ModulePages.h"
-#include "app/NetworkCapabilities.h"
 #include "app/NetworkFiles.h"
+#include "app/NetworkPage.h"
 #include "app/NetworksTable.h"
 #include "app/NotifyRun.h"
 #include "library/TavikModule.h"
 #include "library/TavikModuleRN.h"
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
+#include "panels/common/BlockingOperation.h"
 #include "panels/common/Fields.h"
-#include "panels/common/IgnoreErrors.h"
 #include "panels/common/LastResort.h"
 #include "panels/common/MessageBoxes.h"
 #include "panels/common/Run.h"
-#include "panels/common/WaitCursor.h"
 #include "ui_MainWindow.h"
 
 #include <QCloseEvent>
@@ -29,6 +28,7 @@
 #include <initializer_list>
 
 using TavikLibrary::TavikModule;
+using TavikLibrary::TavikModuleRN;
 using TavikLibrary::TavikNetwork;
 
 namespace {
@@ -38,7 +38,7 @@ const QLatin1String errorTitle("Error!");
 const QLatin1String errorPrefix("Error: ");
 
 /// Pages before the ones of the selected network.
-constexpr int serverPages = 1;
+constexpr int serverPages = PageTabs::networkPage;
 
 /// In the order of their tabs.
 std::vector<ModulePages::Page> PagesOf(const Ui::MainWindow& ui) {
@@ -47,9 +47,7 @@ std::vector<ModulePages::Page> PagesOf(const Ui::MainWindow& ui) {
         {ui.tabBuffered, ui.bufferedModeWidget, QStringLiteral("Buffered Mode"),
          [](TavikNetwork&, TavikModule& module) { return module.BufferedCapable(); }},
         {ui.tabRefMark, ui.refMarkWidget, QStringLiteral("Ref Mark Mode"),
-         [](TavikNetwork&, TavikModule& module) {
-             return dynamic_cast<TavikLibrary::TavikModuleRN*>(&module) != nullptr;
-         }},
+         [](TavikNetwork&, TavikModule& module) { return dynamic_cast<TavikModuleRN*>(&module) != nullptr; }},
         {ui.tabDifference, ui.differenceModeWidget, QStringLiteral("Difference Mode"),
          [](TavikNetwork&, TavikModule& module) { return module.DifferenceCapable(); }},
         {ui.tabDynamic, ui.dynamicWidget, QStringLiteral("Dynamic Mode"),
@@ -70,9 +68,22 @@ MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_uniqu
         area->widget()->setAutoFillBackground(false);
     }
     modulePages = std::make_unique<ModulePages>(ui->tabWidget, PagesOf(*ui), *this, server);
+    networkPage = std::make_unique<NetworkPage>(*this, *ui);
     ui->tableNetworks->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    LastResort::Run([this] { ShowLibrary(); });
+    // After a set-up that failed, the operator can choose the row that is selected already.
+    connect(ui->tableNetworks, &ChoiceTable::chosenAgain, this, [this] {
+        if (ui->tabWidget->indexOf(ui->tabNetwork) < 0 || !networkPage->IsFilled()) {
+            on_tableNetworks_itemSelectionChanged();
+        }
+    });
+    connect(ui->listModules, &ChoiceList::chosenAgain, this, [this] {
+        if (!modulePages->AreComplete()) {
+            on_listModules_currentRowChanged(ui->listModules->currentRow());
+        }
+    });
+    ShowLibrary();
     modulePages->RemoveFrom(serverPages);
+    ui->btnConnectAll->setFocus();
 }
 
 MainWindow::~MainWindow() {
@@ -96,101 +107,88 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 // The library and its networks
 
 void MainWindow::ShowLibrary() {
-    ShowInField(ui->editPartNumber, FromLibrary(server.LibraryPartNumber()));
-    ShowInField(ui->editVersion, FromLibrary(server.LibraryVersion()));
-    ShowInField(ui->editBuildDate, FromLibrary(server.LibraryBuildDate()));
-    server.Networks()->FindNetworks();
+    LastResort::Run([this] { ShowInField(ui->editPartNumber, FromLibrary(server.LibraryPartNumber())); });
+    LastResort::Run([this] { ShowInField(ui->editVersion, FromLibrary(server.LibraryVersion())); });
+    LastResort::Run([this] { ShowInField(ui->editBuildDate, FromLibrary(server.LibraryBuildDate())); });
+    LastResort::Run([this] { server.Networks()->FindNetworks(); });
     FillNetworksTable();
 }
 
 void MainWindow::FillNetworksTable() {
     ClearNetworkRows(ui->tableNetworks);
-    auto* networks = server.Networks();
-    for (int row = 0; row < networks->Count(); ++row) {
-        const QPushButton* button = AppendNetworkRow(ui->tableNetworks, NetworkOfRow(networks, row));
-        connect(button, &QPushButton::clicked, this, &MainWindow::tableNetConnectionButton_clicked);
+    const auto fill = [this] {
+        auto* networks = server.Networks();
+        for (int row = 0; row < networks->Count(); ++row) {
+            const QPushButton* button = AppendNetworkRow(ui->tableNetworks, NetworkOfRow(networks, row));
+            connect(button, &QPushButton::clicked, this, &MainWindow::tableNetConnectionButton_clicked);
+        }
+    };
+    if (!IsClosing() && !LastResort::Run(fill)) {
+        ClearNetworkRows(ui->tableNetworks);
     }
 }
 
 void MainWindow::on_btnConnectAll_clicked() {
-    LastResort::Run([this] {
-        const WaitCursor waitCursor;
-        auto showWhatBecame = qScopeGuard([this] { IgnoreErrors([this] { FillNetworksTable(); }); });
-        ReconnectAllNetworks(server);
-        if (!AllConnected(server.Networks())) {
-            ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to all network(s)."));
-        }
-        FillNetworksTable();
-        showWhatBecame.dismiss();
-        if (ui->tableNetworks->rowCount() > 0) {
-            ui->tableNetworks->selectRow(0);
-        }
-    });
+    const BlockingOperation blocking(this, QStringLiteral("Finding and connecting networks..."));
+    if (!ReconnectAllNetworks(server)) {
+        ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to all network(s)."));
+    }
+    FillNetworksTable();
+    if (ui->tableNetworks->rowCount() > 0) {
+        ui->tableNetworks->selectRow(0);
+    }
 }
 
 void MainWindow::on_btnDisconnectAll_clicked() {
-    LastResort::Run([this] {
-        auto showWhatBecame = qScopeGuard([this] { IgnoreErrors([this] { FillNetworksTable(); }); });
-        DisconnectAllNetworks(server);
-        FillNetworksTable();
-        showWhatBecame.dismiss();
-        ShowSelectedNetwork();
-    });
+    const BlockingOperation blocking(this, QStringLiteral("Disconnecting all networks..."));
+    DisconnectAllNetworks(server);
+    FillNetworksTable();
+    on_tableNetworks_itemSelectionChanged();
 }
 
 void MainWindow::tableNetConnectionButton_clicked() {
-    LastResort::Run([this] {
-        const WaitCursor waitCursor;
-        const int row = RowOfButton(qobject_cast<QPushButton*>(sender()));
-        TavikNetwork* rowNetwork = NetworkOfRow(server.Networks(), row);
-        auto showWhatBecame =
-            qScopeGuard([&] { IgnoreErrors([&] { RefreshNetworkRow(ui->tableNetworks, row, rowNetwork); }); });
-        ToggleConnection(rowNetwork);
-        RefreshNetworkRow(ui->tableNetworks, row, rowNetwork);
-        showWhatBecame.dismiss();
-        {
-            const QSignalBlocker handledBelow(ui->tableNetworks);
-            ui->tableNetworks->selectRow(row);
+    const auto* button = qobject_cast<QPushButton*>(sender());
+    const int row = RowOfButton(button);
+    const BlockingOperation blocking(this, button->accessibleName() + QStringLiteral("..."));
+    TavikNetwork* rowNetwork = nullptr;
+    LastResort::Run([&] {
+        rowNetwork = NetworkOfRow(server.Networks(), row);
+        if (!ToggleConnection(server, rowNetwork)) {
+            ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to network"));
         }
-        ShowSelectedNetwork();
     });
-}
-
-void MainWindow::ToggleConnection(TavikNetwork* rowNetwork) {
-    if (rowNetwork->IsConnected()) {
-        DisconnectNetwork(server, rowNetwork);
-        return;
+    // Whatever was thrown, the network may have been connected or disconnected.
+    const auto refresh = [&] { RefreshNetworkRow(ui->tableNetworks, row, rowNetwork); };
+    if (!IsClosing() && (rowNetwork == nullptr || !LastResort::Run(refresh))) {
+        FillNetworksTable();
     }
-    rowNetwork->Connect();
-    if (!rowNetwork->IsConnected()) {
-        ShowErrorBox(this, connectTitle, QStringLiteral("Failed to connect to network"));
+    {
+        const QSignalBlocker handledBelow(ui->tableNetworks);
+        ui->tableNetworks->selectRow(row);
     }
+    on_tableNetworks_itemSelectionChanged();
 }
 
 void MainWindow::on_tableNetworks_itemSelectionChanged() {
-    LastResort::Run([this] { ShowSelectedNetwork(); });
-}
-
-void MainWindow::ShowSelectedNetwork() {
+    if (IsClosing()) {
+        return;
+    }
+    const BlockingOperation blocking(this);
+    auto nothingToShow = qScopeGuard([this] { modulePages->RemoveFrom(serverPages); });
     const QModelIndexList rows = ui->tableNetworks->selectionModel()->selectedRows();
     if (rows.isEmpty()) {
         network = nullptr;
-        modulePages->RemoveFrom(serverPages);
         return;
     }
-    TavikNetwork* selected = NetworkOfRow(server.Networks(), rows.first().row());
-    if (!selected->IsConnected()) {
-        modulePages->RemoveFrom(serverPages);
-        return;
-    }
-    const QString caption = FromLibrary(selected->Description());
-    if (ui->tabWidget->count() == serverPages) {
-        ui->tabWidget->addTab(ui->tabNetwork, caption);
-    } else {
-        ui->tabWidget->setTabText(serverPages, caption);
-    }
-    network = selected;
-    RefreshNetworkPage();
+    LastResort::Run([&] {
+        TavikNetwork* selected = NetworkOfRow(server.Networks(), rows.first().row());
+        if (selected->IsConnected()) {
+            ui->tabWidget->ShowPage(ui->tabNetwork, FromLibrary(selected->Description()));
+            nothingToShow.dismiss();
+            network = selected;
+            RefreshNetworkPage();
+        }
+    });
 }
 
 // The selected network's page
@@ -199,68 +197,72 @@ void MainWindow::RefreshNetworkPage() {
     if (!HasNetwork()) {
         return;
     }
-    const WaitCursor waitCursor;
-    ShowCapabilities(*ui->tabNetwork, *network);
-    ShowSpeeds();
-    ListModules();
-}
-
-void MainWindow::ShowSpeeds() {
-    ui->editCurrentSpeed->setText(FromLibrary(TavikLibrary::eNetSpeed_ToString(network->NetSpeed())));
-    ui->listAvailableSpeeds->clear();
-    for (const TavikLibrary::eNetSpeed speed : network->AvailableSpeeds()) {
-        ui->listAvailableSpeeds->addItem(FromLibrary(TavikLibrary::eNetSpeed_ToString(speed)));
-    }
-}
-
-void MainWindow::ListModules() {
-    const int row = ui->listModules->currentRow();
-    ui->listModules->clear();
-    for (int index = 0; index < network->ModuleCount(); ++index) {
-        ui->listModules->addItem(FromLibrary(network->GetModule(static_cast<unsigned int>(index))->Identity()));
-    }
-    if (row < ui->listModules->count()) {
-        ui->listModules->setCurrentRow(row);
+    const BlockingOperation blocking(this);
+    QWidget* page = ui->tabWidget->currentWidget();
+    networkPage->Fill(*network);
+    // The module's pages were removed and added.
+    if (ui->tabWidget->indexOf(page) >= 0) {
+        ui->tabWidget->setCurrentWidget(page);
     }
 }
 
 void MainWindow::on_listModules_currentRowChanged(int currentRow) {
-    if (currentRow >= 0) {
-        // A list that gets the focus makes its first row current without showing it as chosen, but the buttons beside
-        // the list act on it.
-        ui->listModules->item(currentRow)->setSelected(true);
-    }
-    LastResort::Run([this, currentRow] { modulePages->Show(network, currentRow); });
+    LastResort::Run([this, currentRow] {
+        if (!modulePages->Show(network, currentRow)) {
+            // The list has become shorter. It is read when the press that has chosen the row is over.
+            QMetaObject::invokeMethod(
+                this, [this] { LastResort::Run([this] { RefreshNetworkPage(); }); }, Qt::QueuedConnection);
+        }
+    });
 }
 
 // Changing the module list
 
-/// A button's key clicks it a moment later, when the network's page may be gone or the window closed.
 bool MainWindow::HasNetwork() const {
     return network != nullptr && ui->tabWidget->indexOf(ui->tabNetwork) >= 0 && !IsClosing();
 }
 
+bool MainWindow::MayAct() const {
+    return HasNetwork() && !ControlsAreHeld();
+}
+
 template <class Calls>
-void MainWindow::ChangeModules(const QString& title, Calls&& calls) {
-    if (HasNetwork()) {
-        // What a page does with a module that is removed by the calls ends while the module exists.
-        modulePages->Forget();
-        ErrorBox(this, title, errorPrefix).Try(calls);
-        LastResort::Run([this] { RefreshNetworkPage(); });
+void MainWindow::CallAndRefresh(const QString& title, const QString& activity, const QString& outcome, Calls&& calls) {
+    if (!MayAct()) {
+        return;
     }
+    const BlockingOperation blocking(this, activity);
+    // Modules that leave the list are destroyed.
+    modulePages->Forget();
+    if (ErrorBox(this, title, errorPrefix).Try(calls)) {
+        ShowOutcome(outcome);
+    }
+    LastResort::Run([this] { RefreshNetworkPage(); });
+}
+
+template <class Calls>
+void MainWindow::CallAndRefreshIfDone(const QString& activity, const QString& outcome, Calls&& calls) {
+    if (!MayAct()) {
+        return;
+    }
+    const BlockingOperation blocking(this, activity);
+    ErrorBox(this, errorTitle).Try([&] {
+        calls();
+        ShowOutcome(outcome);
+        RefreshNetworkPage();
+    });
 }
 
 void MainWindow::on_btnNotify_clicked() {
-    if (notifyRunning || !HasNetwork()) {
+    if (!MayAct()) {
         return;
     }
-    notifyRunning = true;
-    const auto over = qScopeGuard([this] { notifyRunning = false; });
     Run run(*this, QStringLiteral("notify"), ui->btnStopNotify);
-    LastResort::Run([&] {
-        RunNotify(run, network);
-        RefreshNetworkPage();
-    });
+    const bool ended = LastResort::Run([&] { RunNotify(run, network); });
+    if (LastResort::Run([this] { RefreshNetworkPage(); }) && ended) {
+        run.activity.SetOutcome(QStringLiteral("Notify: %1 s, modules in the list: ") +
+                                QString::number(ui->listModules->count()));
+    }
 }
 
 void MainWindow::on_btnStopNotify_clicked() {
@@ -270,33 +272,36 @@ void MainWindow::on_btnStopNotify_clicked() {
 }
 
 void MainWindow::on_btnAddModule_clicked() {
-    if (!HasNetwork()) {
-        return;
+    bool accepted = MayAct();
+    const QString identity = accepted ? QInputDialog::getText(this, QStringLiteral("Add module by ID"),
+                                                              QStringLiteral("Enter the module tavik identity."),
+                                                              QLineEdit::Normal, QString(), &accepted)
+                                            .toUpper()
+                                      : QString();
+    if (accepted) {
+        CallAndRefresh(QStringLiteral("Add Module"), QStringLiteral("Adding a module..."),
+                       QStringLiteral("Added: ") + identity,
+                       [&] { network->AddModule(ToLibrary(identity), std::string()); });
     }
-    bool accepted = false;
-    const QString identity = QInputDialog::getText(this, QStringLiteral("Add module by ID"),
-                                                   QStringLiteral("Enter the module tavik identity."),
-                                                   QLineEdit::Normal, QString(), &accepted);
-    if (!accepted) {
-        return;
-    }
-    ChangeModules(QStringLiteral("Add Module"),
-                  [&] { network->AddModule(ToLibrary(identity.toUpper()), std::string()); });
 }
 
 void MainWindow::on_btnDeleteModule_clicked() {
-    const int row = ui->listModules->currentRow();
-    if (row >= 0) {
-        ChangeModules(QStringLiteral("Delete Module"), [&] { network->DeleteModule(row); });
+    const QListWidgetItem* item = ui->listModules->currentItem();
+    if (item != nullptr) {
+        const int row = ui->listModules->currentRow();
+        CallAndRefresh(QStringLiteral("Delete Module"), QStringLiteral("Deleting the module..."),
+                       QStringLiteral("Deleted: ") + item->text(), [&] { network->DeleteModule(row); });
     }
 }
 
 void MainWindow::on_btnClearModules_clicked() {
-    ChangeModules(QStringLiteral("Clear Modules"), [this] { network->ClearModules(); });
+    CallAndRefresh(QStringLiteral("Clear Modules"), QStringLiteral("Clearing the list of modules..."),
+                   QStringLiteral("List of modules cleared"), [this] { network->ClearModules(); });
 }
 
 void MainWindow::on_btnClearTcons_clicked() {
-    ChangeModules(QStringLiteral("Clear TCons"), [this] { network->ClearTCons(); });
+    CallAndRefresh(QStringLiteral("Clear TCons"), QStringLiteral("Clearing the TCons..."),
+                   QStringLiteral("TCons cleared"), [this] { network->ClearTCons(); });
 }
 
 void MainWindow::on_btnMoveUp_clicked() {
@@ -310,76 +315,71 @@ void MainWindow::on_btnMoveDown_clicked() {
 void MainWindow::MoveSelectedModule(int step) {
     const int row = ui->listModules->currentRow();
     const int otherRow = row + step;
-    if (!HasNetwork() || row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
+    if (!MayAct() || row < 0 || otherRow < 0 || otherRow >= ui->listModules->count()) {
         return;
     }
+    const BlockingOperation blocking(this, QStringLiteral("Moving the module..."));
+    bool moved = false;
     LastResort::Run([&] {
-        network->GetModule(static_cast<unsigned int>(row))->SetPosition(otherRow);
-        network->GetModule(static_cast<unsigned int>(otherRow))->SetPosition(row);
-        network->ApplyRemap();
-        RefreshNetworkPage();
-        ui->listModules->setCurrentRow(otherRow);
+        // The list may have become shorter than it is shown.
+        if (qMax(row, otherRow) < network->ModuleCount()) {
+            network->GetModule(static_cast<unsigned int>(row))->SetPosition(otherRow);
+            network->GetModule(static_cast<unsigned int>(otherRow))->SetPosition(row);
+            network->ApplyRemap();
+            moved = true;
+        }
     });
+    LastResort::Run([this] { RefreshNetworkPage(); });
+    ui->listModules->setCurrentRow(moved ? otherRow : ui->listModules->currentRow());
 }
 
 void MainWindow::on_btnHotswap_clicked() {
-    if (!HasNetwork()) {
-        return;
-    }
-    const WaitCursor waitCursor;
-    ErrorBox(this, errorTitle).Try([this] {
-        network->FindHotswapped();
-        modulePages->Forget();
-        RefreshNetworkPage();
-    });
+    CallAndRefreshIfDone(QStringLiteral("Finding hot-swapped modules..."), QStringLiteral("Find Hot Swapped: done"),
+                         [this] { network->FindHotswapped(); });
 }
 
 void MainWindow::on_btnPing_clicked() {
-    if (!HasNetwork()) {
-        return;
-    }
-    const WaitCursor waitCursor;
-    ErrorBox(this, errorTitle).Try([this] {
-        network->Ping();
-        RefreshNetworkPage();
-    });
+    CallAndRefreshIfDone(QStringLiteral("Pinging the modules..."), QStringLiteral("Ping: done"),
+                         [this] { network->Ping(); });
 }
 
 void MainWindow::on_btnSetSpeed_clicked() {
-    if (!HasNetwork()) {
+    const QList<QListWidgetItem*> selected = ui->listAvailableSpeeds->selectedItems();
+    if (!MayAct()) {
         return;
     }
-    const QList<QListWidgetItem*> selected = ui->listAvailableSpeeds->selectedItems();
     if (selected.isEmpty()) {
         ShowErrorBox(this, errorTitle, QStringLiteral("A speed to set has not been selected."));
         return;
     }
-    ErrorBox(this, errorTitle).Try([&] {
-        network->setNetSpeed(TavikLibrary::eNetSpeed_FromString(ToLibrary(selected.first()->text())));
-        RefreshNetworkPage();
-    });
+    const QString text = selected.first()->text();
+    CallAndRefreshIfDone(QStringLiteral("Setting the speed..."), QStringLiteral("Speed set: ") + text,
+                         [&] { network->setNetSpeed(TavikLibrary::eNetSpeed_FromString(ToLibrary(text))); });
 }
 
 void MainWindow::on_btnLoadXML_clicked() {
-    if (HasNetwork() && LoadNetwork(this, network)) {
-        modulePages->Forget();
-        LastResort::Run([this] { RefreshNetworkPage(); });
+    const QString name = MayAct() ? AskFileToLoad(this) : QString();
+    if (!name.isEmpty()) {
+        CallAndRefresh(QStringLiteral("Error Loading File"), QStringLiteral("Loading the file..."),
+                       QStringLiteral("Loaded: ") + name, [&] { network->Load(ToLibrary(name)); });
     }
 }
 
 void MainWindow::on_btnSaveXML_clicked() {
-    if (HasNetwork() && SaveNetwork(this, network)) {
-        LastResort::Run([this] { RefreshNetworkPage(); });
+    const QString name = MayAct() ? AskFileToSave(this) : QString();
+    if (!name.isEmpty()) {
+        CallAndRefresh(QStringLiteral("Error Saving File"), QStringLiteral("Saving the file..."),
+                       QStringLiteral("Saved: ") + name, [&] { network->Save(ToLibrary(name)); });
     }
 }
 
 void MainWindow::SetControlsEnabled(bool enable) {
     for (QWidget* widget : std::initializer_list<QWidget*>{
-             ui->btnConnectAll, ui->btnDisconnectAll, ui->tableNetworks, ui->listModules, ui->btnMoveUp,
-             ui->btnMoveDown, ui->btnHotswap, ui->btnPing, ui->btnNotify, ui->btnAddModule, ui->btnDeleteModule,
-             ui->btnClearModules, ui->btnClearTcons, ui->btnLoadXML, ui->btnSaveXML, ui->btnSetSpeed}) {
+             ui->btnConnectAll, ui->btnDisconnectAll, ui->tableNetworks, ui->listModules, ui->btnHotswap, ui->btnPing,
+             ui->btnNotify, ui->btnAddModule, ui->btnClearModules, ui->btnClearTcons, ui->btnLoadXML, ui->btnSaveXML}) {
         widget->setEnabled(enable);
     }
+    networkPage->EnableCommands();
     SetRowButtonsEnabled(ui->tableNetworks, enable);
     // A module that was selected when the controls were disabled may have left the list since.
     if (enable || ui->listModules->currentRow() >= 0) {
@@ -396,5 +396,5 @@ void MainWindow::on_action_Decode_Error_triggered() {
 }
 
 void MainWindow::on_action_About_triggered() {
-    LastResort::Run([this] { AboutBox(FromLibrary(server.LibraryVersion()), this).exec(); });
+    AboutBox(this).exec();
 }

@@ -6,6 +6,7 @@
 #include <memory>
 
 class ModulePages;
+class NetworkPage;
 
 namespace TavikLibrary {
 class TavikNetwork;
@@ -62,22 +63,24 @@ private:
     void ShowLibrary();
 
     void FillNetworksTable();
-    void ToggleConnection(TavikLibrary::TavikNetwork* network);
-    void ShowSelectedNetwork();
 
+    /// Refreshes the network's page. Propagates library exceptions; the page is empty then.
     void RefreshNetworkPage();
-    void ShowSpeeds();
-    void ListModules();
 
     bool HasNetwork() const;
+    bool MayAct() const;
+    /// For calls that may change the network although they fail: the page is refreshed in any case. The title stands
+    /// over the box of a failure; the outcome is shown when the calls came to their end.
     template <class Calls>
-    void ChangeModules(const QString& title, Calls&& calls);
+    void CallAndRefresh(const QString& title, const QString& activity, const QString& outcome, Calls&& calls);
+    template <class Calls>
+    void CallAndRefreshIfDone(const QString& activity, const QString& outcome, Calls&& calls);
     void MoveSelectedModule(int step);
 
     TavikLibrary::TavikServer server;
     std::unique_ptr<Ui::MainWindow> ui;
     std::unique_ptr<ModulePages> modulePages;
+    std::unique_ptr<NetworkPage> networkPage;
     /// Borrowed; null until a connected network is selected.
     TavikLibrary::TavikNetwork* network = nullptr;
-    bool notifyRunning = false;
 };

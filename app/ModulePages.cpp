@@ -1,5 +1,6 @@
 #include "app/ModulePages.h"
 
+#include "app/PageTabs.h"
 #include "library/TavikModule.h"
 #include "library/TavikNetwork.h"
 #include "panels/common/BlockingOperation.h"
@@ -8,8 +9,8 @@
 #include "panels/common/Text.h"
 
 #include <QTabBar>
-#include <QTabWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -19,27 +20,35 @@ constexpr int networkPages = 2;
 
 } // namespace
 
-ModulePages::ModulePages(QTabWidget* tabWidget, std::vector<Page> modulePages, HostWindow& mainWindow,
+ModulePages::ModulePages(PageTabs* tabWidget, std::vector<Page> modulePages, HostWindow& mainWindow,
                          TavikLibrary::TavikServer& mainServer)
     : pages(std::move(modulePages)), tabs(tabWidget), window(mainWindow), server(mainServer) {}
 
-void ModulePages::Show(TavikLibrary::TavikNetwork* network, int row) {
+bool ModulePages::Show(TavikLibrary::TavikNetwork* network, int row) {
     const BlockingOperation blocking(&window);
     RemoveFrom(networkPages);
-    if (row < 0) {
-        return;
+    if (row < 0 || row >= network->ModuleCount()) {
+        return row < 0;
     }
     TavikLibrary::TavikModule* module = network->GetModule(static_cast<unsigned int>(row));
     const QString identity = FromLibrary(module->Identity());
+    complete = true;
     for (const Page& page : pages) {
-        LastResort::Run([&] {
+        complete &= LastResort::Run([&] {
             if (page.isOffered(*network, *module)) {
-                tabs->addTab(page.tab,
-                             page.caption.contains(QLatin1String("%1")) ? page.caption.arg(identity) : page.caption);
+                const bool names = page.caption.contains(QLatin1String("%1"));
+                tabs->ShowPage(page.tab, names ? page.caption.arg(identity) : page.caption);
                 page.page->setNetwork(&window, &server, network, module);
             }
         });
     }
+    return true;
+}
+
+bool ModulePages::AreComplete() const {
+    return complete && std::all_of(pages.begin(), pages.end(), [this](const Page& page) {
+               return tabs->indexOf(page.tab) < 0 || page.page->IsFilled();
+           });
 }
 
 void ModulePages::Forget() {
@@ -47,6 +56,7 @@ void ModulePages::Forget() {
 }
 
 void ModulePages::RemoveFrom(int index) {
+    complete = false;
     // A page that is taken away loses the focus, which ends editing in it; that must not reach a library object that
     // is destroyed.
     for (const Page& page : pages) {

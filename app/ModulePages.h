@@ -7,7 +7,7 @@
 
 class HostWindow;
 class ModePage;
-class QTabWidget;
+class PageTabs;
 class QWidget;
 
 namespace TavikLibrary {
@@ -29,12 +29,16 @@ public:
         std::function<bool(TavikLibrary::TavikNetwork& network, TavikLibrary::TavikModule& module)> isOffered;
     };
 
-    ModulePages(QTabWidget* tabs, std::vector<Page> pages, HostWindow& window, TavikLibrary::TavikServer& server);
+    ModulePages(PageTabs* tabs, std::vector<Page> pages, HostWindow& window, TavikLibrary::TavikServer& server);
 
     /// Builds the pages for the module in a row of the network's list; for a negative row there are none. A page whose
-    /// set-up fails is empty, and the failure is reported; the other pages are set up all the same. Propagates what
-    /// the library throws when it is asked for the module or its identity.
-    void Show(TavikLibrary::TavikNetwork* network, int row);
+    /// set-up fails is empty, and the failure is reported; the other pages are set up all the same. Returns false if
+    /// the network has no such row any more. Propagates what the library throws when it is asked for the module or its
+    /// identity.
+    bool Show(TavikLibrary::TavikNetwork* network, int row);
+
+    /// Whether the module shown last has all its pages, and each is filled.
+    bool AreComplete() const;
 
     /// Takes away the module's pages. A module that leaves the list is destroyed; its pages must not stay, should
     /// showing the list as it is now fail.
@@ -51,7 +55,8 @@ public:
 
 private:
     const std::vector<Page> pages;
-    QTabWidget* tabs;
+    PageTabs* tabs;
     HostWindow& window;
     TavikLibrary::TavikServer& server;
+    bool complete = false;
 };

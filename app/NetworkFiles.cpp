@@ -1,36 +1,32 @@
 #include "app/NetworkFiles.h"
 
-#include "library/TavikNetwork.h"
 #include "panels/common/MessageBoxes.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace {
 
 const QLatin1String filter("Tavik XML files (*.xml)");
 const QLatin1String suffix(".xml");
-const QLatin1String errorPrefix("Error: ");
 
 } // namespace
 
-bool LoadNetwork(QWidget* parent, TavikLibrary::TavikNetwork* network) {
-    const QString name = QFileDialog::getOpenFileName(parent, QStringLiteral("Open Tavik XML"), QString(), filter);
-    if (name.isEmpty()) {
-        return false;
-    }
-    ErrorBox(parent, QStringLiteral("Error Loading File"), errorPrefix).Try([&] { network->Load(ToLibrary(name)); });
-    return true;
+QString AskFileToLoad(QWidget* parent) {
+    return QFileDialog::getOpenFileName(parent, QStringLiteral("Open Tavik XML"), QString(), filter);
 }
 
-bool SaveNetwork(QWidget* parent, TavikLibrary::TavikNetwork* network) {
-    QString name = QFileDialog::getSaveFileName(parent, QStringLiteral("Save Tavik XML"), QString(), filter);
-    if (name.isEmpty()) {
-        return false;
-    }
-    // Compared with its case on purpose: net.XML is saved as net.XML.xml.
-    if (!name.endsWith(suffix, Qt::CaseSensitive)) {
+QString AskFileToSave(QWidget* parent) {
+    const QString title = QStringLiteral("Save Tavik XML");
+    // The file box would ask about the name before the suffix is appended.
+    QString name =
+        QFileDialog::getSaveFileName(parent, title, QString(), filter, nullptr, QFileDialog::DontConfirmOverwrite);
+    // Deliberate: compared with its case, so that net.XML is saved as net.XML.xml.
+    if (!name.isEmpty() && !name.endsWith(suffix, Qt::CaseSensitive)) {
         name += suffix;
     }
-    ErrorBox(parent, QStringLiteral("Error Saving File"), errorPrefix).Try([&] { network->Save(ToLibrary(name)); });
-    return true;
+    const bool exists = !name.isEmpty() && QFileInfo::exists(name);
+    const QString question = QStringLiteral("%1 already exists.\nDo you want to replace it?");
+    return exists && !AskYesOrNo(parent, title, question.arg(QDir::toNativeSeparators(name))) ? QString() : name;
 }

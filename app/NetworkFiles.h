@@ -1,13 +1,14 @@
 #pragma once
 
+#include <QString>
+
 class QWidget;
 
-namespace TavikLibrary {
-class TavikNetwork;
-}
+// The files that describe networks, which the library reads and writes.
 
-// Network descriptions in files, which the library reads and writes. Both ask the operator for the file, show a box
-// when the library fails, and return whether a file was chosen at all.
+/// Asks for the file to load. Empty if the operator cancels.
+QString AskFileToLoad(QWidget* parent);
 
-bool LoadNetwork(QWidget* parent, TavikLibrary::TavikNetwork* network);
-bool SaveNetwork(QWidget* parent, TavikLibrary::TavikNetwork* network);
+/// Asks for the file to save, whose name ends in ".xml", and whether an existing one is written over. Empty if the
+/// operator cancels or declines.
+QString AskFileToSave(QWidget* parent);

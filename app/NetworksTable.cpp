@@ -2,10 +2,10 @@
 
 #include "library/TavikNetwork.h"
 #include "library/TavikNetworks.h"
+#include "panels/common/Inputs.h"
 #include "panels/common/Text.h"
 
 #include <QPushButton>
-#include <QTableWidget>
 
 namespace {
 
@@ -17,7 +17,7 @@ QString StateText(bool connected) {
     return connected ? QStringLiteral("Connected") : QStringLiteral("Disconnected");
 }
 
-void CaptionButton(QPushButton* button, bool connected, const QString& networkName) {
+void CaptionButton(QAbstractButton* button, bool connected, const QString& networkName) {
     const QString caption = connected ? QStringLiteral("Disconnect") : QStringLiteral("Connect");
     button->setText(caption);
     button->setAccessibleName(caption + QLatin1Char(' ') + networkName);
@@ -29,17 +29,13 @@ void SetDescription(QTableWidgetItem* item, const QString& description) {
     item->setToolTip(PlainToolTip(description));
 }
 
-QPushButton* ButtonOfRow(const QTableWidget* table, int row) {
-    return static_cast<QPushButton*>(table->cellWidget(row, ButtonColumn));
-}
-
 } // namespace
 
 TavikLibrary::TavikNetwork* NetworkOfRow(TavikLibrary::TavikNetworks* networks, int row) {
     return networks->Network(static_cast<unsigned int>(row));
 }
 
-void ClearNetworkRows(QTableWidget* table) {
+void ClearNetworkRows(ChoiceTable* table) {
     for (int row = 0; row < table->rowCount(); ++row) {
         // A table whose rows are taken off with the buttons in them remembers where each button was.
         table->removeCellWidget(row, ButtonColumn);
@@ -47,7 +43,7 @@ void ClearNetworkRows(QTableWidget* table) {
     table->setRowCount(0);
 }
 
-QPushButton* AppendNetworkRow(QTableWidget* table, TavikLibrary::TavikNetwork* network) {
+QPushButton* AppendNetworkRow(ChoiceTable* table, TavikLibrary::TavikNetwork* network) {
     const QString name = FromLibrary(network->NetworkName());
     const QString id = FromLibrary(network->ControllerID());
     const QString description = FromLibrary(network->Description());
@@ -66,30 +62,21 @@ QPushButton* AppendNetworkRow(QTableWidget* table, TavikLibrary::TavikNetwork* n
     auto* button = new QPushButton(table);
     button->setProperty(rowProperty, row);
     CaptionButton(button, connected, name);
-    table->setCellWidget(row, ButtonColumn, button);
+    table->SetRowButton(row, button);
     return button;
 }
 
-void RefreshNetworkRow(QTableWidget* table, int row, TavikLibrary::TavikNetwork* network) {
+void RefreshNetworkRow(ChoiceTable* table, int row, TavikLibrary::TavikNetwork* network) {
     const bool connected = network->IsConnected();
     table->item(row, StateColumn)->setText(StateText(connected));
-    CaptionButton(ButtonOfRow(table, row), connected, table->item(row, NameColumn)->text());
+    CaptionButton(table->RowButton(row), connected, table->item(row, NameColumn)->text());
     table->item(row, IdColumn)->setText(FromLibrary(network->ControllerID()));
     SetDescription(table->item(row, DescriptionColumn), FromLibrary(network->Description()));
 }
 
-bool AllConnected(TavikLibrary::TavikNetworks* networks) {
-    for (int row = 0; row < networks->Count(); ++row) {
-        if (!NetworkOfRow(networks, row)->IsConnected()) {
-            return false;
-        }
-    }
-    return true;
-}
-
-void SetRowButtonsEnabled(QTableWidget* table, bool enable) {
+void SetRowButtonsEnabled(ChoiceTable* table, bool enable) {
     for (int row = 0; row < table->rowCount(); ++row) {
-        ButtonOfRow(table, row)->setEnabled(enable);
+        table->RowButton(row)->setEnabled(enable);
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+class ChoiceTable;
 class QPushButton;
-class QTableWidget;
 
 namespace TavikLibrary {
 class TavikNetwork;
@@ -14,18 +14,15 @@ class TavikNetworks;
 TavikLibrary::TavikNetwork* NetworkOfRow(TavikLibrary::TavikNetworks* networks, int row);
 
 /// Takes all rows off the table.
-void ClearNetworkRows(QTableWidget* table);
+void ClearNetworkRows(ChoiceTable* table);
 
 /// Appends a row for a network and returns its button. The row appears only when the network could be asked.
-QPushButton* AppendNetworkRow(QTableWidget* table, TavikLibrary::TavikNetwork* network);
+QPushButton* AppendNetworkRow(ChoiceTable* table, TavikLibrary::TavikNetwork* network);
 
 /// Shows anew what connecting or disconnecting a row's network may have changed.
-void RefreshNetworkRow(QTableWidget* table, int row, TavikLibrary::TavikNetwork* network);
+void RefreshNetworkRow(ChoiceTable* table, int row, TavikLibrary::TavikNetwork* network);
 
-/// Asks one network after the other, as far as the first that is not connected.
-bool AllConnected(TavikLibrary::TavikNetworks* networks);
-
-void SetRowButtonsEnabled(QTableWidget* table, bool enable);
+void SetRowButtonsEnabled(ChoiceTable* table, bool enable);
 
 /// The row that a row's button stands in.
 int RowOfButton(const QPushButton* button);

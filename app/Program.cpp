@@ -20,11 +20,6 @@ std::unique_ptr<MainWindow> OpenMainWindow() {
     return window;
 }
 
-void CentreOnDesktop(QWidget& window) {
-    const QSize desktop = QApplication::primaryScreen()->size();
-    window.move(desktop.width() / 2 - window.width() / 2, desktop.height() / 2 - window.height() / 2);
-}
-
 /// A call of the library may still run on a thread of its own, and may never come back. Taking the library
 /// down under it could crash, so the program then ends as it is.
 void LeaveIfTheLibraryIsBusy(int exitCode) {
@@ -35,6 +30,11 @@ void LeaveIfTheLibraryIsBusy(int exitCode) {
 
 } // namespace
 
+QPoint CentredOn(const QSize& desktop, const QSize& window) {
+    return QPoint(qMax(0, desktop.width() / 2 - window.width() / 2),
+                  qMax(0, desktop.height() / 2 - window.height() / 2));
+}
+
 int RunProgram(int argc, char* argv[]) {
     // Nothing here is drawn with OpenGL; without it the program starts sooner and needs half the memory.
     qputenv("QT_XCB_GL_INTEGRATION", "none");
@@ -44,7 +44,7 @@ int RunProgram(int argc, char* argv[]) {
     if (window == nullptr) {
         return 1;
     }
-    CentreOnDesktop(*window);
+    window->move(CentredOn(QApplication::primaryScreen()->size(), window->size()));
     window->show();
     const int exitCode = Application::exec();
     LeaveIfTheLibraryIsBusy(exitCode);

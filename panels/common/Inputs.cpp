@@ -2,7 +2,6 @@
 
 #include "panels/common/Fields.h"
 
-#include <QFocusEvent>
 #include <QLineEdit>
 #include <QLocale>
 #include <QRadioButton>
@@ -23,32 +22,26 @@ void SetUpNumbers(QAbstractSpinBox* box) {
 
 } // namespace
 
-void ChoiceList::focusInEvent(QFocusEvent* event) {
-    // A list view would make its first row current here, though nobody chose it.
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
+void ChoiceTable::SetRowButton(int row, QAbstractButton* button) {
+    button->setFocusPolicy(Qt::NoFocus);
+    setCellWidget(row, columnCount() - 1, button);
 }
 
-void ChoiceList::mousePressEvent(QMouseEvent* event) {
-    QListWidget::mousePressEvent(event);
-    // A slot of the row change may have taken the change back, but the view selects the pressed row after it.
-    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+QAbstractButton* ChoiceTable::RowButton(int row) const {
+    return qobject_cast<QAbstractButton*>(cellWidget(row, columnCount() - 1));
 }
 
-QItemSelectionModel::SelectionFlags ChoiceList::selectionCommand(const QModelIndex& index, const QEvent* event) const {
-    if (!index.isValid() || (event != nullptr && event->type() == QEvent::MouseButtonRelease)) {
-        return QItemSelectionModel::NoUpdate;
+void ChoiceTable::keyPressEvent(QKeyEvent* event) {
+    const bool presses =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!presses) {
+        ChoiceView::keyPressEvent(event);
+        return;
     }
-    // Also with Ctrl, which would take the highlight off the row that the buttons act on.
-    return QItemSelectionModel::ClearAndSelect;
-}
-
-QStyleOptionViewItem ChoiceList::viewOptions() const {
-    QStyleOptionViewItem options = QListWidget::viewOptions();
-    options.palette.setBrush(QPalette::Disabled, QPalette::Highlight, options.palette.base());
-    options.palette.setBrush(QPalette::Disabled, QPalette::HighlightedText,
-                             options.palette.brush(QPalette::Disabled, QPalette::Text));
-    return options;
+    QAbstractButton* button = RowButton(currentRow());
+    if (button != nullptr && !event->isAutoRepeat()) {
+        button->click();
+    }
 }
 
 ChoiceBox::ChoiceBox(QWidget* parent) : WheelWithFocus(parent) {

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QSpinBox>
+#include <QTableWidget>
 #include <QWheelEvent>
 
 #include <functional>
@@ -14,19 +17,90 @@
 // the operator did: the focus chooses nothing, the wheel changes nothing without the focus, and a number that is typed
 // is one change, reported when it is complete and differs from the one before.
 
+/// What lists and tables of choices have in common: the focus chooses no row, Ctrl does not take the highlight off the
+/// row that the buttons act on, and a disabled one shows no selection.
+template <class View>
+class ChoiceView : public View {
+public:
+    using View::View;
+
+protected:
+    QItemSelectionModel::SelectionFlags Selecting() const {
+        const bool rows = this->selectionBehavior() == QAbstractItemView::SelectRows;
+        return QItemSelectionModel::ClearAndSelect | (rows ? QItemSelectionModel::Rows : QItemSelectionModel::NoUpdate);
+    }
+    /// The operator chose the row that was chosen already.
+    virtual void ChosenAgain() = 0;
+
+    void focusInEvent(QFocusEvent* event) override {
+        // An item view would make its first row current here, though nobody chose it.
+        QAbstractScrollArea::focusInEvent(event);
+        this->viewport()->update();
+    }
+    void mousePressEvent(QMouseEvent* event) override {
+        const bool again = event->button() == Qt::LeftButton && this->currentIndex().isValid() &&
+                           this->indexAt(event->pos()).row() == this->currentIndex().row();
+        View::mousePressEvent(event);
+        // A slot of the row change may have taken the change back, but the view selects the pressed row after it.
+        this->selectionModel()->select(this->currentIndex(), Selecting());
+        if (again) {
+            ChosenAgain();
+        }
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        View::keyPressEvent(event);
+        if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && this->currentIndex().isValid()) {
+            ChosenAgain();
+        }
+    }
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event = nullptr) const override {
+        if (!index.isValid() || (event != nullptr && event->type() == QEvent::MouseButtonRelease)) {
+            return QItemSelectionModel::NoUpdate;
+        }
+        return Selecting();
+    }
+    QStyleOptionViewItem viewOptions() const override {
+        QStyleOptionViewItem options = View::viewOptions();
+        options.palette.setBrush(QPalette::Disabled, QPalette::Highlight, options.palette.base());
+        options.palette.setBrush(QPalette::Disabled, QPalette::HighlightedText,
+                                 options.palette.brush(QPalette::Disabled, QPalette::Text));
+        return options;
+    }
+};
+
 /// A list with one row chosen at most. The current row is always shown as selected.
-class ChoiceList : public QListWidget {
+class ChoiceList : public ChoiceView<QListWidget> {
     Q_OBJECT
 
 public:
-    using QListWidget::QListWidget;
+    using ChoiceView::ChoiceView;
+
+signals:
+    void chosenAgain();
 
 protected:
-    void focusInEvent(QFocusEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
-                                                         const QEvent* event = nullptr) const override;
-    QStyleOptionViewItem viewOptions() const override;
+    void ChosenAgain() override { emit chosenAgain(); }
+};
+
+/// A table with one row chosen at most, and in its last column a button that acts on the row. Space and Return press
+/// the button of the current row. The buttons take no focus: a press chooses no row.
+class ChoiceTable : public ChoiceView<QTableWidget> {
+    Q_OBJECT
+
+public:
+    using ChoiceView::ChoiceView;
+
+    /// The table takes the button.
+    void SetRowButton(int row, QAbstractButton* button);
+    QAbstractButton* RowButton(int row) const;
+
+signals:
+    void chosenAgain();
+
+protected:
+    void ChosenAgain() override { emit chosenAgain(); }
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// A control whose value the wheel changes only while it has the focus; otherwise the wheel scrolls the page. While it

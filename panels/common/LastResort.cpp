@@ -19,17 +19,19 @@ QStringList& Waiting() {
 
 bool showing = false;
 
-QWidget* BoxParent() {
-    if (QWidget* modal = QApplication::activeModalWidget()) {
-        return modal;
-    }
+HostWindow* MainHost() {
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows) {
-        if (qobject_cast<HostWindow*>(window) != nullptr) {
-            return window;
+        if (auto* host = qobject_cast<HostWindow*>(window)) {
+            return host;
         }
     }
     return nullptr;
+}
+
+QWidget* BoxParent() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : MainHost();
 }
 
 /// The texts that pages show, or have shown in the current event. Touched on the GUI thread only.
@@ -61,7 +63,7 @@ void AddToWaiting(const QString& text) {
 
 void LastResort::Report(const QString& text) {
     const bool onGuiThread = QThread::currentThread() == qApp->thread();
-    if (onGuiThread && ShownByPages().contains(text)) {
+    if (onGuiThread && (ShownByPages().contains(text) || HostWindow::IsClosingOver(MainHost()))) {
         return;
     }
     QMetaObject::invokeMethod(

@@ -9,7 +9,8 @@
 namespace LastResort {
 
 /// Queues the box. Boxes of several failures come one after another; a text that waits, is shown, or was shown by a
-/// page in the same event, is not shown again. May be called from any thread.
+/// page in the same event, is not shown again, and none is shown when the host window has begun to close. May be called
+/// from any thread.
 void Report(const QString& text);
 
 /// The text of the exception that is being handled; to be called from a catch block only.

@@ -1,3 +1,5 @@
+#include "app/PageTabs.h"
+#include "app/Program.h"
 #include "tests/support/ProgramFixture.h"
 #include "tools/bench/Benches.h"
 
@@ -6,8 +8,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QScrollArea>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTableWidget>
+#include <QToolButton>
 
 /// Where things stand at the window's smallest size, at the sizes of font and screen that the tests' list asks for.
 class GeometryTest : public ProgramFixture {
@@ -26,6 +32,13 @@ private slots:
     void typePanelFollowsTheLayout();
     void smallScreenScrolls();
     void capabilityValuesStandBelowEachOther();
+    void tabsOfALinearEncoderFit();
+    void shortCaptionIsShownWhole();
+    void ampersandIsALetterOfACaption();
+    void windowIsPlacedOnTheDesktop_data();
+    void windowIsPlacedOnTheDesktop();
+    void firstButtonsAreOnASmallScreen_data();
+    void firstButtonsAreOnASmallScreen();
 
 private:
     QRect InPanel(const char* name) {
@@ -210,6 +223,97 @@ void GeometryTest::capabilityValuesStandBelowEachOther() {
     for (const char* name : {"lblDynamicCapable", "lblReadburstCapable", "lblUltraHighSpeedCapable"}) {
         QCOMPARE(Operator().Find(name)->geometry().right(), right);
     }
+}
+
+namespace {
+
+constexpr int usualDpi = 96;
+
+QString BenchDescribed(const QString& description) {
+    return QStringLiteral("<bench><network name=\"Alpha\" controller=\"C1\" description=\"%1\">"
+                          "<module type=\"RN\" identity=\"RN00000003\"/></network></bench>")
+        .arg(description.toHtmlEscaped());
+}
+
+} // namespace
+
+/// The network's tab becomes narrower, and its tool tip has the whole description.
+void GeometryTest::tabsOfALinearEncoderFit() {
+    const QString description = QStringLiteral("Ethernet controller of the measuring machine in hall 7, north side");
+    OpenModule(BenchDescribed(description), 0);
+    ProcessAllEvents();
+    QCOMPARE(Window().size(), QSize(1100, 700));
+    const auto* tabs = Operator().The<QTabWidget>("tabWidget");
+    const QTabBar* bar = tabs->tabBar();
+    QCOMPARE(tabs->count(), 8);
+    QCOMPARE(tabs->tabText(1), description);
+    QCOMPARE(tabs->tabToolTip(1), description);
+    // With larger letters the other tabs need more than the width of the window.
+    const bool fits = bar->logicalDpiX() <= usualDpi;
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        QVERIFY2(!fits || bar->rect().contains(bar->tabRect(tab)), qPrintable(tabs->tabText(tab)));
+        const bool whole = bar->tabRect(tab).width() > bar->fontMetrics().horizontalAdvance(tabs->tabText(tab));
+        QVERIFY2(whole == (tab != 1), qPrintable(tabs->tabText(tab)));
+    }
+    constexpr int someLetters = 5;
+    QVERIFY(bar->tabRect(1).width() > bar->fontMetrics().horizontalAdvance(description.left(someLetters)));
+}
+
+void GeometryTest::shortCaptionIsShownWhole() {
+    OpenNetwork(BenchDescribed(QStringLiteral("Simulated alpha, R7")));
+    const QTabBar* bar = Operator().The<QTabWidget>("tabWidget")->tabBar();
+    QVERIFY(bar->tabRect(1).width() > bar->fontMetrics().horizontalAdvance(bar->tabText(1)));
+}
+
+void GeometryTest::ampersandIsALetterOfACaption() {
+    OpenNetwork(QStringLiteral("<bench><network name=\"Alpha\" controller=\"C1\" description=\"Saw &amp; Press\">"
+                               "<module type=\"KX\" identity=\"KX00000001\"/></network></bench>"));
+    const auto* tabs = Operator().The<QTabWidget>("tabWidget");
+    QCOMPARE(tabs->tabText(1), QStringLiteral("Saw && Press"));
+    QCOMPARE(tabs->tabToolTip(1), QStringLiteral("Saw & Press"));
+    // No identity of the simulated bench has an ampersand.
+    PageTabs other;
+    other.ShowPage(new QWidget(&other), QStringLiteral("Module X&Y"));
+    QCOMPARE(other.tabText(0), QStringLiteral("Module X&&Y"));
+}
+
+void GeometryTest::windowIsPlacedOnTheDesktop_data() {
+    QTest::addColumn<QSize>("desktop");
+    QTest::addColumn<QPoint>("position");
+    QTest::newRow("large") << QSize(1921, 1081) << QPoint(410, 190);
+    QTest::newRow("1024 x 600") << QSize(1024, 600) << QPoint(0, 0);
+    QTest::newRow("wide and low") << QSize(1280, 600) << QPoint(90, 0);
+}
+
+void GeometryTest::windowIsPlacedOnTheDesktop() {
+    QFETCH(QSize, desktop);
+    QFETCH(QPoint, position);
+    QCOMPARE(CentredOn(desktop, QSize(1100, 700)), position);
+}
+
+void GeometryTest::firstButtonsAreOnASmallScreen_data() {
+    QTest::addColumn<QByteArray>("page");
+    QTest::addColumn<QByteArray>("button");
+    QTest::newRow("Connect All") << QByteArray("tabServer") << QByteArray("btnConnectAll");
+    QTest::newRow("Disconnect All") << QByteArray("tabServer") << QByteArray("btnDisconnectAll");
+    QTest::newRow("Move Up") << QByteArray("tabNetwork") << QByteArray("btnMoveUp");
+    QTest::newRow("Notify") << QByteArray("tabNetwork") << QByteArray("btnNotify");
+    if (QApplication::primaryScreen()->logicalDotsPerInchY() <= usualDpi) {
+        QTest::newRow("Read") << QByteArray("tabModule") << QByteArray("btnRead");
+    }
+}
+
+/// The window in the upper left corner of 1024 x 600, below a title bar of 40.
+void GeometryTest::firstButtonsAreOnASmallScreen() {
+    QFETCH(QByteArray, page);
+    QFETCH(QByteArray, button);
+    OpenModule(Benches::Two(), 1);
+    QVERIFY(Operator().SelectPage(page.constData()));
+    ProcessAllEvents();
+    const QWidget* widget = Operator().Find(button.constData());
+    const QRect place(widget->mapTo(&Window(), QPoint(0, 0)), widget->size());
+    QVERIFY2(QRect(0, 0, 1024, 560).contains(place),
+             qPrintable(QStringLiteral("%1, %2").arg(place.x()).arg(place.y())));
 }
 
 TAVIK_TEST_MAIN(GeometryTest)

@@ -1,4 +1,5 @@
 #include "app/AboutBox.h"
+#include "panels/common/Activity.h"
 #include "tests/support/ProgramFixture.h"
 #include "tools/bench/Benches.h"
 
@@ -93,12 +94,12 @@ void HelpTest::versionLineOfACompileDate() {
 
 void HelpTest::menuLeavesTheStatusBarAlone() {
     Open(Benches::Two());
-    const QString activity = QStringLiteral("Buffered mode runs");
-    Window().ShowActivity(activity);
+    const QString text = QStringLiteral("Buffered mode runs");
+    const Activity activity(&Window(), text);
     boxes.ExpectDialog(&Window(), QStringLiteral("About Tavik Library Test"), {});
     QVERIFY(Operator().Trigger("menuHelp", "action_About"));
     QTRY_COMPARE(boxes.Count(), 1);
-    QCOMPARE(Window().findChild<QStatusBar*>()->currentMessage(), activity);
+    QCOMPARE(Window().findChild<QStatusBar*>()->currentMessage(), text);
 }
 
 TAVIK_TEST_MAIN(HelpTest)

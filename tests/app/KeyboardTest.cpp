@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTableWidget>
 
 using namespace TavikSimulator;
@@ -28,7 +29,12 @@ private slots:
     void everyButtonHasAShortcut_data() { tabVisitsEveryControl_data(); }
     void everyButtonHasAShortcut();
     void menusOpenByTheirLetters();
+    void networkIsConnectedByKeys_data();
     void networkIsConnectedByKeys();
+    void heldKeyPressesTheRowButtonOnce();
+    void focusOnTheTableSelectsNoNetwork();
+    void ctrlClickLeavesTheRowSelected();
+    void pageOpensOnItsControl();
     void moduleIsChosenAndReadByKeys();
     void speedIsChosenByKeys();
 
@@ -156,8 +162,7 @@ void KeyboardTest::shortcutsPressTheirButtons() {
     Show(page);
     Calls::Mark();
     Operator().Press(static_cast<Qt::Key>(key), Qt::AltModifier);
-    // A button that is pressed by its keys shows that for a moment before it acts.
-    QVERIFY(WaitUntil([&] { return Calls::CountOf(qPrintable(operation)) == 1; }));
+    QCOMPARE(Calls::CountOf(qPrintable(operation)), 1);
 }
 
 void KeyboardTest::menusOpenByTheirLetters() {
@@ -178,23 +183,84 @@ void KeyboardTest::menusOpenByTheirLetters() {
     QTRY_VERIFY(!Window().isVisible());
 }
 
+void KeyboardTest::networkIsConnectedByKeys_data() {
+    QTest::addColumn<int>("key");
+    QTest::newRow("Space") << int(Qt::Key_Space);
+    QTest::newRow("Return") << int(Qt::Key_Return);
+    QTest::newRow("Enter") << int(Qt::Key_Enter);
+}
+
 void KeyboardTest::networkIsConnectedByKeys() {
+    QFETCH(int, key);
     Open(Benches::Two());
     QVERIFY(QTest::qWaitForWindowActive(&Window()));
     FocusOn("tableNetworks");
     Operator().Press(Qt::Key_Down);
     Operator().Press(Qt::Key_Down);
-    const QWidget* button = Operator().CellButton("tableNetworks", 1, 5);
-    for (int press = 0; press < 5 && QApplication::focusWidget() != button; ++press) {
-        Operator().Press(Qt::Key_Tab);
-    }
-    QCOMPARE(QApplication::focusWidget(), button);
-    Operator().Press(Qt::Key_Space);
+    Operator().Press(static_cast<Qt::Key>(key));
     QCOMPARE(Operator().The<QTableWidget>("tableNetworks")->item(1, 4)->text(), QStringLiteral("Connected"));
     QCOMPARE(Pages().constLast(), QStringLiteral("Simulated beta"));
     const QAccessibleInterface* accessible =
         QAccessible::queryAccessibleInterface(Operator().CellButton("tableNetworks", 1, 5));
     QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Disconnect Beta"));
+    QCOMPARE(QApplication::focusWidget(), Operator().Find("tableNetworks"));
+    Operator().Press(static_cast<Qt::Key>(key));
+    QCOMPARE(Operator().The<QTableWidget>("tableNetworks")->item(1, 4)->text(), QStringLiteral("Disconnected"));
+}
+
+/// Holding the key down presses the button once.
+void KeyboardTest::heldKeyPressesTheRowButtonOnce() {
+    Open(Benches::Two());
+    QVERIFY(QTest::qWaitForWindowActive(&Window()));
+    FocusOn("tableNetworks");
+    Operator().Press(Qt::Key_Down);
+    QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
+    QApplication::sendEvent(Operator().Find("tableNetworks"), &repeat);
+    QCOMPARE(Calls::CountOf("Connect"), 0);
+}
+
+void KeyboardTest::focusOnTheTableSelectsNoNetwork() {
+    OpenNetwork(Benches::Two());
+    QVERIFY(Operator().SelectPage("tabServer"));
+    QVERIFY(QTest::qWaitForWindowActive(&Window()));
+    auto* table = Operator().The<QTableWidget>("tableNetworks");
+    table->clearSelection();
+    table->setCurrentItem(nullptr);
+    Calls::Mark();
+    FocusOn("btnDisconnectAll");
+    Operator().Press(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), table);
+    QCOMPARE(table->currentRow(), -1);
+    QVERIFY(table->selectedItems().isEmpty());
+    COMPARE_CALLS(Calls::Take(), {});
+    // No button of a row comes next.
+    Operator().Press(Qt::Key_Tab);
+    QVERIFY(QApplication::focusWidget() != table);
+    QVERIFY(!table->isAncestorOf(QApplication::focusWidget()));
+}
+
+/// The highlight is on the row that the buttons act on.
+void KeyboardTest::ctrlClickLeavesTheRowSelected() {
+    OpenNetwork(Benches::Two());
+    QVERIFY(Operator().SelectPage("tabServer"));
+    auto* table = Operator().The<QTableWidget>("tableNetworks");
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      table->visualItemRect(table->item(0, 0)).center());
+    QCOMPARE(table->selectedItems().size(), 5);
+    QCOMPARE(Pages().size(), 2);
+}
+
+void KeyboardTest::pageOpensOnItsControl() {
+    Open(Benches::Two());
+    QVERIFY(QTest::qWaitForWindowActive(&Window()));
+    QCOMPARE(QApplication::focusWidget(), Operator().Find("btnConnectAll"));
+    QVERIFY(Operator().Click("btnConnectAll"));
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    QCOMPARE(QApplication::focusWidget(), Operator().Find("listModules"));
+    Window().findChild<QTabWidget*>(QStringLiteral("tabWidget"))->tabBar()->setFocus();
+    QVERIFY(Operator().SelectPage("tabServer"));
+    QCOMPARE(QApplication::focusWidget(), Operator().Find("btnConnectAll"));
+    COMPARE_CALLS(Calls::TakeOperation("GetModule").mid(3), {});
 }
 
 void KeyboardTest::moduleIsChosenAndReadByKeys() {
@@ -222,6 +288,7 @@ void KeyboardTest::speedIsChosenByKeys() {
     OpenNetwork(Benches::Two());
     QVERIFY(QTest::qWaitForWindowActive(&Window()));
     FocusOn("listAvailableSpeeds");
+    Operator().Press(Qt::Key_Home);
     Operator().Press(Qt::Key_End);
     Operator().Press(Qt::Key_S, Qt::AltModifier);
     QTRY_COMPARE(Operator().Text("editCurrentSpeed"), Rows("listAvailableSpeeds").constLast());

@@ -3,6 +3,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
+#include <QStatusBar>
 #include <QTemporaryDir>
 
 /// Saving a network's description to a file and loading it back.
@@ -18,6 +20,10 @@ private slots:
     void loadCancelled();
     void loadThatFails();
     void namesAreUtf8();
+    void existingFileIsReplacedOnlyWhenConfirmed_data();
+    void existingFileIsReplacedOnlyWhenConfirmed();
+    void outcomeIsShown();
+    void fileChosenWhileTheWindowClosesIsNotUsed();
 
 private:
     void Save(const QString& name, bool accept = true) {
@@ -124,6 +130,73 @@ void NetworkFilesTest::namesAreUtf8() {
     const QString file = Path(QStringLiteral("Meßplatz 7 µm.xml"));
     Save(file);
     QVERIFY(QFile::exists(file));
+}
+
+void NetworkFilesTest::existingFileIsReplacedOnlyWhenConfirmed_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("confirmed");
+    for (const bool confirmed : {false, true}) {
+        const char* answer = confirmed ? "Yes" : "No";
+        QTest::addRow("a.xml, %s", answer) << QStringLiteral("a.xml") << QStringLiteral("a.xml") << confirmed;
+        QTest::addRow("b, %s", answer) << QStringLiteral("b") << QStringLiteral("b.xml") << confirmed;
+        QTest::addRow("c.XML, %s", answer) << QStringLiteral("c.XML") << QStringLiteral("c.XML.xml") << confirmed;
+    }
+}
+
+/// The question names the file that is written, not the name that was typed.
+void NetworkFilesTest::existingFileIsReplacedOnlyWhenConfirmed() {
+    QFETCH(QString, typed);
+    QFETCH(QString, file);
+    QFETCH(bool, confirmed);
+    OpenNetwork(Benches::Two());
+    QFile existing(Path(file));
+    QVERIFY(existing.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    existing.write("kept");
+    existing.close();
+    BoxReply name;
+    name.leave = true;
+    name.meanwhile = [this, typed](QDialog& box) {
+        // Not typed: the list of names that begin like this would take the click for itself.
+        box.findChild<QLineEdit*>()->setText(Path(typed));
+        QMetaObject::invokeMethod(&box, "accept", Qt::QueuedConnection);
+    };
+    boxes.ExpectFile(BoxKind::SaveFile, &Window(), QStringLiteral("Save Tavik XML"),
+                     QStringLiteral("Tavik XML files (*.xml)"), name);
+    BoxReply reply;
+    reply.accept = confirmed;
+    boxes.ExpectQuestion(&Window(), QStringLiteral("Save Tavik XML"),
+                         Path(file) + QStringLiteral(" already exists.\nDo you want to replace it?"), reply);
+    Calls::Take();
+    QVERIFY(Operator().Click("btnSaveXML"));
+    const QStringList calls = Calls::Take();
+    QCOMPARE(calls.contains(QStringLiteral("network Alpha.Save(\"%1\")").arg(Path(file))), confirmed);
+    QCOMPARE(calls.isEmpty(), !confirmed);
+    QVERIFY(existing.open(QIODevice::ReadOnly));
+    QCOMPARE(existing.readAll() == "kept", !confirmed);
+}
+
+void NetworkFilesTest::outcomeIsShown() {
+    OpenNetwork(Benches::Two());
+    const QString file = Path(QStringLiteral("outcome %1.xml"));
+    Save(file);
+    QCOMPARE(Window().statusBar()->currentMessage(), QString(QStringLiteral("Saved: ") + file));
+    Load(file);
+    QCOMPARE(Window().statusBar()->currentMessage(), QString(QStringLiteral("Loaded: ") + file));
+}
+
+void NetworkFilesTest::fileChosenWhileTheWindowClosesIsNotUsed() {
+    OpenNetwork(Benches::Two());
+    BoxReply reply;
+    reply.typed = Path(QStringLiteral("late.xml"));
+    reply.meanwhile = [this](QDialog&) {
+        Window().close();
+        Calls::Mark();
+    };
+    boxes.ExpectFile(BoxKind::SaveFile, &Window(), QStringLiteral("Save Tavik XML"),
+                     QStringLiteral("Tavik XML files (*.xml)"), reply);
+    QVERIFY(Operator().Click("btnSaveXML"));
+    COMPARE_CALLS(Calls::Take(), {});
 }
 
 TAVIK_TEST_MAIN(NetworkFilesTest)

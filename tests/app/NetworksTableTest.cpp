@@ -2,11 +2,11 @@
 
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
+#include "panels/common/Inputs.h"
 #include "tests/support/ProgramFixture.h"
 #include "tools/bench/Benches.h"
 
 #include <QPushButton>
-#include <QTableWidget>
 
 #include <algorithm>
 #include <limits>
@@ -33,7 +33,7 @@ private slots:
 
 void NetworksTableTest::rowsAreTakenOffWithTheirButtons() {
     Open(Benches::Two());
-    auto* table = Operator().The<QTableWidget>("tableNetworks");
+    auto* table = Operator().The<ChoiceTable>("tableNetworks");
     QCOMPARE(table->rowCount(), 2);
     QCOMPARE(table->findChildren<QPushButton*>().size(), 2);
     ClearNetworkRows(table);
@@ -49,7 +49,8 @@ void NetworksTableTest::fillingAnewHoldsNothing() {
     TavikSimulator::StopJournal();
     server.Networks()->FindNetworks();
     TavikLibrary::TavikNetwork* network = NetworkOfRow(server.Networks(), 0);
-    QTableWidget table(0, 6);
+    ChoiceTable table;
+    table.setColumnCount(6);
     const auto refill = [&](int times) {
         for (int time = 0; time < times; ++time) {
             ClearNetworkRows(&table);

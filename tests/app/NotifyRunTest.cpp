@@ -24,7 +24,12 @@ private slots:
     void runIsStopped();
     void controlsAreDisabledMeanwhile();
     void modulePanelIsDisabledMeanwhile();
-    void statusBarCountsTheModules();
+    void statusBarShowsTheSeconds();
+    void controlsComeBackWithTheLastHolder();
+    void controlsStayOffWhileClosing();
+    void endLeavesTheOperatorOnThePage_data();
+    void endLeavesTheOperatorOnThePage();
+    void listIsReadAnewAfterARunThatFailed();
     void secondRunIsNotStarted();
     void selectedModuleStaysSelected();
     void runThatCannotBegin();
@@ -41,12 +46,15 @@ private:
         QVERIFY(Operator().Click("btnNotify"));
     }
     QString Activity() { return Window().statusBar()->currentMessage(); }
-    void CompareIdle() {
+    /// After a refresh that failed, what acts on a row is off.
+    void CompareIdle(bool listsShown = true) {
+        const QStringList rowCommands = {QStringLiteral("btnMoveUp"), QStringLiteral("btnMoveDown"),
+                                         QStringLiteral("btnDeleteModule"), QStringLiteral("btnSetSpeed")};
         for (const char* name : controls) {
-            QVERIFY2(Operator().IsEnabled(name), name);
+            QVERIFY2(Operator().IsEnabled(name) == (listsShown || !rowCommands.contains(QLatin1String(name))), name);
         }
         QVERIFY(!Operator().IsEnabled("btnStopNotify"));
-        QCOMPARE(Activity(), QString());
+        QVERIFY(!Activity().startsWith(QStringLiteral("Notifying")));
     }
 };
 
@@ -57,9 +65,13 @@ void NotifyRunTest::modulesThatAnnounceThemselvesAreListed() {
     QCOMPARE(Rows("listModules").constLast(), QStringLiteral("KX00000005"));
     CompareIdle();
     QStringList calls = Calls::Take();
-    COMPARE_CALLS(calls.mid(0, 4),
-                  {QStringLiteral("network Alpha.BeginNotifying()"), QStringLiteral("network Alpha.ModuleCount()"),
-                   QStringLiteral("network Alpha.Notifying()"), QStringLiteral("network Alpha.ModuleCount()")});
+    COMPARE_CALLS(calls.mid(0, 2),
+                  {QStringLiteral("network Alpha.BeginNotifying()"), QStringLiteral("network Alpha.Notifying()")});
+    // Until the refresh, nothing is asked for a display.
+    const int refresh = calls.indexOf(QStringLiteral("network Alpha.BufferedCapable()"));
+    QVERIFY(!calls.mid(0, refresh).contains(QStringLiteral("network Alpha.ModuleCount()")));
+    QVERIFY(Activity().startsWith(QStringLiteral("Notify: ")));
+    QVERIFY(Activity().endsWith(QStringLiteral(" s, modules in the list: 4")));
     QVERIFY(calls.count(QStringLiteral("network Alpha.Notifying()")) >= 2);
     QVERIFY(calls.contains(QStringLiteral("network Alpha.AvailableSpeeds()")));
     QVERIFY(!calls.contains(QStringLiteral("network Alpha.CancelNotifying()")));
@@ -104,23 +116,74 @@ void NotifyRunTest::modulePanelIsDisabledMeanwhile() {
     }
 }
 
-void NotifyRunTest::statusBarCountsTheModules() {
-    // The second of them comes so late that the count is shown before the run is over.
-    const QString both = QStringLiteral("<module type=\"KX\" identity=\"KX00000006\" announces=\"3\"/></network>");
-    OpenNetwork(Benches::Two().replace(Benches::Two().indexOf(QStringLiteral("</network>")), 10, both));
+void NotifyRunTest::statusBarShowsTheSeconds() {
+    OpenNetwork(Benches::Two());
     const QSignalSpy messages(Window().statusBar(), &QStatusBar::messageChanged);
-    const QString one = QStringLiteral("Notifying, modules found: 1");
     When(
-        this, [&] { return Activity() == one; }, [] { AdvanceClock(2.0); });
-    Run([] { AdvanceClock(1.5); });
-    QStringList seen;
-    for (const QList<QVariant>& message : messages) {
-        seen.append(message.constFirst().toString());
+        this, [this] { return Activity() == QStringLiteral("Notifying, 1 s"); },
+        [this] { QVERIFY(Operator().Click("btnStopNotify")); });
+    QVERIFY(Operator().Click("btnNotify"));
+    QCOMPARE(messages.constFirst().constFirst().toString(), QStringLiteral("Notifying, 0 s"));
+    CompareIdle();
+}
+
+/// The notify run and another holder: the last to let go gives the controls back.
+void NotifyRunTest::controlsComeBackWithTheLastHolder() {
+    OpenModule(Benches::Two(), 0);
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    ControlsHold other;
+    Run([this, &other] {
+        other = Window().DisableControls(QStringLiteral("test"));
+        QCOMPARE(Window().Holders(), QStringList({QStringLiteral("notify"), QStringLiteral("test")}));
+        QVERIFY(Operator().Click("btnStopNotify"));
+    });
+    for (const char* name : controls) {
+        QVERIFY2(!Operator().IsEnabled(name), name);
     }
-    QVERIFY(seen.contains(QStringLiteral("Notifying, modules found: 0")));
-    QVERIFY(seen.contains(one));
-    QCOMPARE(seen.last(), QString());
-    QCOMPARE(Rows("listModules").size(), 5);
+    QVERIFY(!Operator().Find("btnRead")->isEnabledTo(Operator().Find("moduleWidget")));
+    other.Release();
+    CompareIdle();
+    QVERIFY(Operator().Find("btnRead")->isEnabledTo(Operator().Find("moduleWidget")));
+}
+
+void NotifyRunTest::controlsStayOffWhileClosing() {
+    OpenNetwork(Benches::Two());
+    ControlsHold hold = Window().DisableControls(QStringLiteral("test"));
+    Window().close();
+    hold.Release();
+    QVERIFY(!Operator().IsEnabled("btnPing"));
+}
+
+void NotifyRunTest::endLeavesTheOperatorOnThePage_data() {
+    QTest::addColumn<QByteArray>("page");
+    for (const char* page : {"tabServer", "tabModule", "tabDifference", "tabReadburst"}) {
+        QTest::newRow(page) << QByteArray(page);
+    }
+}
+
+void NotifyRunTest::endLeavesTheOperatorOnThePage() {
+    QFETCH(QByteArray, page);
+    OpenModule(Benches::Two(), 1);
+    QVERIFY(Operator().SelectPage("tabNetwork"));
+    Run([this, page] {
+        QVERIFY(Operator().SelectPage(page.constData()));
+        AdvanceClock(1.5);
+    });
+    QCOMPARE(Rows("listModules").size(), 4);
+    QVERIFY(Operator().Find(page.constData())->isVisible());
+}
+
+void NotifyRunTest::listIsReadAnewAfterARunThatFailed() {
+    OpenNetwork(Benches::Two());
+    boxes.ExpectError(&Window(), QStringLiteral("Tavik Library Test"), QStringLiteral("It broke off."));
+    Run([] {
+        FailNext("Notifying", QStringLiteral("It broke off."));
+        AdvanceClock(1.5);
+    });
+    QTRY_COMPARE(boxes.Count(), 1);
+    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+    QCOMPARE(Rows("listModules").size(), static_cast<int>(ListedModules("Alpha").size()));
+    QVERIFY(Calls::TakeOperation("AvailableSpeeds").size() == 1);
 }
 
 void NotifyRunTest::secondRunIsNotStarted() {
@@ -174,7 +237,7 @@ void NotifyRunTest::refreshThatFailsLeavesTheModulePanelUsable() {
     });
     QTRY_COMPARE(boxes.Count(), 1);
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
-    CompareIdle();
+    CompareIdle(false);
     QVERIFY(Operator().Click("btnPing"));
     QVERIFY(Operator().SelectRow("listModules", 0));
     QVERIFY(Operator().SelectPage("tabModule"));
@@ -189,7 +252,7 @@ void NotifyRunTest::controllerThatDropsOut() {
     QTRY_COMPARE(boxes.Count(), 1);
     QCOMPARE(boxes.Take().constFirst().title, QStringLiteral("Tavik Library Test"));
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
-    CompareIdle();
+    CompareIdle(false);
 }
 
 void NotifyRunTest::stopNotifyThatFails() {

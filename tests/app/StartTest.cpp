@@ -216,7 +216,8 @@ void StartTest::textsOutsideAscii() {
 void StartTest::libraryThatFailsAtStart_data() {
     QTest::addColumn<QString>("operation");
     QTest::addColumn<int>("rows");
-    QTest::newRow("part number") << QStringLiteral("LibraryPartNumber") << 0;
+    QTest::newRow("part number") << QStringLiteral("LibraryPartNumber") << 2;
+    QTest::newRow("build date") << QStringLiteral("LibraryBuildDate") << 2;
     QTest::newRow("looking for networks") << QStringLiteral("FindNetworks") << 0;
     QTest::newRow("a network") << QStringLiteral("ControllerID") << 0;
 }
@@ -238,6 +239,8 @@ void StartTest::libraryThatFailsAtStart() {
     QCOMPARE(box.parent, &Window());
     QVERIFY(!box.markup);
     QCOMPARE(Operator().The<QTableWidget>("tableNetworks")->rowCount(), rows);
+    QVERIFY(!Operator().Text("editVersion").isEmpty());
+    QVERIFY(Calls::CountOf("FindNetworks") == 1);
     QVERIFY(Operator().Click("btnConnectAll"));
     QCOMPARE(Operator().The<QTableWidget>("tableNetworks")->rowCount(), 2);
 }

@@ -41,8 +41,6 @@ void ProgramFixture::OpenNetwork(const QString& bench, int row) {
         QVERIFY(Operator().SelectTableRow("tableNetworks", row));
     }
     QVERIFY(Operator().SelectPage("tabNetwork"));
-    // The list takes the focus when its page comes to the front, and with the focus its first row.
-    window->findChild<QListWidget*>(QStringLiteral("listModules"))->setCurrentRow(-1);
     // The first row's panels are gone when the next ones are looked for.
     ProcessAllEvents();
     Calls::Mark();
