@@ -346,9 +346,13 @@ void WidgetDriver::Type(const QString& text) {
     TypeInto(focus, text);
 }
 
-QString WidgetDriver::Text(const char* name) const {
+QVariant WidgetDriver::Value(const char* name, const char* property) const {
     const QWidget* widget = Find(name);
-    return widget != nullptr ? widget->property("text").toString() : QString();
+    return widget != nullptr ? widget->property(property) : QVariant();
+}
+
+QString WidgetDriver::Text(const char* name) const {
+    return Value(name, "text").toString();
 }
 
 bool WidgetDriver::IsEnabled(const char* name) const {

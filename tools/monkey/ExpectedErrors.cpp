@@ -61,6 +61,7 @@ bool IsOwnWord(const QString& title, const QString& text) {
 bool IsKnownTitle(const QString& title) {
     static const QStringList titles = {QStringLiteral("Reading Timer"),       QStringLiteral("Readburst Timer"),
                                        QStringLiteral("Tavik Error Decoder"), QStringLiteral("KRV Config"),
-                                       QStringLiteral("HVX Module"),          QStringLiteral("Cancel Mastering")};
+                                       QStringLiteral("HVX Module"),          QStringLiteral("Cancel Mastering"),
+                                       QStringLiteral("Save Tavik XML")};
     return titles.contains(title);
 }

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -128,13 +129,27 @@ void CheckList(const QWidget& window, QStringList& errors) {
     }
 }
 
+/// Commands of a page that act on what it shows. On the network page those are the commands of a list; the others act
+/// on the selected network, and are left to try again.
+QList<QPushButton*> CommandsOf(const QWidget& page) {
+    QList<QPushButton*> commands;
+    if (page.objectName() == QLatin1String("tabNetwork")) {
+        for (const char* name : {"btnMoveUp", "btnMoveDown", "btnDeleteModule", "btnSetSpeed"}) {
+            commands.append(In<QPushButton>(page, name));
+        }
+        return commands;
+    }
+    commands = page.findChildren<QPushButton*>(QRegularExpression(QStringLiteral("^(?!btnStop)")));
+    return commands;
+}
+
 /// An empty page has no enabled command but a stop.
 void CheckEmptyPage(const QWidget& window, const QWidget& page, QStringList& errors) {
-    const QList<QPushButton*> buttons = page.findChildren<QPushButton*>();
-    for (const QPushButton* button : buttons) {
-        if (button->isEnabledTo(&window) && !button->objectName().startsWith(QLatin1String("btnStop"))) {
+    const QList<QPushButton*> commands = CommandsOf(page);
+    for (const QPushButton* command : commands) {
+        if (command->isEnabledTo(&window)) {
             errors.append(QStringLiteral("%1, empty: expected no enabled command, got %2.")
-                              .arg(page.objectName(), button->objectName()));
+                              .arg(page.objectName(), command->objectName()));
             return;
         }
     }

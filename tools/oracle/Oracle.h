@@ -16,7 +16,7 @@ QStringList IdleErrors(HostWindow& window);
 /// While a loop of the program runs: something can be stopped, and every main control is disabled.
 QStringList LoopErrors(const QWidget& window);
 /// At any time: a list shows the modules of the selected network or none, a page shows the selected module or none, and
-/// a page that shows none has no enabled command.
+/// a page that shows none has no enabled command that acts on its content.
 QStringList PageErrors(const QWidget& window);
 
 /// The form of a message box: title, plain text, buttons.

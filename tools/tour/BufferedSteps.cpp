@@ -102,7 +102,7 @@ void AddBufferedSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     const Location module{Location::Module, bench.shown, bench.buffered};
     const FailureRule failure = Always(boxTitle, boxPrefix);
     const auto master = [](int row) {
-        return [row](Tour& tour) { return OnPage(tour).The<QComboBox>("cbMasterAddress")->currentIndex() == row; };
+        return [row](Tour& tour) { return OnPage(tour).Value("cbMasterAddress", "currentIndex") == row; };
     };
     AddPage(steps, module, LastResortOnly);
     const auto add = [&](const char* name, const auto& act, const auto& seen, const FailureRule& rule) {

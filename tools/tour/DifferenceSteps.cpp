@@ -11,8 +11,8 @@ using Calls = std::vector<JournalEntry>;
 
 const FailureRule ownBox = Always(QStringLiteral("Difference Mode"), QStringLiteral("Error: "));
 
-/// The page's own box, but for what is asked when the window's controls are enabled again: that is after the page has
-/// shown what the stopped run came to, and before it looks for the last time whether the run is over.
+/// The page's own box. While the controls of the window are enabled again, after the page has shown the result of the
+/// stopped run, it is the last resort. Then the page is refreshed once more, without a box.
 FailureBox OfRun(const Calls& calls) {
     enum { Running, Showing, Enabling, Enabled, Looking } phase = Running;
     for (const JournalEntry& call : calls) {
@@ -26,6 +26,9 @@ FailureBox OfRun(const Calls& calls) {
         } else if (phase == Enabling && call.operation == "Count" && !failing) {
             phase = Enabled;
         }
+    }
+    if (phase == Looking) {
+        return Swallowed(calls);
     }
     return phase == Enabling || phase == Enabled ? FailureBox() : ownBox(calls);
 }

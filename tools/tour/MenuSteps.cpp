@@ -36,9 +36,9 @@ void AddMenuSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     steps.push_back({QStringLiteral("error-decoded"), anywhere, DecodeError, stillThere, LastResortOnly});
     steps.push_back({QStringLiteral("about-closed"), anywhere, ShowAbout, stillThere, LastResortOnly});
     if (bench.shown == bench.network) {
-        steps.push_back({QStringLiteral("network-again"), network,
-                         [](Tour& tour) { tour.Operator().SelectPage("tabNetwork"); },
-                         [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, LastResortOnly});
+        steps.push_back(
+            {QStringLiteral("network-again"), network, [](Tour& tour) { tour.Operator().SelectPage("tabNetwork"); },
+             [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); }, LastResortOnly});
         steps.push_back({QStringLiteral("modules-cleared"), network,
                          [](Tour& tour) { tour.Operator().Click("btnClearModules"); },
                          [](Tour& tour) { return tour.Rows("listModules").isEmpty(); },

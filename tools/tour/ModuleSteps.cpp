@@ -67,7 +67,8 @@ void AddPage(std::vector<TourStep>& steps, const Location& place, const FailureR
     const Location network{Location::Network, place.network, QString()};
     steps.push_back({QStringLiteral("modules-of-the-network"), network,
                      [](Tour& tour) { tour.Operator().SelectPage("tabNetwork"); },
-                     [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, selectionFailure});
+                     [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); },
+                     selectionFailure});
     steps.push_back({QStringLiteral("selected-") + identity, place,
                      [identity](Tour& tour) { tour.Operator().SelectRow("listModules", identity); },
                      [identity](Tour& tour) { return tour.Operator().Text("tbTavikIdentity") == identity; },

@@ -62,7 +62,7 @@ public:
                 driver.Choose(combo, index);
                 driver.Click(button);
             },
-            [=](WidgetDriver driver) { return driver.The<QComboBox>(combo)->currentIndex() == index; });
+            [=](WidgetDriver driver) { return driver.Value(combo, "currentIndex") == index; });
     }
 
     void AddRead() {
@@ -71,9 +71,7 @@ public:
             [](WidgetDriver driver) { return !driver.Text("tbReading").isEmpty(); }, ReadingOrPanel(title));
     }
 
-    static bool IsChecked(WidgetDriver driver, const char* button) {
-        return driver.The<QAbstractButton>(button)->isChecked();
-    }
+    static bool IsChecked(WidgetDriver driver, const char* button) { return driver.Value(button, "checked").toBool(); }
 
 private:
     std::vector<TourStep>& steps;
@@ -101,7 +99,7 @@ void AddEncoder(PanelSteps panel) {
             driver.Enter("sbPreset", QStringLiteral("4711"));
             driver.Click("btnPresetinCounts");
         },
-        [](WidgetDriver driver) { return driver.The<QSpinBox>("sbPreset")->value() == 4711; });
+        [](WidgetDriver driver) { return driver.Value("sbPreset", "value") == 4711; });
     panel.AddRead();
 }
 

@@ -14,7 +14,7 @@ std::function<void(Tour& tour)> Press(const char* button) {
 
 bool HasReadings(Tour& tour) {
     const auto* table = tour.Operator().The<QTableWidget>("tableReadings");
-    return table->rowCount() > 0 && table->item(table->rowCount() - 1, 2) != nullptr;
+    return table != nullptr && table->rowCount() > 0 && table->item(table->rowCount() - 1, 2) != nullptr;
 }
 
 } // namespace
@@ -28,6 +28,6 @@ void AddReadBurstSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     steps.push_back({QStringLiteral("readburst-in-counts"), probe, Press("btnReadInCounts"), HasReadings, box});
     steps.push_back({QStringLiteral("readburst-in-units"), probe, Press("btnReadInUnits"), HasReadings, box});
     steps.push_back({QStringLiteral("readburst-timed"), probe, Press("btnTimeReadings"),
-                     [](Tour& tour) { return tour.Operator().Find("tableReadings")->isVisible(); },
+                     [](Tour& tour) { return tour.Operator().Value("tableReadings", "visible").toBool(); },
                      Always(QStringLiteral("Readburst Error"), QString())});
 }

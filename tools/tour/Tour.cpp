@@ -61,6 +61,10 @@ void Tour::GoTo(const Location& place) {
         return;
     }
     driver.SelectPage("tabServer");
+    // A refresh that failed has emptied the table.
+    if (Cell(place.network, 0).isEmpty()) {
+        driver.Click("btnConnectAll");
+    }
     if (place.page == Location::Server) {
         return;
     }
@@ -104,7 +108,8 @@ std::vector<TourStep> ModesTourSteps(const TourBench& bench) {
     AddReadBurstSteps(steps, bench);
     // The list of modules takes the focus, and with it its first module.
     steps.push_back({QStringLiteral("modules-that-collect"), network, [network](Tour& tour) { tour.GoTo(network); },
-                     [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, LastResortOnly});
+                     [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); },
+                     LastResortOnly});
     AddReferenceMarkSteps(steps, bench);
     AddBufferedSteps(steps, bench);
     AddDynamicSteps(steps, bench);

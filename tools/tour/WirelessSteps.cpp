@@ -158,7 +158,7 @@ TourStep SettingsStep(const QString& name, const Location& place, const char* bu
     step.name = name;
     step.place = place;
     step.act = [=](Tour& tour) { ChangeSettings(tour, button, title, field, name + QStringLiteral("-dialog")); };
-    step.seen = [](Tour& tour) { return Panel(tour)->isVisible(); };
+    step.seen = [](Tour& tour) { return tour.Operator().Value("moduleRLKWidget", "visible").toBool(); };
     step.failure = OfSettings;
     step.unusable = {true, QStringLiteral("RLK Config"), QStringLiteral("Unsupported KRV type")};
     step.slow = true;
@@ -177,7 +177,7 @@ void AddWirelessSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     // The list of modules takes the focus, and with it its first module, which may be the wireless one.
     steps.push_back({QStringLiteral("modules-with-the-wireless-one"), network,
                      [network](Tour& tour) { tour.GoTo(network); },
-                     [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, OfSelection});
+                     [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); }, OfSelection});
     steps.push_back({QStringLiteral("selected-") + identity, module,
                      [identity](Tour& tour) { tour.Operator().SelectRow("listModules", identity); },
                      [identity](Tour& tour) { return tour.Operator().Text("tbTavikIdentity") == identity; },
@@ -186,7 +186,8 @@ void AddWirelessSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      [](Tour& tour) { tour.Operator().SelectPage("tabModule"); },
                      [](Tour& tour) { return !tour.Operator().Text("tbTavikID1").isEmpty(); }, LastResortOnly});
     steps.push_back({QStringLiteral("hand-tool-read"), module, ReadTool,
-                     [](Tour& tour) { return Panel(tour)->isVisible(); }, OfReading});
+                     [](Tour& tour) { return tour.Operator().Value("moduleRLKWidget", "visible").toBool(); },
+                     OfReading});
     steps.push_back(SettingsStep(QStringLiteral("single-channel-settings"), module, "btnConfig1",
                                  QStringLiteral("KRV Settings"), "sbResolution"));
     steps.push_back(SettingsStep(QStringLiteral("multi-channel-settings"), module, "btnConfig2",
