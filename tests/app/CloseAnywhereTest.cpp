@@ -1,11 +1,12 @@
 #include "app/Application.h"
 #include "simulator/control/BenchControl.h"
 #include "tests/support/GuardedTest.h"
-#include "tests/support/QtMessages.h"
-#include "tools/monkey/Operate.h"
-#include "tools/monkey/OwnTime.h"
-#include "tools/monkey/Screen.h"
+#include "tools/bench/VirtualClock.h"
+#include "tools/driver/QtMessages.h"
+#include "tools/driver/Screen.h"
+#include "tools/monkey/EventSender.h"
 #include "tools/monkey/Session.h"
+#include "tools/oracle/Oracle.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -52,7 +53,8 @@ bool IsReached(const QString& name) {
     if (name == QLatin1String("restart")) {
         return true; // over as soon as the thread has been at it
     }
-    return front->windowTitle() == name || (front->parentWidget() == nullptr && Screen::Running(*front).contains(name));
+    return front->windowTitle() == name ||
+           (front->parentWidget() == nullptr && Oracle::RunsOffered(*front).contains(name));
 }
 
 [[noreturn]] void EndWith(const QStringList& failures) {
@@ -204,7 +206,7 @@ int main(int argc, char* argv[]) {
     qputenv("QT_NO_GLIB", "1");
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QTemporaryDir folder;
-    OwnTime::Begin();
+    VirtualClock::Begin();
     const Application application(argc, argv);
     QtMessages messages;
     UseFolder(folder.path());

@@ -1,6 +1,6 @@
 #include "app/Program.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 #include "tools/driver/FailureLog.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #include "app/PageTabs.h"
 #include "app/Program.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>

@@ -1,7 +1,7 @@
 #include "app/AboutBox.h"
 #include "panels/common/Activity.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QLabel>
 #include <QSpinBox>

@@ -1,8 +1,8 @@
 #include "panels/common/LastResort.h"
 
 #include "panels/common/MessageBoxes.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <stdexcept>
 #include <thread>

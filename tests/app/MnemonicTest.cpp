@@ -1,6 +1,6 @@
 #include "panels/common/Inputs.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QDialog>
 #include <QLineEdit>

@@ -1,5 +1,5 @@
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "tests/app/BlockedWindow.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QInputDialog>
 #include <QLineEdit>

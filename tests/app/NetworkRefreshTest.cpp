@@ -1,6 +1,6 @@
 #include "app/CapabilityLabel.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QListWidget>
 #include <QTableWidget>

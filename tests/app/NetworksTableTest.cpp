@@ -3,8 +3,8 @@
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
 #include "panels/common/Inputs.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QPushButton>
 

@@ -1,6 +1,6 @@
 #include "library/TavikNetwork.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QHeaderView>
 #include <QLineEdit>

@@ -135,7 +135,7 @@ void ModulePageStatesTest::failedSetUpLeavesThePageEmpty() {
     QFETCH(int, row);
     OpenModule(Benches::With(types, QStringLiteral("capabilities=\"\"")), 0);
     boxes.Tolerate(true);
-    // The number of modules, the module and its identity are asked before this page is set up.
+    // The list of pages asks for the count, the module and its identity before it sets up this page.
     constexpr int callsBefore = 3;
     Calls::Mark();
     SelectModule(row);

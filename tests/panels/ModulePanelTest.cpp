@@ -3,9 +3,9 @@
 #include "library/TavikNetworks.h"
 #include "panels/module/TavikModuleWidget.h"
 #include "tests/panels/types/PanelTest.h"
-#include "tests/support/Benches.h"
 #include "tests/support/FakeHostWindow.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QListWidget>
 #include <QRadioButton>

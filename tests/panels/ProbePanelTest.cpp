@@ -1,7 +1,7 @@
 #include "library/TavikModuleKX.h"
 #include "tests/panels/types/PanelTest.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QGroupBox>
 #include <QListWidget>

@@ -1,6 +1,7 @@
 #include "tests/support/ProgramFixture.h"
 
 #include "tools/driver/FailureLog.h"
+#include "tools/oracle/Oracle.h"
 
 #include <QListWidget>
 #include <QTabWidget>
@@ -18,7 +19,7 @@ void ProgramFixture::cleanup() {
     Drop();
     qtMessages->Finish();
     qtMessages.reset();
-    const QStringList failures = FailureLog::Take() + TeardownErrors();
+    const QStringList failures = FailureLog::Take() + Oracle::TeardownErrors();
     // Not QVERIFY: QtTest calls this function of the base without the handler of TestAbort.
     if (!failures.isEmpty()) {
         QTest::qFail(qPrintable(failures.join(QLatin1Char('\n'))), __FILE__, __LINE__);
@@ -73,23 +74,6 @@ QStringList ProgramFixture::Rows(const char* name) {
         rows.append(list->item(row)->text());
     }
     return rows;
-}
-
-QStringList TeardownErrors() {
-    QStringList left;
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    for (const QWidget* widget : windows) {
-        left.append(QStringLiteral("Teardown: window left open: %1 \"%2\".")
-                        .arg(QLatin1String(widget->metaObject()->className()), widget->windowTitle()));
-    }
-    while (QApplication::overrideCursor() != nullptr) {
-        left.append(QStringLiteral("Teardown: override cursor left."));
-        QApplication::restoreOverrideCursor();
-    }
-    if (CallsOnRemovedModules() > 0) {
-        left.append(QStringLiteral("Teardown: %1 calls on removed modules, expected 0.").arg(CallsOnRemovedModules()));
-    }
-    return left;
 }
 
 void FailNext(const char* operation, const QString& text, const char* object) {

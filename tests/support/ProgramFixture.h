@@ -4,8 +4,8 @@
 #include "app/MainWindow.h"
 #include "tests/support/Calls.h"
 #include "tests/support/GuardedTest.h"
-#include "tests/support/QtMessages.h"
 #include "tools/driver/DialogResponder.h"
+#include "tools/driver/QtMessages.h"
 #include "tools/driver/WidgetDriver.h"
 
 #include <QObject>
@@ -48,9 +48,6 @@ private slots:
 private:
     std::unique_ptr<MainWindow> window;
 };
-
-/// Returns what a teardown must not leave: windows, an override cursor, calls on removed modules.
-QStringList TeardownErrors();
 
 /// Sets the one fault of a test: the next call of this operation throws this text.
 void FailNext(const char* operation, const QString& text, const char* object = "*");

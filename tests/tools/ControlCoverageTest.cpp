@@ -1,8 +1,8 @@
 #include "app/Application.h"
 #include "tests/support/ProgramFixture.h"
 #include "tools/driver/FailureLog.h"
-#include "tools/sweep/Course.h"
-#include "tools/sweep/Walk.h"
+#include "tools/sweep/Scenario.h"
+#include "tools/sweep/ScenarioRun.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -27,9 +27,10 @@ bool IsControl(const QWidget* widget) {
            qobject_cast<const QAbstractSpinBox*>(widget) != nullptr;
 }
 
-/// The form that a widget belongs to: its nearest ancestor of a class of ours. None for those of Qt's own dialogs.
+/// The form that a widget belongs to: its nearest ancestor of a class of ours that is no control. None for those of
+/// Qt's own dialogs.
 const QWidget* FormOf(const QWidget* widget) {
-    while (widget != nullptr && widget->metaObject()->className()[0] == 'Q') {
+    while (widget != nullptr && (widget->metaObject()->className()[0] == 'Q' || IsControl(widget))) {
         widget = widget->isWindow() ? nullptr : widget->parentWidget();
     }
     return widget;
@@ -63,8 +64,8 @@ bool IsLeftOut(const QString& name) {
         QStringLiteral("DialogDifferenceResults.tableResults"), QStringLiteral("DialogReadKRV.readingsTable"),
         QStringLiteral("ReadBurstWidget.tableReadings")};
     // They scroll the tabs, where there are more than fit.
-    static const QStringList ofQt{QStringLiteral("MainWindow.ScrollLeftButton"),
-                                  QStringLiteral("MainWindow.ScrollRightButton")};
+    static const QStringList ofQt{QStringLiteral("PageTabs.ScrollLeftButton"),
+                                  QStringLiteral("PageTabs.ScrollRightButton")};
     return shownOnly.contains(name) || ofQt.contains(name);
 }
 
@@ -102,17 +103,13 @@ private slots:
 
 void ControlCoverageTest::everyControlIsUsed() {
     Watcher watcher;
-    for (const Course& course : Courses()) {
-        const TourBench bench = course.bench();
-        Walk walk(bench);
-        for (const TourStep& step : WholeWay(course, bench)) {
-            if (!step.slow || step.pictured) {
-                walk.Take(step);
-            } else {
-                walk.FirstCallOf(step);
-            }
+    for (const Scenario& scenario : Scenarios()) {
+        const TourBench bench = scenario.bench();
+        ScenarioRun run(bench);
+        for (const TourStep& step : AllSteps(scenario, bench)) {
+            run.Perform(step);
         }
-        walk.End();
+        run.End();
     }
     QStringList unused;
     for (const QString& name : qAsConst(watcher.shown)) {

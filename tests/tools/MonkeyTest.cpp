@@ -1,5 +1,5 @@
 #include "tools/monkey/Child.h"
-#include "tools/monkey/Shrinker.h"
+#include "tools/monkey/Minimiser.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -50,32 +50,32 @@ QStringList StepsNamedIn(const QString& output) {
     return steps;
 }
 
-const QStringList plantedSteps = {QStringLiteral("click btnConnectAll"), QStringLiteral("tab qt_tabwidget_tabbar 1"),
-                                  QStringLiteral("row listModules 0 0")};
+const QStringList seededSteps = {QStringLiteral("click btnConnectAll"), QStringLiteral("tab qt_tabwidget_tabbar 1"),
+                                 QStringLiteral("row listModules 0 0")};
 
-QStringList WithPlant(const QStringList& arguments) {
+QStringList WithSeededFault(const QStringList& arguments) {
     QStringList all = arguments;
-    for (const QString& step : plantedSteps) {
-        all += {QStringLiteral("--plant"), step};
+    for (const QString& step : seededSteps) {
+        all += {QStringLiteral("--seeded-fault"), step};
     }
     return all;
 }
 
 } // namespace
 
-/// The monkey finds what is planted, tells it in few steps, and does the same again for the same seed.
+/// The monkey finds what is seeded, tells it in few steps, and does the same again for the same seed.
 class MonkeyTest : public QObject {
     Q_OBJECT
 
 private slots:
     void stepsSurviveBeingWritten();
-    void shrinkingFindsTheStepsThatMatter();
-    void shrinkingOfAFailureThatNeedsNoStep();
-    void shrinkingEndsWithTheQuestions();
+    void minimisingFindsTheStepsThatMatter();
+    void minimisingAFailureThatNeedsNoStep();
+    void minimisingEndsWithTheTries();
     void endsOfRuns_data();
     void endsOfRuns();
     void seededFaultIsFoundAndMinimised();
-    void plantedCrashIsFoundAndShrunk();
+    void seededCrashIsFoundAndMinimised();
     void sameSeedIsTheSameRun();
     void stepsThatDoNotFail();
     void fileThatNamesNoBench();
@@ -94,23 +94,23 @@ void MonkeyTest::stepsSurviveBeingWritten() {
     QVERIFY_EXCEPTION_THROWN(ReadSteps(folder.filePath(QStringLiteral("none"))), std::runtime_error);
 }
 
-void MonkeyTest::shrinkingFindsTheStepsThatMatter() {
+void MonkeyTest::minimisingFindsTheStepsThatMatter() {
     const auto fails = [](const Steps& steps) { return Holds(steps, 3) && Holds(steps, 41) && Holds(steps, 42); };
-    QVERIFY(Shrink(Numbered(100), fails, 1000) == Steps({Numbered(4)[3], Numbered(42)[41], Numbered(43)[42]}));
+    QVERIFY(Minimise(Numbered(100), fails, 1000) == Steps({Numbered(4)[3], Numbered(42)[41], Numbered(43)[42]}));
 }
 
-void MonkeyTest::shrinkingOfAFailureThatNeedsNoStep() {
-    QVERIFY(Shrink(
+void MonkeyTest::minimisingAFailureThatNeedsNoStep() {
+    QVERIFY(Minimise(
                 Numbered(10), [](const Steps&) { return true; }, 1000)
                 .empty());
-    QVERIFY(Shrink(
+    QVERIFY(Minimise(
                 {}, [](const Steps&) { return true; }, 1000)
                 .empty());
 }
 
-void MonkeyTest::shrinkingEndsWithTheQuestions() {
+void MonkeyTest::minimisingEndsWithTheTries() {
     int questions = 0;
-    const Steps rest = Shrink(
+    const Steps rest = Minimise(
         Numbered(64),
         [&questions](const Steps& steps) {
             ++questions;
@@ -127,8 +127,8 @@ void MonkeyTest::endsOfRuns_data() {
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("kind");
     QTest::newRow("well") << QStringLiteral("100 events\n") << false << 0 << QString();
-    QTest::newRow("complaint") << QStringLiteral("Qt: 5\ncomplaint: Module 12 said \"no 5\".\ncomplaint: b\n") << false
-                               << 3 << QStringLiteral("complaint: Module N said N.");
+    QTest::newRow("failure") << QStringLiteral("Qt: 5\nfailure: Module 12 said \"no 5\".\nfailure: b\n") << false << 3
+                             << QStringLiteral("failure: Module N said N.");
     QTest::newRow("sanitizer") << QStringLiteral("==7==ERROR: AddressSanitizer: heap-use-after-free on 0x1\n") << false
                                << 1 << QStringLiteral("ERROR: AddressSanitizer: heap-use-after-free");
     QTest::newRow("crash") << QStringLiteral("x\n") << true << 11 << QStringLiteral("crash");
@@ -146,22 +146,23 @@ void MonkeyTest::endsOfRuns() {
 }
 
 void MonkeyTest::seededFaultIsFoundAndMinimised() {
-    const Run run = RunMonkey(
-        WithPlant({QStringLiteral("--seed"), QStringLiteral("3"), QStringLiteral("--events"), QStringLiteral("3000")}));
+    const Run run = RunMonkey(WithSeededFault(
+        {QStringLiteral("--seed"), QStringLiteral("3"), QStringLiteral("--events"), QStringLiteral("3000")}));
     QCOMPARE(run.exitCode, 1);
-    QVERIFY2(run.output.contains(QLatin1String("complaint: This has been planted.")), qPrintable(run.output));
+    QVERIFY2(run.output.contains(QLatin1String("failure: Seeded fault reached.")), qPrintable(run.output));
     QVERIFY2(run.output.contains(QLatin1String("of seed 3")), qPrintable(run.output));
-    QCOMPARE(StepsNamedIn(run.output), plantedSteps);
+    QCOMPARE(StepsNamedIn(run.output), seededSteps);
     // The command that it names does the same again.
     const QString file = QRegularExpression(QStringLiteral("--replay (\\S+)")).match(run.output).captured(1);
-    QCOMPARE(RunMonkey(WithPlant({QStringLiteral("--replay"), file})).exitCode, 3);
+    QCOMPARE(RunMonkey(WithSeededFault({QStringLiteral("--replay"), file})).exitCode, 3);
 }
 
-void MonkeyTest::plantedCrashIsFoundAndShrunk() {
-    const Run run = RunMonkey(WithPlant({QStringLiteral("--seed"), QStringLiteral("4"), QStringLiteral("--events"),
-                                         QStringLiteral("3000"), QStringLiteral("--plant-crash")}));
+void MonkeyTest::seededCrashIsFoundAndMinimised() {
+    const Run run =
+        RunMonkey(WithSeededFault({QStringLiteral("--seed"), QStringLiteral("4"), QStringLiteral("--events"),
+                                   QStringLiteral("3000"), QStringLiteral("--seeded-crash")}));
     QCOMPARE(run.exitCode, 1);
-    QCOMPARE(StepsNamedIn(run.output), plantedSteps);
+    QCOMPARE(StepsNamedIn(run.output), seededSteps);
 }
 
 void MonkeyTest::sameSeedIsTheSameRun() {
@@ -176,14 +177,14 @@ void MonkeyTest::sameSeedIsTheSameRun() {
 void MonkeyTest::stepsThatDoNotFail() {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("steps"));
-    WriteSteps(file, {Step::FromText(QStringLiteral("bench small")), Step::FromText(plantedSteps.first())});
+    WriteSteps(file, {Step::FromText(QStringLiteral("bench small")), Step::FromText(seededSteps.first())});
     QCOMPARE(RunMonkey({QStringLiteral("--replay"), file}).exitCode, 0);
 }
 
 void MonkeyTest::fileThatNamesNoBench() {
     const QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("steps"));
-    WriteSteps(file, {Step::FromText(plantedSteps.first())});
+    WriteSteps(file, {Step::FromText(seededSteps.first())});
     QCOMPARE(RunMonkey({QStringLiteral("--replay"), file}).exitCode, 2);
 }
 

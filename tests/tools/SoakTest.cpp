@@ -2,6 +2,7 @@
 
 #include "app/Application.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/oracle/Oracle.h"
 #include "tools/tour/Steps.h"
 
 #include <QTemporaryFile>
@@ -36,9 +37,9 @@ private slots:
     void lineThroughPointsOnALine();
     void lineThroughKnownPoints();
     void fewPointsHaveNoLine();
-    void verdicts_data();
-    void verdicts();
-    void fewerValuesThanNeededAreNotJudged();
+    void results_data();
+    void results();
+    void fewerValuesThanNeededAreInconclusive();
     void warmUpIsTheFirstQuarter();
     void samplesSeeWhatIsHeld();
     void shortRun();
@@ -66,42 +67,42 @@ void SoakTest::fewPointsHaveNoLine() {
     }
 }
 
-void SoakTest::verdicts_data() {
+void SoakTest::results_data() {
     QTest::addColumn<Values>("values");
-    QTest::addColumn<QString>("verdict");
+    QTest::addColumn<QString>("result");
     constexpr int rounds = 40;
-    QTest::newRow("always the same") << Series(rounds, [](int) { return 5000.0; }) << QStringLiteral("steady");
+    QTest::newRow("always the same") << Series(rounds, [](int) { return 5000.0; }) << QStringLiteral("pass");
     QTest::newRow("scatters about a mean")
-        << Series(rounds, [](int round) { return 5000.0 + 3.0 * Scatter(round); }) << QStringLiteral("steady");
+        << Series(rounds, [](int round) { return 5000.0 + 3.0 * Scatter(round); }) << QStringLiteral("pass");
     QTest::newRow("shrinks") << Series(rounds, [](int round) { return 5000.0 - 4.0 * round; })
-                             << QStringLiteral("steady");
-    QTest::newRow("grows by less than matters")
-        << Series(rounds, [](int round) { return 5000.0 + 0.5 * round; }) << QStringLiteral("steady");
-    QTest::newRow("grows") << Series(rounds, [](int round) { return 5000.0 + 2.0 * round; }) << QStringLiteral("grows");
+                             << QStringLiteral("pass");
+    QTest::newRow("grows by less than the limit")
+        << Series(rounds, [](int round) { return 5000.0 + 0.5 * round; }) << QStringLiteral("pass");
+    QTest::newRow("grows") << Series(rounds, [](int round) { return 5000.0 + 2.0 * round; }) << QStringLiteral("fail");
     QTest::newRow("grows and scatters") << Series(rounds, [](int round) {
         return 5000.0 + 2.0 * round + 5.0 * Scatter(round);
-    }) << QStringLiteral("grows");
+    }) << QStringLiteral("fail");
     QTest::newRow("one object every other round")
-        << Series(rounds, [](int round) { return std::floor(1.5 * round); }) << QStringLiteral("grows");
+        << Series(rounds, [](int round) { return std::floor(1.5 * round); }) << QStringLiteral("fail");
     QTest::newRow("scatters too much") << Series(rounds, [](int round) { return 5000.0 + 900.0 * Scatter(round); })
-                                       << QStringLiteral("not judged");
-    QTest::newRow("grows by about what matters")
+                                       << QStringLiteral("inconclusive");
+    QTest::newRow("grows by about the limit")
         << Series(rounds, [](int round) { return 5000.0 + 1.0 * round + 9.0 * Scatter(round); })
-        << QStringLiteral("not judged");
+        << QStringLiteral("inconclusive");
 }
 
-void SoakTest::verdicts() {
+void SoakTest::results() {
     QFETCH(Values, values);
-    QFETCH(QString, verdict);
-    QCOMPARE(QString::fromLatin1(ToText(Judge(values, 1.0))), verdict);
+    QFETCH(QString, result);
+    QCOMPARE(QString::fromLatin1(ToText(ResultOf(values, 1.0))), result);
 }
 
-void SoakTest::fewerValuesThanNeededAreNotJudged() {
+void SoakTest::fewerValuesThanNeededAreInconclusive() {
     const auto growing = [](int round) { return 100.0 * round; };
     const int fewest = static_cast<int>(fewestValues);
-    QCOMPARE(Judge({}, 1.0), Verdict::NotJudged);
-    QCOMPARE(Judge(Series(fewest - 1, growing), 1.0), Verdict::NotJudged);
-    QCOMPARE(Judge(Series(fewest, growing), 1.0), Verdict::Grows);
+    QCOMPARE(ResultOf({}, 1.0), TrendResult::Inconclusive);
+    QCOMPARE(ResultOf(Series(fewest - 1, growing), 1.0), TrendResult::Inconclusive);
+    QCOMPARE(ResultOf(Series(fewest, growing), 1.0), TrendResult::Fail);
 }
 
 void SoakTest::warmUpIsTheFirstQuarter() {
@@ -146,15 +147,15 @@ void SoakTest::shortRun() {
     const std::vector<Finding> findings = soak.Findings();
     QCOMPARE(findings.size(), std::size_t{5});
     for (const Finding& finding : findings) {
-        QCOMPARE(finding.verdict, Verdict::NotJudged);
+        QCOMPARE(finding.result, TrendResult::Inconclusive);
         QCOMPARE(finding.first, finding.last);
     }
-    QCOMPARE(TeardownErrors(), QStringList());
+    QCOMPARE(Oracle::TeardownErrors(), QStringList());
 }
 
 void SoakTest::whatGoesWrongIsTold() {
     const TourBench bench = DifferenceTourBench();
-    const std::vector<TourStep> steps = {{QStringLiteral("impossible"), Place(),
+    const std::vector<TourStep> steps = {{QStringLiteral("impossible"), Location(),
                                           [](Tour& tour) { tour.Operator().Click("btnNowhere"); },
                                           [](Tour&) { return false; }, LastResortOnly}};
     Soak soak(bench, steps, 1.0);
@@ -169,7 +170,7 @@ int main(int argc, char* argv[]) {
     const bool counted = CountObjects();
     const Application application(argc, argv);
     if (!counted) {
-        qWarning("This Qt does not tell of its objects.");
+        qWarning("This Qt build has no object hooks.");
         return 1;
     }
     GuardedTest<SoakTest> test;

@@ -3,16 +3,16 @@
 #include "app/Application.h"
 #include "tests/support/ProgramFixture.h"
 #include "tools/driver/FailureLog.h"
-#include "tools/sweep/Choice.h"
+#include "tools/sweep/FaultSample.h"
 
 using namespace TavikSimulator;
 
 namespace {
 
 /// Connects the networks of a bench with one module, and nothing else, with this rule for failures.
-Course ConnectingCourse(const FailureBox& due) {
+Scenario ConnectingScenario(const FailureBox& due) {
     const auto steps = [due](const TourBench&) {
-        return std::vector<TourStep>{{QStringLiteral("connected"), Place(),
+        return std::vector<TourStep>{{QStringLiteral("connected"), Location(),
                                       [](Tour& tour) { tour.Operator().Click("btnConnectAll"); },
                                       [](Tour& tour) { return tour.Cell(0, 4) == QLatin1String("Connected"); },
                                       [due](const std::vector<JournalEntry>&) { return due; }}};
@@ -20,21 +20,21 @@ Course ConnectingCourse(const FailureBox& due) {
     return {QStringLiteral("connecting"), [] { return PanelTourBench(QStringLiteral("RN")); }, steps};
 }
 
-/// The first calls of the second step of a course, which comes after the start.
-std::vector<Failure> OfSecondStep(const Sweep& sweep, Variant variant) {
+/// The first calls of the second step of a scenario, which comes after the start.
+std::vector<Failure> OfSecondStep(const Sweep& sweep, FaultType faultType) {
     constexpr std::uint64_t few = 2;
-    const OutlinedStep& step = sweep.Way().Steps().at(1);
+    const IndexedStep& step = sweep.Index().Steps().at(1);
     std::vector<Failure> failures;
     for (std::uint64_t call = step.first; call < step.first + few; ++call) {
-        failures.push_back({variant, call});
+        failures.push_back({faultType, call});
     }
     return failures;
 }
 
-Tally TallyOf(const Course& course, Variant variant) {
-    Sweep sweep(course);
-    sweep.Make(OfSecondStep(sweep, variant));
-    return sweep.Tallies().at(variant);
+Tally TallyOf(const Scenario& scenario, FaultType faultType) {
+    Sweep sweep(scenario);
+    sweep.Make(OfSecondStep(sweep, faultType));
+    return sweep.Tallies().at(faultType);
 }
 
 } // namespace
@@ -48,35 +48,36 @@ private slots:
     void rightRuleHolds();
     void wrongRuleIsFound_data();
     void wrongRuleIsFound();
-    void stepThatCannotBeTakenAgainIsFound();
+    void stepThatCannotBeRepeatedIsFound();
     void slowCallTakesBenchTime();
-    void outlineNumbersEveryCall();
+    void indexNumbersEveryCall();
+    void scenarioMakesTheSameCalls();
     void failuresHaveTexts();
-    void choiceIsTheSeeds();
-    void sharesMakeTheWhole();
+    void sampleIsTheSeeds();
+    void shardsMakeTheWhole();
 };
 
 void SweepTest::rightRuleHolds_data() {
-    QTest::addColumn<int>("variant");
-    for (const Variant variant : Variants()) {
-        QTest::newRow(qPrintable(WordOf(variant))) << static_cast<int>(variant);
+    QTest::addColumn<int>("faultType");
+    for (const FaultType faultType : FaultTypes()) {
+        QTest::newRow(qPrintable(WordOf(faultType))) << static_cast<int>(faultType);
     }
 }
 
 void SweepTest::rightRuleHolds() {
-    QFETCH(int, variant);
-    const Course course = ConnectingCourse(FailureBox());
-    Sweep sweep(course);
-    QCOMPARE(sweep.Way().Wrong(), QStringList());
+    QFETCH(int, faultType);
+    const Scenario scenario = ConnectingScenario(FailureBox());
+    Sweep sweep(scenario);
+    QCOMPARE(sweep.Index().Wrong(), QStringList());
     std::vector<Failure> failures;
-    for (const Failure& failure : sweep.Way().Failures()) {
-        if (static_cast<int>(failure.variant) == variant && sweep.Way().PlaceOf(failure.call)->step == 1) {
+    for (const Failure& failure : sweep.Index().Failures()) {
+        if (static_cast<int>(failure.faultType) == faultType && sweep.Index().PositionOf(failure.call)->step == 1) {
             failures.push_back(failure);
         }
     }
     QVERIFY(!failures.empty());
     sweep.Make(failures);
-    const Tally tally = sweep.Tallies().at(static_cast<Variant>(variant));
+    const Tally tally = sweep.Tallies().at(static_cast<FaultType>(faultType));
     QCOMPARE(tally.failures, static_cast<std::uint64_t>(failures.size()));
     QCOMPARE(tally.wrong, std::uint64_t{0});
 }
@@ -94,58 +95,76 @@ void SweepTest::wrongRuleIsFound() {
     QFETCH(bool, shown);
     QFETCH(QString, title);
     QFETCH(QString, prefix);
-    const Course course = ConnectingCourse({shown, title, prefix});
-    const Tally once = TallyOf(course, Variant::Once);
+    const Scenario scenario = ConnectingScenario({shown, title, prefix});
+    const Tally once = TallyOf(scenario, FaultType::Once);
     QVERIFY(once.failures > 0);
     QCOMPARE(once.wrong, once.failures);
-    const Tally on = TallyOf(course, Variant::On);
+    const Tally on = TallyOf(scenario, FaultType::Persistent);
     // Where no box is due, later failures may still have theirs.
     QCOMPARE(on.wrong, shown ? on.failures : std::uint64_t{0});
 }
 
-void SweepTest::stepThatCannotBeTakenAgainIsFound() {
-    Course course = ConnectingCourse(FailureBox());
-    const auto steps = course.steps;
-    course.steps = [steps](const TourBench& bench) {
+void SweepTest::stepThatCannotBeRepeatedIsFound() {
+    Scenario scenario = ConnectingScenario(FailureBox());
+    const auto steps = scenario.steps;
+    scenario.steps = [steps](const TourBench& bench) {
         std::vector<TourStep> spoilt = steps(bench);
         spoilt.front().seen = [](Tour&) { return FaultsTriggered() == 0; };
         return spoilt;
     };
-    const Tally tally = TallyOf(course, Variant::OncePlainly);
+    const Tally tally = TallyOf(scenario, FaultType::OnceRuntimeError);
     QVERIFY(tally.failures > 0);
     QCOMPARE(tally.wrong, tally.failures);
 }
 
 void SweepTest::slowCallTakesBenchTime() {
-    const Course course = ConnectingCourse(FailureBox());
-    const Outline outline(course);
-    Walk walk(course.bench());
-    QCOMPARE(walk.Take(outline.Steps().at(0).step), QStringList());
+    const Scenario scenario = ConnectingScenario(FailureBox());
+    const CallIndex callIndex(scenario);
+    ScenarioRun run(scenario.bench());
+    QCOMPARE(run.Perform(callIndex.Steps().at(0).step), QStringList());
     const double before = BenchTime();
-    const Verdict verdict = walk.TakeFailing(outline.Steps().at(1), {Variant::Slow, 2, 1});
-    QVERIFY(verdict.struck.has_value());
-    QCOMPARE(verdict.wrong, QStringList());
+    const StepResult result = run.PerformFailing(callIndex.Steps().at(1), {FaultType::Slow, 2, 1});
+    QVERIFY(result.failedCall.has_value());
+    QCOMPARE(result.wrong, QStringList());
     QCOMPARE(BenchTime() - before, 3.0);
-    QCOMPARE(walk.End(), QStringList());
+    QCOMPARE(run.End(), QStringList());
 }
 
-void SweepTest::outlineNumbersEveryCall() {
-    const Outline outline(*FindCourse(QStringLiteral("panel-RN")));
-    QVERIFY(outline.Calls() > 100);
-    for (std::uint64_t call = 1; call <= outline.Calls(); ++call) {
-        const std::optional<CallPlace> place = outline.PlaceOf(call);
+void SweepTest::indexNumbersEveryCall() {
+    const CallIndex callIndex(*FindScenario(QStringLiteral("panel-RN")));
+    QVERIFY(callIndex.Calls() > 100);
+    for (std::uint64_t call = 1; call <= callIndex.Calls(); ++call) {
+        const std::optional<CallPosition> place = callIndex.PositionOf(call);
         QVERIFY(place.has_value());
-        QCOMPARE(outline.Steps().at(place->step).first + place->inStep - 1, call);
+        QCOMPARE(callIndex.Steps().at(place->step).first + place->inStep - 1, call);
     }
-    QVERIFY(!outline.PlaceOf(0).has_value());
-    QVERIFY(!outline.PlaceOf(outline.Calls() + 1).has_value());
+    QVERIFY(!callIndex.PositionOf(0).has_value());
+    QVERIFY(!callIndex.PositionOf(callIndex.Calls() + 1).has_value());
+}
+
+void SweepTest::scenarioMakesTheSameCalls() {
+    const auto calls = [] {
+        QStringList texts;
+        const CallIndex index(*FindScenario(QStringLiteral("difference")));
+        for (const IndexedStep& step : index.Steps()) {
+            for (const JournalEntry& call : step.calls) {
+                texts.append(step.step.name + QLatin1Char(' ') + QString::fromStdString(CallText(call)));
+            }
+        }
+        return texts;
+    };
+    const QStringList first = calls();
+    // The step counts readings for 5 s by the date, which advances by 200 ms with each query.
+    const int timed = first.filter(QRegularExpression(QStringLiteral("^readburst-timed "))).size();
+    QVERIFY2(timed > 20 && timed < 100, qPrintable(QString::number(timed)));
+    QCOMPARE(calls(), first);
 }
 
 void SweepTest::failuresHaveTexts() {
-    for (const Variant variant : Variants()) {
-        const std::optional<Failure> again = FailureFromText(ToText(Failure{variant, 17}));
+    for (const FaultType faultType : FaultTypes()) {
+        const std::optional<Failure> again = FailureFromText(ToText(Failure{faultType, 17}));
         QVERIFY(again.has_value());
-        QCOMPARE(again->variant, variant);
+        QCOMPARE(again->faultType, faultType);
         QCOMPARE(again->call, std::uint64_t{17});
     }
     for (const char* text : {"", "once", "once@", "once@0", "once@x", "twice@3", "@3"}) {
@@ -153,40 +172,40 @@ void SweepTest::failuresHaveTexts() {
     }
 }
 
-void SweepTest::choiceIsTheSeeds() {
+void SweepTest::sampleIsTheSeeds() {
     std::vector<Failure> failures;
-    for (const Variant variant : Variants()) {
-        for (std::uint64_t call = 1; call <= (variant == Variant::Code ? 3 : 50); ++call) {
-            failures.push_back({variant, call});
+    for (const FaultType faultType : FaultTypes()) {
+        for (std::uint64_t call = 1; call <= (faultType == FaultType::Code ? 3 : 50); ++call) {
+            failures.push_back({faultType, call});
         }
     }
-    const std::vector<Failure> chosen = Choose(failures, 60, 1);
+    const std::vector<Failure> chosen = SampleOf(failures, 60, 1);
     QCOMPARE(chosen.size(), std::size_t{60});
-    QCOMPARE(ToText(Choose(failures, 60, 1)), ToText(chosen));
-    QVERIFY(ToText(Choose(failures, 60, 2)) != ToText(chosen));
-    std::map<Variant, int> counts;
+    QCOMPARE(ToText(SampleOf(failures, 60, 1)), ToText(chosen));
+    QVERIFY(ToText(SampleOf(failures, 60, 2)) != ToText(chosen));
+    std::map<FaultType, int> counts;
     QSet<QString> different;
     for (const Failure& failure : chosen) {
-        ++counts[failure.variant];
+        ++counts[failure.faultType];
         different.insert(ToText(failure));
     }
     QCOMPARE(different.size(), 60);
-    QCOMPARE(counts[Variant::Code], 3);
-    for (const Variant variant :
-         {Variant::Once, Variant::OncePlainly, Variant::On, Variant::OnPlainly, Variant::Slow}) {
-        QVERIFY(counts[variant] == 11 || counts[variant] == 12);
+    QCOMPARE(counts[FaultType::Code], 3);
+    for (const FaultType faultType : {FaultType::Once, FaultType::OnceRuntimeError, FaultType::Persistent,
+                                      FaultType::PersistentRuntimeError, FaultType::Slow}) {
+        QVERIFY(counts[faultType] == 11 || counts[faultType] == 12);
     }
-    QCOMPARE(Choose(failures, 1000, 1).size(), failures.size());
+    QCOMPARE(SampleOf(failures, 1000, 1).size(), failures.size());
 }
 
-void SweepTest::sharesMakeTheWhole() {
+void SweepTest::shardsMakeTheWhole() {
     std::vector<Failure> failures;
     for (std::uint64_t call = 1; call <= 10; ++call) {
-        failures.push_back({Variant::Once, call});
+        failures.push_back({FaultType::Once, call});
     }
-    QCOMPARE(ToText(Share(failures, 1, 3)), QStringLiteral("once@1 once@4 once@7 once@10"));
-    QCOMPARE(ToText(Share(failures, 3, 3)), QStringLiteral("once@3 once@6 once@9"));
-    QCOMPARE(ToText(Share(failures, 1, 1)), ToText(failures));
+    QCOMPARE(ToText(ShardOf(failures, 1, 3)), QStringLiteral("once@1 once@4 once@7 once@10"));
+    QCOMPARE(ToText(ShardOf(failures, 3, 3)), QStringLiteral("once@3 once@6 once@9"));
+    QCOMPARE(ToText(ShardOf(failures, 1, 1)), ToText(failures));
 }
 
 TAVIK_TEST_MAIN(SweepTest)

@@ -2,8 +2,8 @@
 
 #include "app/Application.h"
 #include "tests/support/ProgramFixture.h"
-#include "tools/sweep/Course.h"
-#include "tools/sweep/Walk.h"
+#include "tools/sweep/Scenario.h"
+#include "tools/sweep/ScenarioRun.h"
 
 /// The operator's whole way, on which nothing fails.
 class TourTest : public QObject {
@@ -15,10 +15,10 @@ private slots:
 };
 
 void TourTest::wholeTour_data() {
-    QTest::addColumn<QString>("course");
+    QTest::addColumn<QString>("scenario");
     QTest::addColumn<bool>("ownBench");
-    for (const Course& course : Courses()) {
-        QTest::newRow(qPrintable(course.name)) << course.name << true;
+    for (const Scenario& scenario : Scenarios()) {
+        QTest::newRow(qPrintable(scenario.name)) << scenario.name << true;
     }
     QTest::newRow("main, default bench") << QStringLiteral("main") << false;
     // It stands for all modes there.
@@ -26,19 +26,19 @@ void TourTest::wholeTour_data() {
 }
 
 void TourTest::wholeTour() {
-    QFETCH(QString, course);
+    QFETCH(QString, scenario);
     QFETCH(bool, ownBench);
     const QtMessages messages;
-    const Course& way = *FindCourse(course);
+    const Scenario& way = *FindScenario(scenario);
     const TourBench bench = ownBench ? way.bench() : DefaultTourBench();
-    Walk walk(bench);
-    for (const TourStep& step : WholeWay(way, bench)) {
+    ScenarioRun run(bench);
+    for (const TourStep& step : AllSteps(way, bench)) {
         if (ownBench || !step.slow) {
-            const QStringList wrong = walk.Take(step);
+            const QStringList wrong = run.Perform(step);
             QVERIFY2(wrong.isEmpty(), qPrintable(step.name + QStringLiteral(": ") + wrong.join(QStringLiteral("; "))));
         }
     }
-    QCOMPARE(walk.End(), QStringList());
+    QCOMPARE(run.End(), QStringList());
 }
 
 TAVIK_TEST_MAIN(TourTest)

@@ -22,8 +22,16 @@ ROOMS = {
     "app": ["library", "panels"],
     "packaging": [],
     "tests": ["library", "panels", "app", "simulator", "tools"],
-    "tools": ["library", "panels", "app", "simulator/control", "tests/support"],
-    "benchmarks": ["library", "panels", "app", "simulator/control", "tests/support", "tools"],
+    "tools/driver": [],
+    "tools/bench": ["simulator/control"],
+    "tools/oracle": ["panels/common", "simulator/control", "tools/driver"],
+    "tools/tour": ["library", "app", "simulator/control", "tools/driver", "tools/bench"],
+    "tools/screenshots": ["app", "tools/driver", "tools/bench", "tools/tour"],
+    "tools/soak": ["app", "simulator/control", "tools/driver", "tools/bench", "tools/tour", "tools/sweep"],
+    "tools/sweep": ["app", "simulator/control", "tools/driver", "tools/bench", "tools/oracle", "tools/tour"],
+    "tools/monkey": ["library", "panels/common", "app", "simulator/control", "tools/driver", "tools/bench",
+                     "tools/oracle"],
+    "benchmarks": ["library", "panels", "app", "simulator/control", "tools"],
 }
 WITHOUT_QT = re.compile(r"(?:library|simulator)\b")
 

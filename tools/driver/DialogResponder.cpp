@@ -1,6 +1,7 @@
 #include "tools/driver/DialogResponder.h"
 
 #include "tools/driver/FailureLog.h"
+#include "tools/driver/Screen.h"
 #include "tools/driver/WidgetDriver.h"
 
 #include <QAbstractButton>
@@ -9,6 +10,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QMap>
 #include <QMessageBox>
 #include <QSpinBox>
 #include <QTest>
@@ -31,40 +33,25 @@ QString CaptionsOf(const QDialog& dialog) {
 }
 
 BoxKind KindOf(const QMessageBox& box) {
-    switch (box.icon()) {
-    case QMessageBox::Critical:
-        return BoxKind::Critical;
-    case QMessageBox::Warning:
-        return BoxKind::Warning;
-    case QMessageBox::Question:
-        return BoxKind::Question;
-    default:
-        return BoxKind::Information;
-    }
+    static const QMap<QMessageBox::Icon, BoxKind> kinds{{QMessageBox::Critical, BoxKind::Critical},
+                                                        {QMessageBox::Warning, BoxKind::Warning},
+                                                        {QMessageBox::Question, BoxKind::Question}};
+    return kinds.value(box.icon(), BoxKind::Information);
 }
 
 QString KindText(BoxKind kind) {
-    switch (kind) {
-    case BoxKind::Critical:
-        return QStringLiteral("critical box");
-    case BoxKind::Information:
-        return QStringLiteral("information box");
-    case BoxKind::Warning:
-        return QStringLiteral("warning box");
-    case BoxKind::Question:
-        return QStringLiteral("question");
-    case BoxKind::TextInput:
-        return QStringLiteral("text input box");
-    case BoxKind::NumberInput:
-        return QStringLiteral("number input box");
-    case BoxKind::OpenFile:
-        return QStringLiteral("open-file box");
-    case BoxKind::SaveFile:
-        return QStringLiteral("save-file box");
-    case BoxKind::Dialog:
-        break;
-    }
-    return QStringLiteral("dialog");
+    static const QMap<BoxKind, const char*> texts{
+        {BoxKind::Critical, "critical box"},
+        {BoxKind::Information, "information box"},
+        {BoxKind::Warning, "warning box"},
+        {BoxKind::Question, "question"},
+        {BoxKind::TextInput, "text input box"},
+        {BoxKind::NumberInput, "number input box"},
+        {BoxKind::OpenFile, "open-file box"},
+        {BoxKind::SaveFile, "save-file box"},
+        {BoxKind::Dialog, "dialog"},
+    };
+    return QLatin1String(texts.value(kind));
 }
 
 bool IsMessage(BoxKind kind) {
@@ -92,36 +79,21 @@ void Type(QDialog* dialog, const QString& text) {
     ProcessAllEvents();
     QTest::keyClick(entry, Qt::Key_A, Qt::ControlModifier);
     TypeInto(entry, text);
-    // The list of file names that begin like this would take the next click for itself.
+    // The list of completions is a popup, which would receive the next click.
     if (QWidget* completions = QApplication::activePopupWidget()) {
         completions->close();
     }
 }
 
-/// A dialog that its window frame does not let the operator close: it goes by itself.
-bool OnlyTells(const QDialog& dialog) {
-    const Qt::WindowFlags flags = dialog.windowFlags();
-    return flags.testFlag(Qt::CustomizeWindowHint) && !flags.testFlag(Qt::WindowCloseButtonHint);
-}
-
-/// Presses the button that accepts or leaves the box.
+/// Presses the button that accepts or rejects the box.
 void PressButton(QDialog* dialog, bool accept) {
-    QAbstractButton* wanted = nullptr;
-    const QList<QDialogButtonBox*> boxes = dialog->findChildren<QDialogButtonBox*>();
-    for (const QDialogButtonBox* box : boxes) {
-        const QList<QAbstractButton*> buttons = box->buttons();
-        for (QAbstractButton* button : buttons) {
-            const QDialogButtonBox::ButtonRole role = box->buttonRole(button);
-            const bool accepts = role == QDialogButtonBox::AcceptRole || role == QDialogButtonBox::YesRole;
-            wanted = accepts == accept ? button : wanted;
-        }
-    }
-    if (wanted == nullptr || !WidgetDriver(*dialog).Click(wanted)) {
+    QAbstractButton* button = Screen::ButtonOf(*dialog, accept);
+    if (button == nullptr || !WidgetDriver(*dialog).Click(button)) {
         dialog->done(accept ? QDialog::Accepted : QDialog::Rejected);
     }
 }
 
-/// While the parent is there; it may be gone when somebody wants to know.
+/// Now, because the parent may be destroyed before the box is compared.
 void NameParent(SeenBox& box) {
     if (box.parent != nullptr) {
         box.parentClass = QLatin1String(box.parent->metaObject()->className());
@@ -130,7 +102,7 @@ void NameParent(SeenBox& box) {
 }
 
 void CloseLeftOpen(QDialog& dialog) {
-    FailureLog::Add(QStringLiteral("The dialog \"%1\" was left open.").arg(dialog.windowTitle()));
+    FailureLog::Add(QStringLiteral("Dialog \"%1\": expected closed, got left open.").arg(dialog.windowTitle()));
     dialog.done(QDialog::Rejected);
 }
 
@@ -211,7 +183,7 @@ QVector<SeenBox> DialogResponder::Take() {
 
 void DialogResponder::Finish() {
     for (const Expected& missing : qAsConst(expected)) {
-        FailureLog::Add(QStringLiteral("There was no %1.").arg(ToText(missing.box)));
+        FailureLog::Add(QStringLiteral("Expected a %1, got none.").arg(ToText(missing.box)));
     }
     expected.clear();
 }
@@ -222,11 +194,12 @@ void DialogResponder::Look() {
         return;
     }
     answered.removeAll(QPointer<QDialog>());
-    if (answered.contains(dialog) || OnlyTells(*dialog)) {
+    // A dialog without a close button closes by itself.
+    if (answered.contains(dialog) || !Screen::CanBeClosed(*dialog)) {
         return;
     }
     answered.append(dialog);
-    // Not from here: while the timer's slot runs it does not look for the boxes that open meanwhile.
+    // Queued: while the slot of the timer runs, the timer does not find the boxes that open meanwhile.
     const QPointer<QDialog> box = dialog;
     const auto answer = [this, box] {
         if (box != nullptr && box->isVisible()) {
@@ -244,8 +217,8 @@ void DialogResponder::Answer(QDialog* dialog) {
     if (!expected.isEmpty() && Same(expected.first().box, description)) {
         reply = expected.takeFirst().reply;
     } else if (!tolerating || !IsMessage(description.kind) || description.markup) {
-        const QString instead = expected.isEmpty() ? QStringLiteral("none") : ToText(expected.first().box);
-        FailureLog::Add(QStringLiteral("Unexpected %1; expected: %2.").arg(ToText(description), instead));
+        const QString instead = expected.isEmpty() ? QStringLiteral("no box") : ToText(expected.first().box);
+        FailureLog::Add(QStringLiteral("Expected %1, got a %2.").arg(instead, ToText(description)));
         reply.accept = IsMessage(description.kind);
     }
     if (reply.meanwhile) {

@@ -30,9 +30,8 @@ struct BoxReply {
     bool leave = false;                          ///< the dialog stays open; something else closes it
 };
 
-/// Answers the modal boxes and dialogs that open, as an operator would who expects them in this order. A box
-/// that is not expected, or is other than expected, goes to the FailureLog and is closed, so that nothing
-/// hangs.
+/// Answers the modal boxes and dialogs that open, which are expected in this order. Any other box goes to the
+/// FailureLog and is closed, so that no loop waits for it.
 class DialogResponder : public QObject {
     Q_OBJECT
 
@@ -50,14 +49,14 @@ public:
     /// A dialog that is used, from the event loop, and has to be closed by that.
     void ExpectUse(QWidget* parent, const QString& title, const std::function<void(QDialog& dialog)>& use);
 
-    /// From now on message boxes that nobody expects are closed without a complaint.
+    /// Whether unexpected message boxes are closed without a failure.
     void Tolerate(bool tolerated) { tolerating = tolerated; }
 
     int Count() const { return seen.size(); }
     const QVector<SeenBox>& Peek() const { return seen; }
     /// The boxes that have been open since the last call.
     QVector<SeenBox> Take();
-    /// Complains of every box that was expected and did not come; from then on none is expected.
+    /// Logs a failure for every expected box that did not open; then none is expected.
     void Finish();
 
 private:

@@ -2,12 +2,12 @@
 
 #include <QStringList>
 
-// What went wrong while the program was driven: a control that could not be reached, a box that nobody
-// expected. Whoever drives the program looks here after each step.
+// Failures while the program is driven: a control that cannot be reached, an unexpected box. A test takes them at its
+// end, the tools after each step.
 namespace FailureLog {
 
 void Add(const QString& text);
-/// The failures since the last call, which are forgotten by it.
+/// Returns the failures since the last call.
 QStringList Take();
 
 } // namespace FailureLog

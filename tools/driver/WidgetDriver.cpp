@@ -1,20 +1,18 @@
 #include "tools/driver/WidgetDriver.h"
 
 #include "tools/driver/FailureLog.h"
+#include "tools/driver/Screen.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
-#include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QScrollArea>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
@@ -35,22 +33,6 @@ void TurnEventLoop() {
 
 QString NameOf(const QWidget* widget) {
     return QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName();
-}
-
-/// Where a control answers to a click.
-QPoint ActiveSpot(const QWidget* widget) {
-    // The text of a choice may end long before its widget does.
-    const bool choice =
-        qobject_cast<const QRadioButton*>(widget) != nullptr || qobject_cast<const QCheckBox*>(widget) != nullptr;
-    return choice ? QPoint(8, widget->height() / 2) : widget->rect().center();
-}
-
-void ScrollTo(QWidget* widget) {
-    for (QWidget* ancestor = widget->parentWidget(); ancestor != nullptr; ancestor = ancestor->parentWidget()) {
-        if (auto* area = qobject_cast<QScrollArea*>(ancestor)) {
-            area->ensureWidgetVisible(widget, 0, 0);
-        }
-    }
 }
 
 bool Shows(QWidget* page, const QWidget* widget) {
@@ -127,29 +109,29 @@ QWidget* WidgetDriver::Find(const char* name) const {
         }
     }
     if (found.isEmpty()) {
-        LogFailureOf(name, QStringLiteral("does not exist"));
+        LogFailureOf(name, QStringLiteral("expected a control, got none"));
         return nullptr;
     }
     return found.first();
 }
 
 void WidgetDriver::LogFailureOf(const char* name, const QString& text) const {
-    FailureLog::Add(QStringLiteral("The control %1 %2.").arg(QLatin1String(name), text));
+    FailureLog::Add(QStringLiteral("%1: %2.").arg(QLatin1String(name), text));
 }
 
 bool WidgetDriver::CanUse(QWidget* widget) const {
     const QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr && widget->window() != modal) {
         FailureLog::Add(
-            QStringLiteral("%1 cannot be used while \"%2\" is open.").arg(NameOf(widget), modal->windowTitle()));
+            QStringLiteral("%1: expected usable, got blocked by \"%2\".").arg(NameOf(widget), modal->windowTitle()));
         return false;
     }
     if (!widget->isVisible()) {
-        FailureLog::Add(NameOf(widget) + QStringLiteral(" cannot be seen."));
+        FailureLog::Add(NameOf(widget) + QStringLiteral(": expected visible, got hidden."));
         return false;
     }
     if (!widget->isEnabled()) {
-        FailureLog::Add(NameOf(widget) + QStringLiteral(" is disabled."));
+        FailureLog::Add(NameOf(widget) + QStringLiteral(": expected enabled, got disabled."));
         return false;
     }
     return true;
@@ -161,7 +143,7 @@ bool WidgetDriver::Click(const char* name) {
 }
 
 bool WidgetDriver::Click(QWidget* widget) {
-    return ClickAt(widget, ActiveSpot(widget));
+    return ClickAt(widget, Screen::ActiveSpot(*widget));
 }
 
 bool WidgetDriver::ClickAt(QWidget* widget, const QPoint& position) {
@@ -174,16 +156,21 @@ bool WidgetDriver::ClickAt(QWidget* widget, const QPoint& position) {
     if (!CanUse(widget)) {
         return false;
     }
-    ScrollTo(widget);
+    Screen::ScrollTo(*widget);
     QWidget* top = widget->window();
     const QPoint spot = widget->mapTo(top, position);
-    const QWidget* hit = top->childAt(spot);
-    if (hit == nullptr || !Shows(widget, hit)) {
-        FailureLog::Add(QStringLiteral("%1 is covered by %2 at %3, %4.")
+    if (!Screen::IsReached(*widget, position)) {
+        const QWidget* hit = top->childAt(spot);
+        FailureLog::Add(QStringLiteral("%1 at %3, %4: expected uncovered, got covered by %2.")
                             .arg(NameOf(widget), hit != nullptr ? NameOf(hit) : QStringLiteral("the window's edge"))
                             .arg(spot.x())
                             .arg(spot.y()));
         return false;
+    }
+    // As a window manager does; without one, no window is active after a dialog has closed, and no control has the
+    // focus.
+    if (top->windowType() != Qt::Popup && !top->isActiveWindow()) {
+        QApplication::setActiveWindow(top);
     }
     QTest::mouseClick(top->windowHandle(), Qt::LeftButton, Qt::NoModifier, spot);
     return true;
@@ -202,7 +189,7 @@ bool WidgetDriver::ScrollToTab(QTabBar* bar, int index) {
             break;
         }
     }
-    FailureLog::Add(QStringLiteral("The tab \"%1\" cannot be reached.").arg(bar->tabText(index)));
+    FailureLog::Add(QStringLiteral("Tab \"%1\": expected to be reached, got no arrow to it.").arg(bar->tabText(index)));
     return false;
 }
 
@@ -218,7 +205,7 @@ bool WidgetDriver::SelectPage(const char* name) {
             }
         }
     }
-    LogFailureOf(name, QStringLiteral("is on no page"));
+    LogFailureOf(name, QStringLiteral("expected on a page, got on none"));
     return false;
 }
 
@@ -226,7 +213,7 @@ bool WidgetDriver::SelectRow(const char* name, int row) {
     auto* list = The<QListWidget>(name);
     QListWidgetItem* item = list != nullptr ? list->item(row) : nullptr;
     if (item == nullptr) {
-        LogFailureOf(name, QStringLiteral("has no row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("expected row %1, got none").arg(row));
         return false;
     }
     list->scrollToItem(item);
@@ -238,7 +225,7 @@ bool WidgetDriver::SelectRow(const char* name, const QString& text) {
     const QList<QListWidgetItem*> items =
         list != nullptr ? list->findItems(text, Qt::MatchExactly) : QList<QListWidgetItem*>();
     if (items.isEmpty()) {
-        LogFailureOf(name, QStringLiteral("has no row \"%1\"").arg(text));
+        LogFailureOf(name, QStringLiteral("expected row \"%1\", got none").arg(text));
         return false;
     }
     return SelectRow(name, list->row(items.first()));
@@ -248,7 +235,7 @@ bool WidgetDriver::SelectTableRow(const char* name, int row) {
     auto* table = The<QTableWidget>(name);
     QTableWidgetItem* item = table != nullptr ? table->item(row, 0) : nullptr;
     if (item == nullptr) {
-        LogFailureOf(name, QStringLiteral("has no row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("expected row %1, got none").arg(row));
         return false;
     }
     table->scrollToItem(item);
@@ -259,7 +246,7 @@ QWidget* WidgetDriver::CellButton(const char* name, int row, int column) const {
     auto* table = The<QTableWidget>(name);
     QWidget* button = table != nullptr ? table->cellWidget(row, column) : nullptr;
     if (button == nullptr) {
-        LogFailureOf(name, QStringLiteral("has no button in row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("expected a button in row %1, got none").arg(row));
     }
     return button;
 }
@@ -272,12 +259,12 @@ bool WidgetDriver::ClickCellButton(const char* name, int row, int column) {
 bool WidgetDriver::Choose(const char* name, int row) {
     auto* box = The<QComboBox>(name);
     if (box == nullptr || row < 0 || row >= box->count()) {
-        LogFailureOf(name, QStringLiteral("has no row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("expected row %1, got none").arg(row));
         return false;
     }
     QAbstractItemView* rows = box->view();
     if (!Click(box) || !WaitUntil([rows] { return rows->isVisible(); })) {
-        LogFailureOf(name, QStringLiteral("does not open"));
+        LogFailureOf(name, QStringLiteral("expected open, got closed"));
         return false;
     }
     const auto goToRow = [rows, row] {
@@ -288,7 +275,7 @@ bool WidgetDriver::Choose(const char* name, int row) {
         return rows->currentIndex().row() == row;
     };
     if (!WaitUntil(goToRow)) {
-        LogFailureOf(name, QStringLiteral("does not go to row %1").arg(row));
+        LogFailureOf(name, QStringLiteral("expected current row %1, got another").arg(row));
         return false;
     }
     TurnEventLoop();
@@ -329,12 +316,12 @@ bool WidgetDriver::Trigger(const char* menuName, const char* actionName) {
     auto* action = window.findChild<QAction*>(QLatin1String(actionName));
     auto* bar = window.findChild<QMenuBar*>();
     if (menu == nullptr || action == nullptr || bar == nullptr || !action->isEnabled()) {
-        LogFailureOf(actionName, QStringLiteral("is not in the menu"));
+        LogFailureOf(actionName, QStringLiteral("expected an enabled action in the menu, got none"));
         return false;
     }
     if (!ClickAt(bar, bar->actionGeometry(menu->menuAction()).center()) ||
         !WaitUntil([&] { return menu->isVisible(); })) {
-        LogFailureOf(menuName, QStringLiteral("does not open"));
+        LogFailureOf(menuName, QStringLiteral("expected open, got closed"));
         return false;
     }
     TurnEventLoop();
@@ -353,15 +340,19 @@ void WidgetDriver::Type(const QString& text) {
     TurnEventLoop();
     QWidget* focus = window.focusWidget();
     if (focus == nullptr) {
-        FailureLog::Add(QStringLiteral("There is nothing to type \"%1\" into.").arg(text));
+        FailureLog::Add(QStringLiteral("Typing \"%1\": expected a control with the focus, got none.").arg(text));
         return;
     }
     TypeInto(focus, text);
 }
 
-QString WidgetDriver::Text(const char* name) const {
+QVariant WidgetDriver::Value(const char* name, const char* property) const {
     const QWidget* widget = Find(name);
-    return widget != nullptr ? widget->property("text").toString() : QString();
+    return widget != nullptr ? widget->property(property) : QVariant();
+}
+
+QString WidgetDriver::Text(const char* name) const {
+    return Value(name, "text").toString();
 }
 
 bool WidgetDriver::IsEnabled(const char* name) const {

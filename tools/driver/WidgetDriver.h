@@ -5,6 +5,7 @@
 #include <QString>
 #include <QTabBar>
 #include <QTimer>
+#include <QVariant>
 #include <QWidget>
 
 #include <functional>
@@ -42,7 +43,7 @@ public:
     Widget* The(const char* name) const {
         auto* widget = qobject_cast<Widget*>(Find(name));
         if (widget == nullptr) {
-            LogFailureOf(name, QStringLiteral("is of another class"));
+            LogFailureOf(name, QStringLiteral("expected another class of control"));
         }
         return widget;
     }
@@ -71,6 +72,8 @@ public:
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void Type(const QString& text);
 
+    /// A property of a control, such as "currentIndex"; invalid if the control does not exist.
+    QVariant Value(const char* name, const char* property) const;
     /// The text of a label, a line edit or a button.
     QString Text(const char* name) const;
     bool IsEnabled(const char* name) const;

@@ -4,7 +4,7 @@
 #include "library/TavikModulePNX.h"
 #include "simulator/control/BenchControl.h"
 #include "simulator/control/HandToolControl.h"
-#include "tools/monkey/OwnTime.h"
+#include "tools/bench/VirtualClock.h"
 
 #include <QHash>
 
@@ -55,7 +55,7 @@ using Happening = std::function<void(const Step& step)>;
 
 const QHash<QString, Happening>& Happenings() {
     static const QHash<QString, Happening> happenings = {
-        {QStringLiteral("wait"), [](const Step& step) { OwnTime::Pass(step.Number(1)); }},
+        {QStringLiteral("wait"), [](const Step& step) { VirtualClock::Pass(step.Number(1)); }},
         {QStringLiteral("fault"), SetFault},
         {QStringLiteral("no-faults"), [](const Step&) { ClearFaults(); }},
         {QStringLiteral("module-leaves"),

@@ -1,7 +1,7 @@
 #include "tools/monkey/Campaign.h"
 
 #include "tools/monkey/Child.h"
-#include "tools/monkey/Shrinker.h"
+#include "tools/monkey/Minimiser.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int sessionsPerChild = 10;
-constexpr int questionsOfTheShrinker = 400;
+constexpr int minimiserTries = 400;
 
 class Campaign {
 public:
@@ -112,7 +112,7 @@ void Campaign::Report(int session, const Outcome& outcome, const Steps& steps) {
     if (!fails(rest)) {
         std::printf("Its steps alone do not fail again.\n");
     } else {
-        rest = Shrink(rest, fails, questionsOfTheShrinker);
+        rest = Minimise(rest, fails, minimiserTries);
     }
     const QString file = QDir::temp().filePath(QStringLiteral("monkey-%1-%2.steps").arg(options.seed).arg(session));
     WriteSteps(file, whole(rest));

@@ -25,7 +25,7 @@ Outcome OutcomeOf(const QString& output, bool crashed, int exitCode) {
         return outcome;
     }
     for (const char* pattern :
-         {"^complaint: .*$", "ERROR: \\w+Sanitizer: [\\w-]+", "runtime error: .*$", "WARNING: ThreadSanitizer: .*$"}) {
+         {"^failure: .*$", "ERROR: \\w+Sanitizer: [\\w-]+", "runtime error: .*$", "WARNING: ThreadSanitizer: .*$"}) {
         outcome.kind = FirstOf(output, pattern);
         if (!outcome.kind.isEmpty()) {
             return outcome;
@@ -36,7 +36,7 @@ Outcome OutcomeOf(const QString& output, bool crashed, int exitCode) {
 }
 
 Outcome RunChild(const QStringList& arguments, const QString& growingFile) {
-    constexpr int lookMilliseconds = 1000;
+    constexpr int pollIntervalMs = 1000;
     constexpr int patientLooks = 120;
     QProcess child;
     child.setProcessChannelMode(QProcess::MergedChannels);
@@ -46,7 +46,7 @@ Outcome RunChild(const QStringList& arguments, const QString& growingFile) {
     child.setProcessEnvironment(environment);
     child.start(QCoreApplication::applicationFilePath(), arguments);
     qint64 size = -1;
-    for (int idle = 0; !child.waitForFinished(lookMilliseconds) && child.state() != QProcess::NotRunning; ++idle) {
+    for (int idle = 0; !child.waitForFinished(pollIntervalMs) && child.state() != QProcess::NotRunning; ++idle) {
         const qint64 now = QFileInfo(growingFile).size();
         if (now != size) {
             size = now;

@@ -11,8 +11,8 @@ const QString firstName = QStringLiteral("first-session");
 const QString sessionsName = QStringLiteral("sessions");
 const QString replayName = QStringLiteral("replay");
 const QString logName = QStringLiteral("log");
-const QString plantName = QStringLiteral("plant");
-const QString crashName = QStringLiteral("plant-crash");
+const QString seededName = QStringLiteral("seeded-fault");
+const QString crashName = QStringLiteral("seeded-crash");
 const QString digestsName = QStringLiteral("digests");
 const QString keepGoingName = QStringLiteral("keep-going");
 
@@ -21,11 +21,11 @@ const QString keepGoingName = QStringLiteral("keep-going");
 QStringList Options::ForChildren() const {
     QStringList arguments = {QStringLiteral("--seed"), QString::number(seed), QStringLiteral("--events-per-session"),
                              QString::number(eventsPerSession)};
-    for (const QString& step : plant) {
-        arguments += {QStringLiteral("--plant"), step};
+    for (const QString& step : seeded) {
+        arguments += {QStringLiteral("--seeded-fault"), step};
     }
     if (crash) {
-        arguments.append(QStringLiteral("--plant-crash"));
+        arguments.append(QStringLiteral("--seeded-crash"));
     }
     if (digests) {
         arguments.append(QStringLiteral("--digests"));
@@ -36,7 +36,7 @@ QStringList Options::ForChildren() const {
 Options OptionsOf(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Uses the program at random on simulated benches and judges it after every event."));
+        QStringLiteral("Uses the program at random on simulated benches and checks it after every event."));
     parser.addHelpOption();
     parser.addOptions({
         {seedName, QStringLiteral("Seed of everything that is random."), seedName, QStringLiteral("1")},
@@ -47,8 +47,8 @@ Options OptionsOf(const QStringList& arguments) {
         {sessionsName, QStringLiteral("Plays so many sessions in this process."), sessionsName, QStringLiteral("0")},
         {replayName, QStringLiteral("Plays the steps in this file."), QStringLiteral("file")},
         {logName, QStringLiteral("Writes the steps of the session into this file."), QStringLiteral("file")},
-        {plantName, QStringLiteral("Complains after this step (may be given several times)."), QStringLiteral("step")},
-        {crashName, QStringLiteral("Crashes after the planted steps instead.")},
+        {seededName, QStringLiteral("Fails after this step (may be given several times)."), QStringLiteral("step")},
+        {crashName, QStringLiteral("Crashes after the seeded steps instead.")},
         {digestsName, QStringLiteral("Prints a digest of each session.")},
         {keepGoingName, QStringLiteral("Goes on after a failure.")},
     });
@@ -61,7 +61,7 @@ Options OptionsOf(const QStringList& arguments) {
     options.sessions = parser.value(sessionsName).toInt();
     options.replay = parser.value(replayName);
     options.log = parser.value(logName);
-    options.plant = parser.values(plantName);
+    options.seeded = parser.values(seededName);
     options.crash = parser.isSet(crashName);
     options.digests = parser.isSet(digestsName);
     options.keepGoing = parser.isSet(keepGoingName);

@@ -14,8 +14,8 @@ struct Options {
     int sessions = 0;     ///< 0: plays in child processes; otherwise so many here, from the first on
     QString replay;       ///< a file of steps to be played here
     QString log;          ///< the file that takes the steps of the session that is played
-    QStringList plant;    ///< steps, in words: once all have been done in this order there is a complaint
-    bool crash = false;   ///< instead of the planted complaint the program crashes
+    QStringList seeded;   ///< steps, in words: once all have been done in this order there is a failure
+    bool crash = false;   ///< instead of the seeded failure the program crashes
     bool digests = false; ///< prints a digest of each session
     bool keepGoing = false;
 

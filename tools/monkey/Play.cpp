@@ -1,10 +1,10 @@
 #include "tools/monkey/Play.h"
 
 #include "app/Application.h"
-#include "tests/support/QtMessages.h"
-#include "tools/monkey/Chooser.h"
-#include "tools/monkey/Operate.h"
-#include "tools/monkey/OwnTime.h"
+#include "tools/bench/VirtualClock.h"
+#include "tools/driver/QtMessages.h"
+#include "tools/monkey/EventGenerator.h"
+#include "tools/monkey/EventSender.h"
 #include "tools/monkey/Session.h"
 
 #include <QFile>
@@ -16,16 +16,16 @@
 
 namespace {
 
-constexpr int complaintExitCode = 3;
+constexpr int failureExitCode = 3;
 
 [[noreturn]] void EndWith(const QStringList& failures) {
-    for (QString complaint : failures) {
-        complaint.replace(QLatin1Char('\n'), QLatin1String("\\n"));
-        std::printf("complaint: %s\n", qPrintable(complaint));
+    for (QString failure : failures) {
+        failure.replace(QLatin1Char('\n'), QLatin1String("\\n"));
+        std::printf("failure: %s\n", qPrintable(failure));
     }
     std::fflush(stdout);
     // The program cannot be taken down from inside its loops.
-    std::_Exit(complaintExitCode);
+    std::_Exit(failureExitCode);
 }
 
 /// Writes down the steps of the session that is being played, each before it is done.
@@ -54,15 +54,15 @@ private:
 };
 
 /// For trying the monkey itself: something that goes wrong once certain steps have been done.
-class Plant {
+class SeededFault {
 public:
-    explicit Plant(const Options& options) : steps(options.plant), crash(options.crash) {}
+    explicit SeededFault(const Options& options) : steps(options.seeded), crash(options.crash) {}
     void See(const Step& step) {
         if (done < steps.size() && step.ToText() == steps.at(done) && ++done == steps.size()) {
             if (crash) {
                 std::raise(SIGSEGV);
             }
-            EndWith({QStringLiteral("This has been planted.")});
+            EndWith({QStringLiteral("Seeded fault reached.")});
         }
     }
     void Begin() { done = 0; }
@@ -75,7 +75,7 @@ private:
 
 class Player {
 public:
-    explicit Player(const Options& options) : options(options), log(options.log), plant(options) {}
+    explicit Player(const Options& options) : options(options), log(options.log), seeded(options) {}
 
     void PlaySession(int number);
     void Replay();
@@ -86,17 +86,17 @@ private:
 
     const Options& options;
     Log log;
-    Plant plant;
+    SeededFault seeded;
     int events = 0;
 };
 
 void Player::Play(int number, const MonkeyBench& bench, Session& session) {
     log.Begin(number, bench.name);
-    plant.Begin();
+    seeded.Begin();
     session.OnFailures(EndWith);
     session.OnStep([this](const Step& step) {
         log.Add(step);
-        plant.See(step);
+        seeded.See(step);
     });
     session.Play();
     events += session.StepsDone();
@@ -110,14 +110,14 @@ void Player::PlaySession(int number) {
     const std::vector<MonkeyBench>& benches = MonkeyBenches();
     const std::uint64_t seed = options.seed * apart + static_cast<std::uint64_t>(number);
     const MonkeyBench& bench = benches[static_cast<std::size_t>(number / 2) % benches.size()];
-    Chooser chooser(seed, bench, number % 2 == 1);
+    EventGenerator generator(seed, bench, number % 2 == 1);
     int left = options.eventsPerSession;
     Session session(bench, [&]() -> std::optional<Step> {
-        return left-- > 0 ? std::optional<Step>(chooser.Next()) : std::nullopt;
+        return left-- > 0 ? std::optional<Step>(generator.Next()) : std::nullopt;
     });
-    session.OnCall([&chooser](const TavikSimulator::JournalEntry& call) {
+    session.OnCall([&generator](const TavikSimulator::JournalEntry& call) {
         if (call.operation.front() != '~' && call.operation != "GetErrorDescription") {
-            chooser.Met(QString::fromStdString(call.operation));
+            generator.Met(QString::fromStdString(call.operation));
         }
     });
     Play(number, bench, session);
@@ -144,7 +144,7 @@ int PlayHere(int argc, char* argv[], const Options& options) {
     qSetGlobalQHashSeed(0);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     const QTemporaryDir folder;
-    OwnTime::Begin();
+    VirtualClock::Begin();
     const Application application(argc, argv);
     QtMessages messages;
     UseFolder(folder.path());

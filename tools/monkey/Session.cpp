@@ -2,12 +2,12 @@
 
 #include "panels/common/BackgroundCalls.h"
 #include "simulator/control/BenchControl.h"
-#include "tests/support/ProgramFixture.h"
+#include "tools/bench/OtherThreads.h"
+#include "tools/bench/VirtualClock.h"
 #include "tools/driver/FailureLog.h"
-#include "tools/monkey/Operate.h"
-#include "tools/monkey/OtherThreads.h"
-#include "tools/monkey/OwnTime.h"
-#include "tools/monkey/Screen.h"
+#include "tools/driver/WidgetDriver.h"
+#include "tools/monkey/EventSender.h"
+#include "tools/oracle/Oracle.h"
 
 #include <QApplication>
 #include <QDir>
@@ -38,8 +38,8 @@ bool MakesFaulty(const Step& step) {
 } // namespace
 
 Session::Session(const MonkeyBench& ownBench, const Source& source)
-    : bench(ownBench), next(source), judge(ownBench), digest(QCryptographicHash::Sha1) {
-    judge.OnCall([this](const JournalEntry& call) {
+    : bench(ownBench), next(source), oracle(ownBench), digest(QCryptographicHash::Sha1) {
+    oracle.OnCall([this](const JournalEntry& call) {
         QByteArray line = QByteArray::fromStdString(CallText(call) + call.result + call.error);
         digest.addData(line.replace(QFile::encodeName(QDir::currentPath()), "folder"));
         if (onCall) {
@@ -49,7 +49,7 @@ Session::Session(const MonkeyBench& ownBench, const Source& source)
 }
 
 void Session::Play() {
-    OwnTime::RoundUp();
+    VirtualClock::RoundUp();
     UseStillBenchText(bench.text.toStdString(), "bench of the monkey");
     constexpr std::size_t callsBetweenLooks = 100000;
     StartJournal(callsBetweenLooks);
@@ -65,7 +65,7 @@ bool Session::OpenWindow() {
         window = std::make_unique<MainWindow>();
     } catch (const std::runtime_error& error) {
         if (!faulty) {
-            Fail({QStringLiteral("The program does not start: %1").arg(QString::fromUtf8(error.what()))});
+            Fail({QStringLiteral("Start: expected a window, got \"%1\".").arg(QString::fromUtf8(error.what()))});
         }
         ClearFaults();
         return false;
@@ -81,10 +81,10 @@ void Session::RunWindow() {
     startTimer(0);
     const int exitCode = QApplication::exec();
     if (exitCode != 0) {
-        Fail({QStringLiteral("The program ended with %1.").arg(exitCode)});
+        Fail({QStringLiteral("Exit code: expected 0, got %1.").arg(exitCode)});
     }
     if (!BackgroundCalls::WaitForEnd(std::chrono::seconds(5))) {
-        Fail({QStringLiteral("A call of the library goes on after the program has ended.")});
+        Fail({QStringLiteral("Background calls: expected the end within 5 s, got none.")});
     }
     window.reset();
     ProcessAllEvents();
@@ -92,7 +92,7 @@ void Session::RunWindow() {
 }
 
 void Session::LookAfterTheEnd() {
-    const QStringList failures = FailureLog::Take() + TeardownErrors();
+    const QStringList failures = FailureLog::Take() + Oracle::TeardownErrors();
     if (!failures.isEmpty()) {
         Fail(failures);
     }
@@ -114,31 +114,32 @@ void Session::timerEvent(QTimerEvent* event) {
 
 void Session::Tick(bool inLoop) {
     DeliverInputs();
-    OwnTime::Pass(secondsPerRound);
+    VirtualClock::Pass(secondsPerRound);
     if (++rounds % roundsPerStep != 0) {
         return;
     }
-    if (Screen::Running(*window).contains(QStringLiteral("dynamic collection"))) {
+    if (Oracle::RunsOffered(*window).contains(QStringLiteral("dynamic collection"))) {
         OtherThreads::LetThemLook();
     }
-    if (JudgeNow(inLoop) && !window->IsClosing()) {
+    if (CheckNow(inLoop) && !window->IsClosing()) {
         TakeStep();
     }
 }
 
-bool Session::JudgeNow(bool inLoop) {
+bool Session::CheckNow(bool inLoop) {
     constexpr int looksOfDoubt = 30;
     constexpr int looksToEnd = 500;
-    const QStringList failures = judge.Look({inLoop, faulty, lying, window->IsClosing()});
+    const QStringList failures = oracle.Look({inLoop, faulty, lying, window->IsClosing()});
     if (!failures.isEmpty()) {
         Fail(failures);
     }
     if (window->IsClosing() && ++looksSinceClose > looksToEnd) {
-        Fail({QStringLiteral("The window has been closed, and the program does not end.")});
+        Fail({QStringLiteral("Closed window: expected the program to end within %1 looks, got no end.")
+                  .arg(looksToEnd)});
     }
-    doubtfulLooks = judge.Doubts().isEmpty() ? 0 : doubtfulLooks + 1;
+    doubtfulLooks = oracle.Doubts().isEmpty() ? 0 : doubtfulLooks + 1;
     if (doubtfulLooks > looksOfDoubt) {
-        Fail(judge.Doubts());
+        Fail(oracle.Doubts());
     }
     return doubtfulLooks == 0;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/MainWindow.h"
-#include "tools/monkey/Judge.h"
-#include "tools/monkey/MonkeyBench.h"
+#include "tools/bench/MonkeyBench.h"
+#include "tools/monkey/SessionOracle.h"
 #include "tools/monkey/Step.h"
 
 #include <QCryptographicHash>
@@ -27,7 +27,7 @@ public:
     /// To be told of each step before it is done.
     void OnStep(const std::function<void(const Step& step)>& told) { onStep = told; }
     void OnCall(const std::function<void(const TavikSimulator::JournalEntry& call)>& told) { onCall = told; }
-    /// What becomes of a program that something is wrong with. Must not come back.
+    /// What becomes of a program that something is wrong with. Must not return.
     void OnFailures(const std::function<void(const QStringList& failures)>& told) { onFailures = told; }
 
     void Play();
@@ -45,7 +45,7 @@ private:
     void LookAfterTheEnd();
     void Tick(bool inLoop);
     /// Whether the program may be used on; it may not while there is a doubt.
-    bool JudgeNow(bool inLoop);
+    bool CheckNow(bool inLoop);
     void TakeStep();
     void Fail(const QStringList& failures) { onFailures(failures); }
 
@@ -54,7 +54,7 @@ private:
     std::function<void(const Step& step)> onStep;
     std::function<void(const TavikSimulator::JournalEntry& call)> onCall;
     std::function<void(const QStringList& failures)> onFailures;
-    Judge judge;
+    SessionOracle oracle;
     std::unique_ptr<MainWindow> window;
     QCryptographicHash digest;
     std::uintptr_t outermost = 0; ///< where the stack ends when no loop of the program runs

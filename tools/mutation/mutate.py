@@ -60,7 +60,7 @@ def main():
     options = parser.parse_args()
 
     bench = Bench(ROOT, os.path.join(ROOT, "build", "mutation"), options.jobs)
-    defects = read_tables(os.path.join(HERE, "defects"))
+    defects = read_tables(os.path.join(ROOT, "tests", "mutation"))
     findings = list(judge(ROOT, defects, forms_of(bench.files())))
     for finding in findings:
         print(finding)

@@ -41,7 +41,7 @@ int TakePictures(const QDir& folder) {
     const std::vector<TourStep> ofModes = ModesTourSteps(tour.bench);
     steps.insert(steps.end(), ofModes.begin(), ofModes.end());
     for (const TourStep& step : steps) {
-        if ((step.slow && !step.pictured) || step.closes) {
+        if (step.closes) {
             continue;
         }
         step.act(tour);

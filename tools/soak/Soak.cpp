@@ -1,8 +1,7 @@
 #include "tools/soak/Soak.h"
 
-#include "tools/driver/FailureLog.h"
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -22,11 +21,11 @@ constexpr int kibibytesOfPixmaps = 1024;
 
 constexpr double kibibyte = 1024.0;
 
-/// A quantity of a sample, and by how much it may grow in a round before it matters.
+/// A quantity of a sample, and its growth limit per round.
 struct Quantity {
     const char* name;
     double Sample::*value;
-    double matters;
+    double growthLimit;
 };
 constexpr Quantity quantities[] = {
     {"resident memory, bytes", &Sample::residentBytes, 16 * kibibyte},
@@ -49,32 +48,33 @@ void ReadForAWhile(Tour& tour) {
     tour.Operator().Click("btnStartContinuous");
 }
 
-/// Steps that are other the second time, or that wait for a clock which only an operator moves.
+/// Steps that have another result the second time.
 bool IsForOneTimeOnly(const TourStep& step) {
     const QStringList names = {QStringLiteral("air-gauge-updated"), QStringLiteral("reference-mark-given-up"),
                                QStringLiteral("network-again"), QStringLiteral("modules-cleared")};
-    return step.closes || (step.slow && !step.pictured) || names.contains(step.name);
+    return step.closes || names.contains(step.name);
 }
 
 } // namespace
 
 Soak::Soak(const TourBench& bench, std::vector<TourStep> newSteps, double speed)
-    : tour(bench), steps(std::move(newSteps)) {
-    tour.PrepareBench();
+    : run(bench), steps(std::move(newSteps)) {
     TavikSimulator::StartJournal(journalCapacity);
     TavikSimulator::UseRealClock(speed);
     SetTourClockSpeed(speed);
-    tour.boxes.Tolerate(true);
     // Qt's own limit is reached after hours only.
     QPixmapCache::setCacheLimit(kibibytesOfPixmaps);
-    tour.OpenWindow();
+    run.CurrentTour().OpenWindow();
 }
 
 void Soak::Round() {
     for (const TourStep& step : steps) {
-        Take(step);
+        const QStringList errors = run.Perform(step);
+        for (const QString& error : errors) {
+            failures.append(QStringLiteral("round %1, %2: %3").arg(samples.size() + 1).arg(step.name, error));
+        }
     }
-    tour.Operator().SelectPage("tabServer");
+    run.CurrentTour().Operator().SelectPage("tabServer");
     ProcessAllEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     // Its entries are not all of the same length.
@@ -82,32 +82,10 @@ void Soak::Round() {
     samples.push_back(TakeSample());
 }
 
-void Soak::Take(const TourStep& step) {
-    step.act(tour);
-    QCoreApplication::processEvents();
-    tour.boxes.Finish();
-    const bool seen = step.seen(tour);
-    QStringList wrong = FailureLog::Take();
-    const QVector<SeenBox> boxes = tour.boxes.Take();
-    for (const SeenBox& box : boxes) {
-        const bool due = tour.bench.someNetworkDead && box.title == QLatin1String("Connect to Network");
-        if (box.kind == BoxKind::Critical && !due) {
-            wrong.append(ToText(box));
-        }
-    }
-    if (!seen) {
-        wrong.append(QStringLiteral("the operator does not see what he should"));
-    }
-    for (const QString& text : std::as_const(wrong)) {
-        failures.append(QStringLiteral("round %1, %2: %3").arg(samples.size() + 1).arg(step.name, text));
-    }
-}
-
 void Soak::Close() {
-    tour.Window().close();
-    tour.DropWindow();
+    run.CurrentTour().Window().close();
+    failures += run.End();
     SetTourClockSpeed(0.0);
-    failures += FailureLog::Take();
 }
 
 std::vector<Finding> Soak::Findings() const {
@@ -124,8 +102,8 @@ std::vector<Finding> Soak::Findings() const {
             finding.last = values.back();
         }
         finding.trend = TrendOf(values);
-        finding.matters = quantity.matters;
-        finding.verdict = Judge(values, quantity.matters);
+        finding.growthLimit = quantity.growthLimit;
+        finding.result = ResultOf(values, quantity.growthLimit);
         findings.push_back(finding);
     }
     return findings;
@@ -139,7 +117,7 @@ std::vector<TourStep> SoakSteps(const TourBench& bench) {
     std::vector<TourStep> steps;
     AddServerSteps(steps, bench);
     AddModuleSteps(steps, bench);
-    const Place probe{Place::Module, bench.shown, bench.probe};
+    const Location probe{Location::Module, bench.shown, bench.probe};
     AddPage(steps, probe, LastResortOnly);
     steps.push_back({QStringLiteral("read-for-a-while"), probe, ReadForAWhile,
                      [](Tour& tour) { return !tour.Operator().Text("tbReading").isEmpty(); }, LastResortOnly});

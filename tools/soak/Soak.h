@@ -2,24 +2,24 @@
 
 #include "tools/soak/Sample.h"
 #include "tools/soak/Trend.h"
-#include "tools/tour/Tour.h"
+#include "tools/sweep/ScenarioRun.h"
 
 #include <QStringList>
 
 #include <string>
 #include <vector>
 
-/// One quantity of all samples, judged.
+/// The trend of one quantity of the samples.
 struct Finding {
     std::string quantity;
     double first = 0.0; ///< after the warm-up
     double last = 0.0;
     Trend trend;
-    double matters = 0.0; ///< per round
-    Verdict verdict = Verdict::NotJudged;
+    double growthLimit = 0.0; ///< per round
+    TrendResult result = TrendResult::Inconclusive;
 };
 
-/// The same way through the program, round after round in one window, on a bench whose time runs fast.
+/// Repeats the tour in one window, on a bench whose time runs fast.
 class Soak {
 public:
     /// The bench's time runs this many times as fast as the computer's.
@@ -32,15 +32,13 @@ public:
 
     const std::vector<Sample>& Samples() const { return samples; }
     std::vector<Finding> Findings() const;
-    /// What was not as it should be on the way.
+    /// The errors of all steps.
     const QStringList& Failures() const { return failures; }
     /// Seconds on the bench since the beginning.
     static double BenchSeconds();
 
 private:
-    void Take(const TourStep& step);
-
-    Tour tour;
+    ScenarioRun run;
     std::vector<TourStep> steps;
     std::vector<Sample> samples;
     QStringList failures;

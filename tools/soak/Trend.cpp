@@ -46,15 +46,13 @@ Trend TrendOf(const std::vector<double>& values) {
     return trend;
 }
 
-Verdict Judge(const std::vector<double>& values, double matters) {
-    if (values.size() < fewestValues) {
-        return Verdict::NotJudged;
-    }
+TrendResult ResultOf(const std::vector<double>& values, double growthLimit) {
     const Trend trend = TrendOf(values);
-    if (trend.slope - trend.margin > matters) {
-        return Verdict::Grows;
+    if (values.size() >= fewestValues && trend.slope - trend.margin > growthLimit) {
+        return TrendResult::Fail;
     }
-    return trend.slope + trend.margin <= matters ? Verdict::Steady : Verdict::NotJudged;
+    const bool passes = values.size() >= fewestValues && trend.slope + trend.margin <= growthLimit;
+    return passes ? TrendResult::Pass : TrendResult::Inconclusive;
 }
 
 std::vector<double> AfterWarmUp(const std::vector<double>& values) {
@@ -62,14 +60,7 @@ std::vector<double> AfterWarmUp(const std::vector<double>& values) {
     return {values.begin() + static_cast<std::ptrdiff_t>(warmUp), values.end()};
 }
 
-const char* ToText(Verdict verdict) {
-    switch (verdict) {
-    case Verdict::Steady:
-        return "steady";
-    case Verdict::Grows:
-        return "grows";
-    case Verdict::NotJudged:
-        break;
-    }
-    return "not judged";
+const char* ToText(TrendResult result) {
+    constexpr const char* texts[] = {"pass", "fail", "inconclusive"};
+    return texts[static_cast<int>(result)];
 }

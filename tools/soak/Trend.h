@@ -11,10 +11,10 @@ struct Trend {
     double margin = 0.0; ///< the slope is known to this much, either way, with 95 % confidence
 };
 
-enum class Verdict {
-    Steady,    ///< the slope is certainly below what matters
-    Grows,     ///< the slope is certainly above what matters
-    NotJudged, ///< too few values, or too much scatter to tell
+enum class TrendResult {
+    Pass,         ///< the slope is below the growth limit, with 95 % confidence
+    Fail,         ///< the slope is above the growth limit, with 95 % confidence
+    Inconclusive, ///< too few values, or too much scatter
 };
 
 /// Fewer values than this say nothing about a slope.
@@ -23,11 +23,11 @@ constexpr std::size_t fewestValues = 12;
 /// The line through these values. Fewer than 3 have none: slope and margin are 0.
 Trend TrendOf(const std::vector<double>& values);
 
-/// Whether the values grow by more than what matters in a round.
-Verdict Judge(const std::vector<double>& values, double matters);
+/// Compares the growth of the values per round with a limit.
+TrendResult ResultOf(const std::vector<double>& values, double growthLimit);
 
 /// The values without those of the rounds in which everything is done for the first time: the first quarter,
 /// rounded up.
 std::vector<double> AfterWarmUp(const std::vector<double>& values);
 
-const char* ToText(Verdict verdict);
+const char* ToText(TrendResult result);

@@ -9,18 +9,17 @@
 #include <algorithm>
 #include <cstdio>
 
-// Uses the program for hours of bench time and tells whether it holds on to more and more.
+// Repeats the tour for hours of bench time and reports whether the memory or another resource in use grows.
 
 namespace {
 
 constexpr double secondsPerHour = 3600.0;
 
-/// What the program ends with.
-enum ExitCode { Good = 0, SomethingGrows = 1, SomethingNotJudged = 2, SomethingWrong = 3 };
+enum ExitCode { Passed = 0, SomethingGrows = 1, SomethingInconclusive = 2, SomethingWrong = 3 };
 
 void Print(const Finding& finding) {
     std::printf("%-24s %12.0f %12.0f %12.2f +- %-10.2f %8.2f  %s\n", finding.quantity.c_str(), finding.first,
-                finding.last, finding.trend.slope, finding.trend.margin, finding.matters, ToText(finding.verdict));
+                finding.last, finding.trend.slope, finding.trend.margin, finding.growthLimit, ToText(finding.result));
 }
 
 bool Save(const QString& path, const std::vector<Sample>& samples) {
@@ -40,17 +39,17 @@ bool Save(const QString& path, const std::vector<Sample>& samples) {
 }
 
 ExitCode Conclude(const Soak& soak, const std::vector<Finding>& findings) {
-    const auto any = [&](Verdict verdict) {
+    const auto any = [&](TrendResult result) {
         return std::any_of(findings.begin(), findings.end(),
-                           [verdict](const Finding& finding) { return finding.verdict == verdict; });
+                           [result](const Finding& finding) { return finding.result == result; });
     };
     if (!soak.Failures().isEmpty()) {
         return SomethingWrong;
     }
-    if (any(Verdict::Grows)) {
+    if (any(TrendResult::Fail)) {
         return SomethingGrows;
     }
-    return any(Verdict::NotJudged) ? SomethingNotJudged : Good;
+    return any(TrendResult::Inconclusive) ? SomethingInconclusive : Passed;
 }
 
 int Run(double minutes, double speed, const QString& samplesPath) {
@@ -71,13 +70,13 @@ int Run(double minutes, double speed, const QString& samplesPath) {
     std::printf("\n%zu rounds, %.1f hours on the bench, %.1f minutes by the clock\n", soak.Samples().size(), hours,
                 static_cast<double>(sinceStart.elapsed()) / millisecondsPerMinute);
     std::printf("%-24s %12s %12s %12s    %-10s %8s  %s\n", "after the warm-up", "first", "last", "per round", "95 %",
-                "matters", "verdict");
+                "limit", "result");
     const std::vector<Finding> findings = soak.Findings();
     for (const Finding& finding : findings) {
         Print(finding);
     }
-    for (const QString& complaint : soak.Failures()) {
-        std::printf("%s\n", qPrintable(complaint));
+    for (const QString& failure : soak.Failures()) {
+        std::printf("%s\n", qPrintable(failure));
     }
     if (!samplesPath.isEmpty() && !Save(samplesPath, soak.Samples())) {
         std::fprintf(stderr, "tavik-soak: %s cannot be written.\n", qPrintable(samplesPath));
@@ -109,7 +108,7 @@ int main(int argc, char* argv[]) {
         return SomethingWrong;
     }
     if (!counted) {
-        std::fprintf(stderr, "tavik-soak: this Qt does not tell of its objects.\n");
+        std::fprintf(stderr, "tavik-soak: this Qt build has no object hooks.\n");
         return SomethingWrong;
     }
     return Run(minutesAsked, speedAsked, parser.value(samples));

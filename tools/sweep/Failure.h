@@ -8,23 +8,23 @@
 #include <vector>
 
 /// How a call of the library fails.
-enum class Variant {
-    Once,        ///< throws a TavikException
-    OncePlainly, ///< throws a std::runtime_error
-    On,          ///< throws a TavikException, and so do all after it until the operator's step has been judged
-    OnPlainly,   ///< the same with a std::runtime_error
-    Slow,        ///< takes three seconds
-    Code,        ///< returns an error's code in place of its result
+enum class FaultType {
+    Once,                   ///< throws a TavikException
+    OnceRuntimeError,       ///< throws a std::runtime_error
+    Persistent,             ///< throws a TavikException, as do all later calls until the step has been checked
+    PersistentRuntimeError, ///< the same with a std::runtime_error
+    Slow,                   ///< takes three seconds
+    Code,                   ///< returns an error's code in place of its result
 };
 
 /// All of them.
-const std::vector<Variant>& Variants();
+const std::vector<FaultType>& FaultTypes();
 /// The word for it on the command line and in reports.
-QString WordOf(Variant variant);
+QString WordOf(FaultType faultType);
 
-/// One failure in a course: its calls are numbered from 1 in the order in which they are made when nothing fails.
+/// One failure in a scenario: its calls are numbered from 1 in the order in which they are made when nothing fails.
 struct Failure {
-    Variant variant = Variant::Once;
+    FaultType faultType = FaultType::Once;
     std::uint64_t call = 0;
 };
 

@@ -48,7 +48,7 @@ std::vector<Failure> Sweep::NextTour() {
     std::size_t free = 0;
     for (auto step = pending.begin(); step != pending.end();) {
         auto& [index, failures] = *step;
-        const bool once = outline.Steps()[index].step.changes || changing.count(index) > 0;
+        const bool once = callIndex.Steps()[index].step.changes || changing.count(index) > 0;
         const std::size_t most = once ? 1 : failuresOfAStep;
         for (std::size_t taken = 0; index >= free && taken < most && !failures.empty(); ++taken) {
             tour.push_back(failures.front());
@@ -63,50 +63,50 @@ std::vector<Failure> Sweep::NextTour() {
 }
 
 FailureInStep Sweep::InStep(const Failure& failure) const {
-    const CallPlace place = *outline.PlaceOf(failure.call);
-    const auto& calls = outline.Steps()[place.step].calls;
+    const CallPosition place = *callIndex.PositionOf(failure.call);
+    const auto& calls = callIndex.Steps()[place.step].calls;
     const auto coded = std::count_if(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(place.inStep),
                                      [](const JournalEntry& call) { return call.takesCode; });
-    return {failure.variant, place.inStep, static_cast<std::uint64_t>(coded)};
+    return {failure.faultType, place.inStep, static_cast<std::uint64_t>(coded)};
 }
 
-Sweep::Outcome Sweep::TakeStep(Walk& walk, const Failure& failure, bool again) {
-    const CallPlace place = *outline.PlaceOf(failure.call);
-    const TourStep& step = outline.Steps()[place.step].step;
+Sweep::Outcome Sweep::TakeStep(ScenarioRun& run, const Failure& failure, bool again) {
+    const CallPosition place = *callIndex.PositionOf(failure.call);
+    const TourStep& step = callIndex.Steps()[place.step].step;
     if (again) {
-        walk.Way().GoTo(step.place);
+        run.CurrentTour().GoTo(step.place);
     }
-    const Verdict verdict = walk.TakeFailing(outline.Steps()[place.step], InStep(failure));
-    const JournalEntry& meant = outline.CallAt(place);
+    const StepResult result = run.PerformFailing(callIndex.Steps()[place.step], InStep(failure));
+    const JournalEntry& meant = callIndex.CallAt(place);
     Outcome outcome{failure, again, false, {}};
-    if (verdict.struck) {
-        outcome.met = verdict.struck->object == meant.object && verdict.struck->operation == meant.operation;
+    if (result.failedCall) {
+        outcome.met = result.failedCall->object == meant.object && result.failedCall->operation == meant.operation;
     }
-    if (!verdict.wrong.isEmpty()) {
-        const QString call = QString::fromStdString(CallText(verdict.struck.value_or(meant)));
-        outcome.wrong.append(At(step, QStringList{call} + verdict.wrong));
+    if (!result.wrong.isEmpty()) {
+        const QString call = QString::fromStdString(CallText(result.failedCall.value_or(meant)));
+        outcome.wrong.append(At(step, QStringList{call} + result.wrong));
     }
     return outcome;
 }
 
 Sweep::TourOutcome Sweep::Take(const std::vector<Failure>& failures) {
     TourOutcome tour;
-    Walk walk(course.bench());
+    ScenarioRun run(scenario.bench());
     auto next = failures.begin();
-    for (std::size_t index = 0; index < outline.Steps().size(); ++index) {
-        const TourStep& step = outline.Steps()[index].step;
+    for (std::size_t index = 0; index < callIndex.Steps().size(); ++index) {
+        const TourStep& step = callIndex.Steps()[index].step;
         const auto isHere = [&] { return next != failures.end() && StepOf(*next) == index; };
         const bool quiet = !isHere();
-        walk.WithoutPainting();
+        run.WithoutPainting();
         for (bool again = false; isHere(); ++next, again = true) {
-            tour.outcomes.push_back(TakeStep(walk, *next, again));
+            tour.outcomes.push_back(TakeStep(run, *next, again));
         }
-        const QStringList wrong = quiet && !step.slow ? walk.Take(step) : QStringList();
+        const QStringList wrong = quiet && !step.slow ? run.Perform(step) : QStringList();
         if (!wrong.isEmpty()) {
             tour.elsewhere.append(At(step, wrong));
         }
     }
-    tour.elsewhere += walk.End();
+    tour.elsewhere += run.End();
     return tour;
 }
 
@@ -120,7 +120,7 @@ void Sweep::Isolate(const std::vector<Failure>& failures) {
         Isolate({middle, failures.end()});
         if (WrongOnes() == wrongBefore) {
             // Each half alone goes well, so that it takes both to go wrong.
-            ++tallies[failures.front().variant].wrong;
+            ++tallies[failures.front().faultType].wrong;
             Report(failures, tour.elsewhere);
         }
         return;
@@ -139,14 +139,14 @@ void Sweep::Isolate(const std::vector<Failure>& failures) {
 
 std::uint64_t Sweep::WrongOnes() const {
     std::uint64_t wrong = 0;
-    for (const auto& [variant, tally] : tallies) {
+    for (const auto& [faultType, tally] : tallies) {
         wrong += tally.wrong;
     }
     return wrong;
 }
 
 void Sweep::Count(const Outcome& outcome, const QStringList& elsewhere) {
-    Tally& tally = tallies[outcome.failure.variant];
+    Tally& tally = tallies[outcome.failure.faultType];
     ++tally.failures;
     QStringList wrong = outcome.wrong + elsewhere;
     if (!outcome.met) {
@@ -159,7 +159,7 @@ void Sweep::Count(const Outcome& outcome, const QStringList& elsewhere) {
 }
 
 void Sweep::Report(const std::vector<Failure>& failures, const QStringList& wrong) const {
-    std::printf("WRONG: tavik-sweep tour %s %s\n", qPrintable(course.name), qPrintable(ToText(failures)));
+    std::printf("WRONG: tavik-sweep tour %s %s\n", qPrintable(scenario.name), qPrintable(ToText(failures)));
     for (const QString& text : wrong) {
         std::printf("  %s\n", qPrintable(text));
     }

@@ -1,7 +1,7 @@
 #include "app/Application.h"
-#include "tests/support/QtMessages.h"
 #include "tools/driver/FailureLog.h"
-#include "tools/sweep/Choice.h"
+#include "tools/driver/QtMessages.h"
+#include "tools/sweep/FaultSample.h"
 #include "tools/sweep/Sweep.h"
 
 #include <cstdio>
@@ -14,10 +14,10 @@ namespace {
 constexpr std::uint64_t defaultSeed = 20407;
 
 const char* const usage = R"(usage:
-  tavik-sweep courses                  the courses, and how many calls and failures there are in each
-  tavik-sweep full COURSE [PART OF]    every failure of a course, or every OF-th of them from the PART-th
-  tavik-sweep sample COURSE=COUNT...   so many failures of each course, chosen by the seed in TAVIK_SWEEP_SEED
-  tavik-sweep tour COURSE FAILURE...   one tour with these failures, such as once@17; it says what is wrong
+  tavik-sweep scenarios                  the scenarios, and how many calls and failures there are in each
+  tavik-sweep full SCENARIO [PART OF]    every failure of a scenario, or every OF-th of them from the PART-th
+  tavik-sweep sample SCENARIO=COUNT...   so many failures of each scenario, chosen by the seed in TAVIK_SWEEP_SEED
+  tavik-sweep tour SCENARIO FAILURE...   one tour with these failures, such as once@17; it says what is wrong
 )";
 
 int Refuse(const QString& reason) {
@@ -37,37 +37,38 @@ QString Numbers(const QString& what, std::uint64_t calls, std::uint64_t failures
     return QStringLiteral("%1: %2 calls, %3 failures made, %4 wrong").arg(what).arg(calls).arg(failures).arg(wrong);
 }
 
-/// How many of the failures went wrong; a course that goes wrong without any counts as one.
-std::uint64_t Make(const Course& course, const std::function<std::vector<Failure>(const Outline& outline)>& choose) {
-    Sweep sweep(course);
-    std::uint64_t wrong = Print(sweep.Way().Wrong()) > 0 ? 1 : 0;
-    sweep.Make(choose(sweep.Way()));
-    for (const auto& [variant, tally] : sweep.Tallies()) {
-        const QString what = QStringLiteral("%1 %2").arg(course.name, WordOf(variant));
-        Print({Numbers(what, sweep.Way().Calls(), tally.failures, tally.wrong)});
+/// How many of the failures went wrong; a scenario that goes wrong without any counts as one.
+std::uint64_t Make(const Scenario& scenario,
+                   const std::function<std::vector<Failure>(const CallIndex& callIndex)>& choose) {
+    Sweep sweep(scenario);
+    std::uint64_t wrong = Print(sweep.Index().Wrong()) > 0 ? 1 : 0;
+    sweep.Make(choose(sweep.Index()));
+    for (const auto& [faultType, tally] : sweep.Tallies()) {
+        const QString what = QStringLiteral("%1 %2").arg(scenario.name, WordOf(faultType));
+        Print({Numbers(what, sweep.Index().Calls(), tally.failures, tally.wrong)});
         wrong += tally.wrong;
     }
     return wrong + static_cast<std::uint64_t>(Print(FailureLog::Take()));
 }
 
-int ListCourses() {
-    for (const Course& course : Courses()) {
-        const Outline outline(course);
-        Print(outline.Wrong());
-        Print({QStringLiteral("%1 %2 %3").arg(course.name).arg(outline.Calls()).arg(outline.Failures().size())});
+int ListScenarios() {
+    for (const Scenario& scenario : Scenarios()) {
+        const CallIndex callIndex(scenario);
+        Print(callIndex.Wrong());
+        Print({QStringLiteral("%1 %2 %3").arg(scenario.name).arg(callIndex.Calls()).arg(callIndex.Failures().size())});
     }
     return 0;
 }
 
 int MakeAll(const QStringList& arguments) {
-    const Course* course = FindCourse(arguments.value(0));
+    const Scenario* scenario = FindScenario(arguments.value(0));
     const std::size_t part = arguments.value(1, QStringLiteral("1")).toUInt();
     const std::size_t parts = arguments.value(2, QStringLiteral("1")).toUInt();
-    if (course == nullptr || part < 1 || part > parts) {
-        return Refuse(QStringLiteral("there is no such course or part of it."));
+    if (scenario == nullptr || part < 1 || part > parts) {
+        return Refuse(QStringLiteral("there is no such scenario or part of it."));
     }
-    const auto all = [=](const Outline& outline) { return Share(outline.Failures(), part, parts); };
-    return Make(*course, all) == 0 ? 0 : 1;
+    const auto all = [=](const CallIndex& callIndex) { return ShardOf(callIndex.Failures(), part, parts); };
+    return Make(*scenario, all) == 0 ? 0 : 1;
 }
 
 int MakeSample(const QStringList& arguments) {
@@ -76,28 +77,29 @@ int MakeSample(const QStringList& arguments) {
     Print({QStringLiteral("seed %1").arg(seed)});
     std::uint64_t wrong = 0;
     for (const QString& argument : arguments) {
-        const Course* course = FindCourse(argument.section(QLatin1Char('='), 0, 0));
+        const Scenario* scenario = FindScenario(argument.section(QLatin1Char('='), 0, 0));
         const std::size_t count = argument.section(QLatin1Char('='), 1).toUInt();
-        if (course == nullptr || count == 0) {
-            return Refuse(QStringLiteral("\"%1\" is not COURSE=COUNT.").arg(argument));
+        if (scenario == nullptr || count == 0) {
+            return Refuse(QStringLiteral("\"%1\" is not SCENARIO=COUNT.").arg(argument));
         }
-        wrong += Make(*course, [=](const Outline& outline) { return Choose(outline.Failures(), count, seed); });
+        wrong +=
+            Make(*scenario, [=](const CallIndex& callIndex) { return SampleOf(callIndex.Failures(), count, seed); });
     }
     return wrong == 0 ? 0 : 1;
 }
 
 int TakeTour(const QStringList& arguments) {
-    const Course* course = FindCourse(arguments.value(0));
-    if (course == nullptr || arguments.size() < 2) {
-        return Refuse(QStringLiteral("a tour needs a course and failures."));
+    const Scenario* scenario = FindScenario(arguments.value(0));
+    if (scenario == nullptr || arguments.size() < 2) {
+        return Refuse(QStringLiteral("a tour needs a scenario and failures."));
     }
-    Sweep sweep(*course);
+    Sweep sweep(*scenario);
     std::vector<Failure> failures;
     const auto given = arguments.mid(1);
     for (const QString& argument : given) {
         const std::optional<Failure> failure = FailureFromText(argument);
-        if (!failure || !sweep.Way().PlaceOf(failure->call)) {
-            return Refuse(QStringLiteral("\"%1\" is no failure of this course.").arg(argument));
+        if (!failure || !sweep.Index().PositionOf(failure->call)) {
+            return Refuse(QStringLiteral("\"%1\" is no failure of this scenario.").arg(argument));
         }
         failures.push_back(*failure);
     }
@@ -106,8 +108,8 @@ int TakeTour(const QStringList& arguments) {
 
 int Run(const QStringList& arguments) {
     const QString command = arguments.value(1);
-    if (command == QLatin1String("courses")) {
-        return ListCourses();
+    if (command == QLatin1String("scenarios")) {
+        return ListScenarios();
     }
     if (command == QLatin1String("full")) {
         return MakeAll(arguments.mid(2));

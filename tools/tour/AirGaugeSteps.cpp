@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -17,8 +17,14 @@ QWidget* Panel(Tour& tour) {
     return tour.Window().findChild<QWidget*>(QStringLiteral("ModulePNXWidget"));
 }
 
+/// The panel; the window while the panel is not shown, where its controls are then reported as missing.
+WidgetDriver OnPanel(Tour& tour) {
+    QWidget* panel = Panel(tour);
+    return WidgetDriver(panel != nullptr ? *panel : tour.Window());
+}
+
 QString Field(Tour& tour, const char* name) {
-    return WidgetDriver(*Panel(tour)).Text(name);
+    return OnPanel(tour).Text(name);
 }
 
 void PutIn(Tour& tour, NozzlePart part) {
@@ -82,7 +88,7 @@ void Configure(Tour& tour) {
         driver.Click("btnSetPassCode");
         driver.Click("btnClose");
     });
-    WidgetDriver(*Panel(tour)).Click("btnConfigure");
+    OnPanel(tour).Click("btnConfigure");
 }
 
 void ResetToFactory(Tour& tour) {
@@ -90,7 +96,7 @@ void ResetToFactory(Tour& tour) {
         WidgetDriver(dialog).Click("btnResetToFactory");
         WidgetDriver(dialog).Click("btnClose");
     });
-    WidgetDriver(*Panel(tour)).Click("btnConfigure");
+    OnPanel(tour).Click("btnConfigure");
 }
 
 void PressNext(Tour& tour, QDialog& wizard, int stage) {
@@ -121,10 +127,10 @@ void CancelMastering(Tour& tour) {
         tour.boxes.ExpectQuestion(&wizard, QStringLiteral("Cancel Mastering"), QStringLiteral("Are you sure?"), {});
         WidgetDriver(wizard).Click("btnCancel");
     });
-    WidgetDriver(*Panel(tour)).Click("btnMaster");
+    OnPanel(tour).Click("btnMaster");
 }
 
-/// Whoever cannot finish the mastering gives it up.
+/// Closes a wizard that a failure keeps from being finished.
 void GiveUp(Tour& tour, QDialog& wizard) {
     if (!wizard.isVisible()) {
         return;
@@ -147,20 +153,20 @@ void Master(Tour& tour) {
         PressNext(tour, wizard, 5);
         GiveUp(tour, wizard);
     });
-    WidgetDriver(*Panel(tour)).Click("btnMaster");
+    OnPanel(tour).Click("btnMaster");
 }
 
 } // namespace
 
 void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place gauge{Place::Module, bench.shown, bench.airGauge};
+    const Location gauge{Location::Module, bench.shown, bench.airGauge};
     AddPage(steps, gauge, ButForThePanelsReading(LastResortOnly));
     steps.push_back({QStringLiteral("air-gauge-read"), gauge, Read,
                      [](Tour& tour) { return !tour.Operator().Text("tbReading").isEmpty(); },
                      ButForThePanelsReading(Always(QStringLiteral("Reading Error"), QString()))});
     steps.push_back({QStringLiteral("air-gauge-updated"), gauge,
-                     [](Tour& tour) { WidgetDriver(*Panel(tour)).Click("btnUpdateModuleInfo"); },
-                     [](Tour& tour) { return Field(tour, "tbStatus") == QLatin1String("Not Mastered"); },
+                     [](Tour& tour) { OnPanel(tour).Click("btnUpdateModuleInfo"); },
+                     [](Tour& tour) { return Field(tour, "tbPNXStatus") == QLatin1String("Not Mastered"); },
                      Always(panelTitle, QString())});
     steps.push_back({QStringLiteral("air-gauge-configured"), gauge, Configure,
                      [](Tour& tour) { return Field(tour, "tbLimitHigh") == QLatin1String("354.33 mils"); },
@@ -169,8 +175,9 @@ void AddAirGaugeSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      [](Tour& tour) { return Field(tour, "tbLimitHigh") == QLatin1String("0.0200 mm"); },
                      ButForThePanelsReading(ConfigurationFailure)});
     steps.push_back({QStringLiteral("air-gauge-mastering-cancelled"), gauge, CancelMastering,
-                     [](Tour& tour) { return Panel(tour)->isVisible(); }, MasteringFailure});
+                     [](Tour& tour) { return tour.Operator().Value("ModulePNXWidget", "visible").toBool(); },
+                     MasteringFailure});
     steps.push_back({QStringLiteral("air-gauge-mastered"), gauge, Master,
-                     [](Tour& tour) { return Field(tour, "tbStatus") == QLatin1String("Mastered"); },
+                     [](Tour& tour) { return Field(tour, "tbPNXStatus") == QLatin1String("Mastered"); },
                      MasteringFailure});
 }

@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QComboBox>
 
@@ -99,10 +99,10 @@ void AddBufferedSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.buffered.isEmpty()) {
         return;
     }
-    const Place module{Place::Module, bench.shown, bench.buffered};
+    const Location module{Location::Module, bench.shown, bench.buffered};
     const FailureRule failure = Always(boxTitle, boxPrefix);
     const auto master = [](int row) {
-        return [row](Tour& tour) { return OnPage(tour).The<QComboBox>("cbMasterAddress")->currentIndex() == row; };
+        return [row](Tour& tour) { return OnPage(tour).Value("cbMasterAddress", "currentIndex") == row; };
     };
     AddPage(steps, module, LastResortOnly);
     const auto add = [&](const char* name, const auto& act, const auto& seen, const FailureRule& rule) {

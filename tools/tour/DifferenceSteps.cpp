@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QDialog>
 
@@ -11,8 +11,8 @@ using Calls = std::vector<JournalEntry>;
 
 const FailureRule ownBox = Always(QStringLiteral("Difference Mode"), QStringLiteral("Error: "));
 
-/// The page's own box, but for what is asked when the window's controls are enabled again: that is after the page has
-/// shown what the stopped run came to, and before it looks for the last time whether the run is over.
+/// The page's own box. While the controls of the window are enabled again, after the page has shown the result of the
+/// stopped run, it is the last resort. Then the page is refreshed once more, without a box.
 FailureBox OfRun(const Calls& calls) {
     enum { Running, Showing, Enabling, Enabled, Looking } phase = Running;
     for (const JournalEntry& call : calls) {
@@ -26,6 +26,9 @@ FailureBox OfRun(const Calls& calls) {
         } else if (phase == Enabling && call.operation == "Count" && !failing) {
             phase = Enabled;
         }
+    }
+    if (phase == Looking) {
+        return Swallowed(calls);
     }
     return phase == Enabling || phase == Enabled ? FailureBox() : ownBox(calls);
 }
@@ -65,7 +68,7 @@ void ShowResults(Tour& tour) {
     tour.Operator().Click("btnDisplayAllModuleResults");
 }
 
-void AddEnabling(std::vector<TourStep>& steps, const Place& place, const char* button, const QString& enabled) {
+void AddEnabling(std::vector<TourStep>& steps, const Location& place, const char* button, const QString& enabled) {
     TourStep step;
     step.name = QStringLiteral("difference-%1-%2").arg(enabled.toLower(), place.module);
     step.place = place;
@@ -86,9 +89,9 @@ void AddDifferenceSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.probe.isEmpty()) {
         return;
     }
-    const Place probe{Place::Module, bench.shown, bench.probe};
-    const Place other{Place::Module, bench.shown, bench.visited.value(0)};
-    steps.push_back({QStringLiteral("connected-for-modes"), Place{Place::Server, bench.shown, QString()},
+    const Location probe{Location::Module, bench.shown, bench.probe};
+    const Location other{Location::Module, bench.shown, bench.visited.value(0)};
+    steps.push_back({QStringLiteral("connected-for-modes"), Location{Location::Server, bench.shown, QString()},
                      [](Tour& tour) {
                          tour.Operator().SelectPage("tabServer");
                          tour.Operator().Click("btnConnectAll");

@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -29,7 +29,7 @@ void Click(Tour& tour, const char* button) {
 }
 
 void Enter(Tour& tour, const char* box, int value) {
-    if (tour.Operator().IsEnabled(box) && tour.Operator().The<QSpinBox>(box)->value() != value) {
+    if (tour.Operator().IsEnabled(box) && tour.Operator().Value(box, "value") != value) {
         tour.Operator().Enter(box, QString::number(value));
         tour.Operator().Press(Qt::Key_Return);
     }
@@ -51,14 +51,14 @@ void UseMaster(Tour& tour) {
 
 bool MasterIsUsed(Tour& tour) {
     return tour.Operator().Text("lblDynamicMasterMode") == QLatin1String("HoldOff") &&
-           tour.Operator().The<QSpinBox>("sbHoldOffCounts")->value() == 200 &&
-           tour.Operator().The<QSpinBox>("sbCountsPerSync")->value() == 40;
+           tour.Operator().Value("sbHoldOffCounts", "value") == 200 &&
+           tour.Operator().Value("sbCountsPerSync", "value") == 40;
 }
 
 void UseController(Tour& tour) {
     GoToPage(tour);
     Click(tour, "radioSyncNormal");
-    const int modules = tour.Operator().The<QSpinBox>("sbModulesInCollection")->value();
+    const int modules = tour.Operator().Value("sbModulesInCollection", "value").toInt();
     Enter(tour, "sbModulesInCollection", modules + 1);
     Enter(tour, "sbModulesInCollection", modules);
     if (tour.Operator().IsEnabled("listDynamicModules")) {
@@ -72,7 +72,7 @@ void UseController(Tour& tour) {
 
 bool ControllerIsUsed(Tour& tour) {
     return tour.Operator().Text("lblDynamicMasterMode") == QLatin1String("NotMaster") &&
-           tour.Operator().The<QSpinBox>("sbNumSyncs")->value() == tour.bench.syncs;
+           tour.Operator().Value("sbNumSyncs", "value") == tour.bench.syncs;
 }
 
 void Prepare(Tour& tour) {
@@ -119,7 +119,7 @@ FailureRule UntilStops(int stops) {
     };
 }
 
-TourStep ResultsStep(const QString& name, const Place& place, const char* button, const QString& dialogTitle) {
+TourStep ResultsStep(const QString& name, const Location& place, const char* button, const QString& dialogTitle) {
     const auto act = [=](Tour& tour) {
         GoToPage(tour);
         tour.boxes.ExpectUse(tour.Operator().Find("dynamicWidget"), dialogTitle, [&tour, name](QDialog& dialog) {
@@ -137,7 +137,7 @@ void AddDynamicSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.collected.isEmpty()) {
         return;
     }
-    const Place place{Place::Module, bench.shown, bench.collected};
+    const Location place{Location::Module, bench.shown, bench.collected};
     const FailureRule failure = Always(title, QString());
     AddPage(steps, place, LastResortOnly);
     steps.push_back({QStringLiteral("dynamic-mode"), place, GoToPage,

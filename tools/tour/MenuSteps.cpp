@@ -30,15 +30,15 @@ void ShowAbout(Tour& tour) {
 } // namespace
 
 void AddMenuSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place anywhere{Place::Nowhere, bench.network, QString()};
-    const Place network{Place::Network, bench.network, QString()};
+    const Location anywhere{Location::Nowhere, bench.network, QString()};
+    const Location network{Location::Network, bench.network, QString()};
     const auto stillThere = [](Tour& tour) { return tour.Window().isVisible(); };
     steps.push_back({QStringLiteral("error-decoded"), anywhere, DecodeError, stillThere, LastResortOnly});
     steps.push_back({QStringLiteral("about-closed"), anywhere, ShowAbout, stillThere, LastResortOnly});
     if (bench.shown == bench.network) {
-        steps.push_back({QStringLiteral("network-again"), network,
-                         [](Tour& tour) { tour.Operator().SelectPage("tabNetwork"); },
-                         [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, LastResortOnly});
+        steps.push_back(
+            {QStringLiteral("network-again"), network, [](Tour& tour) { tour.Operator().SelectPage("tabNetwork"); },
+             [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); }, LastResortOnly});
         steps.push_back({QStringLiteral("modules-cleared"), network,
                          [](Tour& tour) { tour.Operator().Click("btnClearModules"); },
                          [](Tour& tour) { return tour.Rows("listModules").isEmpty(); },

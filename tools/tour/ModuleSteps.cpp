@@ -26,7 +26,8 @@ void TimeReadings(Tour& tour) {
     tour.Operator().Click("btnTimeReadings");
 }
 
-TourStep SetChosen(const QString& name, const char* list, const char* button, const char* field, const Place& place) {
+TourStep SetChosen(const QString& name, const char* list, const char* button, const char* field,
+                   const Location& place) {
     TourStep step;
     step.name = name;
     step.place = place;
@@ -39,7 +40,7 @@ TourStep SetChosen(const QString& name, const char* list, const char* button, co
     return step;
 }
 
-void AddReadingSteps(std::vector<TourStep>& steps, const Place& probe) {
+void AddReadingSteps(std::vector<TourStep>& steps, const Location& probe) {
     steps.push_back({QStringLiteral("read-in-counts"), probe, [](Tour& tour) { tour.Operator().Click("btnRead"); },
                      HasReading, Always(readingError, QString())});
     steps.push_back({QStringLiteral("read-in-units"), probe,
@@ -50,9 +51,7 @@ void AddReadingSteps(std::vector<TourStep>& steps, const Place& probe) {
                      HasReading, Always(readingError, QString())});
     steps.push_back(
         {QStringLiteral("read-continuously"), probe, ReadContinuously, HasReading, Always(readingError, QString())});
-    TourStep timed{QStringLiteral("timed"), probe, TimeReadings, HasReading, Always(readingError, QString())};
-    timed.slow = true;
-    steps.push_back(timed);
+    steps.push_back({QStringLiteral("timed"), probe, TimeReadings, HasReading, Always(readingError, QString())});
     steps.push_back({QStringLiteral("status"), probe, [](Tour& tour) { tour.Operator().Click("btnGetStatus"); },
                      [](Tour& tour) { return !tour.Operator().Text("tbErrorText").isEmpty(); }, LastResortOnly});
     steps.push_back(SetChosen(QStringLiteral("resolution-set"), "listResolutions", "btnSetResolution",
@@ -63,12 +62,13 @@ void AddReadingSteps(std::vector<TourStep>& steps, const Place& probe) {
 
 } // namespace
 
-void AddPage(std::vector<TourStep>& steps, const Place& place, const FailureRule& selectionFailure) {
+void AddPage(std::vector<TourStep>& steps, const Location& place, const FailureRule& selectionFailure) {
     const QString identity = place.module;
-    const Place network{Place::Network, place.network, QString()};
+    const Location network{Location::Network, place.network, QString()};
     steps.push_back({QStringLiteral("modules-of-the-network"), network,
                      [](Tour& tour) { tour.Operator().SelectPage("tabNetwork"); },
-                     [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, selectionFailure});
+                     [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); },
+                     selectionFailure});
     steps.push_back({QStringLiteral("selected-") + identity, place,
                      [identity](Tour& tour) { tour.Operator().SelectRow("listModules", identity); },
                      [identity](Tour& tour) { return tour.Operator().Text("tbTavikIdentity") == identity; },
@@ -80,7 +80,7 @@ void AddPage(std::vector<TourStep>& steps, const Place& place, const FailureRule
 
 void AddModuleSteps(std::vector<TourStep>& steps, const TourBench& bench) {
     if (bench.shown != bench.network) {
-        const Place server{Place::Server, bench.shown, QString()};
+        const Location server{Location::Server, bench.shown, QString()};
         steps.push_back({QStringLiteral("other-network-selected"), server,
                          [bench](Tour& tour) {
                              tour.Operator().SelectPage("tabServer");
@@ -89,11 +89,11 @@ void AddModuleSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                          [bench](Tour& tour) { return tour.Rows("listModules").contains(bench.probe); },
                          LastResortOnly});
     }
-    const Place probe{Place::Module, bench.shown, bench.probe};
+    const Location probe{Location::Module, bench.shown, bench.probe};
     AddPage(steps, probe, LastResortOnly);
     AddReadingSteps(steps, probe);
     for (const QString& identity : bench.visited) {
-        const Place place{Place::Module, bench.shown, identity};
+        const Location place{Location::Module, bench.shown, identity};
         AddPage(steps, place, Selection(TitleOfOwnFilling(identity)));
         AddPanelSteps(steps, place);
     }

@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QAbstractButton>
 #include <QFile>
@@ -95,7 +95,7 @@ void LoadNetwork(Tour& tour) {
 
 /// The network is saved and loaded again; the selected module stays selected.
 void AddFileSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place added{Place::Network, bench.network, bench.wired};
+    const Location added{Location::Network, bench.network, bench.wired};
     steps.push_back({QStringLiteral("network-saved"), added, SaveNetwork,
                      [](Tour& tour) { return QFile::exists(tour.NetworkFile()); },
                      Only("Save", QStringLiteral("Error Saving File"), errorPrefix)});
@@ -104,8 +104,8 @@ void AddFileSteps(std::vector<TourStep>& steps, const TourBench& bench) {
 }
 
 void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place network{Place::Network, bench.network, QString()};
-    const Place added{Place::Network, bench.network, bench.wired};
+    const Location network{Location::Network, bench.network, QString()};
+    const Location added{Location::Network, bench.network, bench.wired};
     steps.push_back(
         {QStringLiteral("modules-announced"), network, Notify, Listed(bench.announced.last()), LastResortOnly});
     steps.push_back({QStringLiteral("notify-stopped"), network, StopNotify, NotifyingIsOver, LastResortOnly});
@@ -131,7 +131,7 @@ void AddListSteps(std::vector<TourStep>& steps, const TourBench& bench) {
 } // namespace
 
 void AddNetworkSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place network{Place::Network, bench.network, QString()};
+    const Location network{Location::Network, bench.network, QString()};
     steps.push_back({QStringLiteral("network"), network, [](Tour& tour) { tour.Operator().SelectPage("tabNetwork"); },
                      [bench](Tour& tour) { return tour.Rows("listModules") == bench.modules; }, LastResortOnly});
     steps.push_back({QStringLiteral("speed-set"), network, SetSpeed,

@@ -1,8 +1,8 @@
 #include "library/TavikModuleHVX.h"
 #include "library/TavikModuleLaser.h"
 #include "library/TavikModuleQTA.h"
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -20,7 +20,7 @@ using Seen = std::function<bool(WidgetDriver driver)>;
 /// Adds steps on the page of one module.
 class PanelSteps {
 public:
-    PanelSteps(std::vector<TourStep>& steps, const Place& place, const QString& title)
+    PanelSteps(std::vector<TourStep>& steps, const Location& place, const QString& title)
         : steps(steps), place(place), title(title) {}
 
     void Add(const char* name, const Act& act, const Seen& seen) { Add(name, act, seen, Always(title, QString())); }
@@ -62,7 +62,7 @@ public:
                 driver.Choose(combo, index);
                 driver.Click(button);
             },
-            [=](WidgetDriver driver) { return driver.The<QComboBox>(combo)->currentIndex() == index; });
+            [=](WidgetDriver driver) { return driver.Value(combo, "currentIndex") == index; });
     }
 
     void AddRead() {
@@ -71,13 +71,11 @@ public:
             [](WidgetDriver driver) { return !driver.Text("tbReading").isEmpty(); }, ReadingOrPanel(title));
     }
 
-    static bool IsChecked(WidgetDriver driver, const char* button) {
-        return driver.The<QAbstractButton>(button)->isChecked();
-    }
+    static bool IsChecked(WidgetDriver driver, const char* button) { return driver.Value(button, "checked").toBool(); }
 
 private:
     std::vector<TourStep>& steps;
-    const Place place;
+    const Location place;
     const QString title;
 };
 
@@ -101,7 +99,7 @@ void AddEncoder(PanelSteps panel) {
             driver.Enter("sbPreset", QStringLiteral("4711"));
             driver.Click("btnPresetinCounts");
         },
-        [](WidgetDriver driver) { return driver.The<QSpinBox>("sbPreset")->value() == 4711; });
+        [](WidgetDriver driver) { return driver.Value("sbPreset", "value") == 4711; });
     panel.AddRead();
 }
 
@@ -170,7 +168,7 @@ void AddRate(PanelSteps panel) {
                  eMeasuringRate_ToString(eMeasuringRate::Rate100Hz));
 }
 
-void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Place& place, const QString& title) {
+void AddReadMode(std::vector<TourStep>& steps, PanelSteps panel, const Location& place, const QString& title) {
     using namespace TavikLibrary;
     panel.AddSet("read-mode-set", "listAvailableReadMode", 2, "btnSetReadMode", "tbCurrentReadMode",
                  eHvxReadMode_ToString(eHvxReadMode::ReadOnSample));
@@ -216,7 +214,7 @@ QString TitleOfOwnFilling(const QString& identity) {
     return IsDigitalIO(kind) ? kind + QStringLiteral(" Module") : QString();
 }
 
-void AddPanelSteps(std::vector<TourStep>& steps, const Place& place) {
+void AddPanelSteps(std::vector<TourStep>& steps, const Location& place) {
     const QString kind = KindOf(place.module);
     const auto titled = [&](const QString& area) { return PanelSteps(steps, place, area + QStringLiteral(" Module")); };
     if (kind == QLatin1String("QTA")) {

@@ -1,5 +1,5 @@
+#include "tools/bench/TourClock.h"
 #include "tools/tour/Steps.h"
-#include "tools/tour/TourClock.h"
 
 #include <QDoubleSpinBox>
 
@@ -7,7 +7,7 @@ using namespace TavikSimulator;
 
 namespace {
 
-/// Longer than the simulated hand lets anybody wait.
+/// Longer than the simulated operator takes to reach the mark.
 constexpr double seconds = 10.0;
 
 /// Looks for the mark; in the first round of the search something happens, in the third the hand has come.
@@ -63,7 +63,7 @@ void AddReferenceMarkSteps(std::vector<TourStep>& steps, const TourBench& bench)
     if (bench.linearEncoder.isEmpty()) {
         return;
     }
-    const Place encoder{Place::Module, bench.shown, bench.linearEncoder};
+    const Location encoder{Location::Module, bench.shown, bench.linearEncoder};
     const FailureRule failure = Always(QStringLiteral("Ref Mark Mode"), QStringLiteral("Error: "));
     AddPage(steps, encoder, LastResortOnly);
     steps.push_back({QStringLiteral("reference-mark"), encoder,

@@ -39,7 +39,7 @@ TourStep RowButton(const QString& name, int row, const QString& stateAfterwards)
 } // namespace
 
 void AddServerSteps(std::vector<TourStep>& steps, const TourBench& bench) {
-    const Place server;
+    const Location server;
     const int other = bench.otherNetwork;
     const int row = bench.network;
     steps.push_back({QStringLiteral("server"), server, [](Tour&) {},
@@ -54,7 +54,7 @@ void AddServerSteps(std::vector<TourStep>& steps, const TourBench& bench) {
          LastResortOnly});
     steps.push_back(RowButton(QStringLiteral("row-disconnected"), other, disconnected));
     steps.push_back({QStringLiteral("network-selected"),
-                     {Place::Network, row, QString()},
+                     {Location::Network, row, QString()},
                      [row](Tour& tour) { tour.Operator().SelectTableRow("tableNetworks", row); },
                      [](Tour& tour) { return !tour.Rows("listModules").isEmpty(); },
                      LastResortOnly});

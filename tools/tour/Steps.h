@@ -21,7 +21,7 @@ void AddBufferedSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddDynamicSteps(std::vector<TourStep>& steps, const TourBench& bench);
 void AddMenuSteps(std::vector<TourStep>& steps, const TourBench& bench);
 /// Everything that can be done on the panels of one module, by the kind that its identity begins with.
-void AddPanelSteps(std::vector<TourStep>& steps, const Place& place);
+void AddPanelSteps(std::vector<TourStep>& steps, const Location& place);
 /// The title of the box that a panel shows by itself when its filling fails; empty for panels that leave
 /// that to the last resort.
 QString TitleOfOwnFilling(const QString& identity);
@@ -48,4 +48,4 @@ FailureBox Swallowed(const std::vector<TavikSimulator::JournalEntry>& calls);
 // Steps that several screens need.
 
 /// The page of one module; its selection is a step of its own, with this rule.
-void AddPage(std::vector<TourStep>& steps, const Place& place, const FailureRule& selectionFailure);
+void AddPage(std::vector<TourStep>& steps, const Location& place, const FailureRule& selectionFailure);

@@ -1,5 +1,6 @@
 #include "tools/tour/Tour.h"
 
+#include "tools/bench/VirtualClock.h"
 #include "tools/tour/Steps.h"
 
 #include <QListWidget>
@@ -12,6 +13,8 @@ using namespace TavikSimulator;
 void Tour::PrepareBench() {
     UseStillBenchText(bench.text.toStdString(), "bench of the tour");
     StartJournal();
+    // The timed readings take the same number of calls every time.
+    VirtualClock::BeginDate();
 }
 
 void Tour::OpenWindow() {
@@ -52,13 +55,17 @@ void Tour::ReportDialog(QWidget& dialog, const QString& name) {
     }
 }
 
-void Tour::GoTo(const Place& place) {
+void Tour::GoTo(const Location& place) {
     WidgetDriver driver = Operator();
-    if (place.page == Place::Nowhere) {
+    if (place.page == Location::Nowhere) {
         return;
     }
     driver.SelectPage("tabServer");
-    if (place.page == Place::Server) {
+    // A refresh that failed has emptied the table.
+    if (Cell(place.network, 0).isEmpty()) {
+        driver.Click("btnConnectAll");
+    }
+    if (place.page == Location::Server) {
         return;
     }
     if (Cell(place.network, 4) != QLatin1String("Connected")) {
@@ -73,7 +80,7 @@ void Tour::GoTo(const Place& place) {
         ProcessAllEvents();
         driver.SelectRow("listModules", place.module);
     }
-    if (place.page == Place::Module) {
+    if (place.page == Location::Module) {
         driver.SelectPage("tabModule");
     }
 }
@@ -81,8 +88,8 @@ void Tour::GoTo(const Place& place) {
 std::vector<TourStep> PanelTourSteps(const TourBench& bench) {
     std::vector<TourStep> steps;
     for (const QString& identity : bench.visited) {
-        const Place place{Place::Module, bench.shown, identity};
-        steps.push_back({QStringLiteral("connected"), Place{Place::Server, bench.shown, QString()},
+        const Location place{Location::Module, bench.shown, identity};
+        steps.push_back({QStringLiteral("connected"), Location{Location::Server, bench.shown, QString()},
                          [](Tour& tour) { tour.Operator().Click("btnConnectAll"); },
                          [identity](Tour& tour) {
                              return tour.HasPage("tabNetwork") && tour.Rows("listModules").contains(identity);
@@ -95,13 +102,14 @@ std::vector<TourStep> PanelTourSteps(const TourBench& bench) {
 }
 
 std::vector<TourStep> ModesTourSteps(const TourBench& bench) {
-    const Place network{Place::Network, bench.shown, QString()};
+    const Location network{Location::Network, bench.shown, QString()};
     std::vector<TourStep> steps;
     AddDifferenceSteps(steps, bench);
     AddReadBurstSteps(steps, bench);
     // The list of modules takes the focus, and with it its first module.
     steps.push_back({QStringLiteral("modules-that-collect"), network, [network](Tour& tour) { tour.GoTo(network); },
-                     [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, LastResortOnly});
+                     [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); },
+                     LastResortOnly});
     AddReferenceMarkSteps(steps, bench);
     AddBufferedSteps(steps, bench);
     AddDynamicSteps(steps, bench);

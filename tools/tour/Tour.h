@@ -2,9 +2,9 @@
 
 #include "app/MainWindow.h"
 #include "simulator/control/BenchControl.h"
+#include "tools/bench/TourBench.h"
 #include "tools/driver/DialogResponder.h"
 #include "tools/driver/WidgetDriver.h"
-#include "tools/tour/TourBench.h"
 
 #include <QTemporaryDir>
 
@@ -12,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-/// What the operator sees of a call of the library that fails.
+/// The box for a failed call of the library.
 struct FailureBox {
     bool shown = true;
     QString title = QStringLiteral("Tavik Library Test");
@@ -20,7 +20,7 @@ struct FailureBox {
 };
 
 /// Where the operator has to be for a step.
-struct Place {
+struct Location {
     enum Page { Server, Network, Module, Nowhere };
     Page page = Server;
     int network = 0; ///< row of the network that has to be selected
@@ -43,7 +43,7 @@ public:
     WidgetDriver Operator() { return WidgetDriver(*window); }
 
     /// Goes to a place from wherever a failure left the operator, having everything shown anew.
-    void GoTo(const Place& place);
+    void GoTo(const Location& place);
 
     /// Whether the page of this name stands among the pages of the window.
     bool HasPage(const char* name);
@@ -68,18 +68,17 @@ private:
 /// One thing that the operator does.
 struct TourStep {
     QString name; ///< in words that can name a file
-    Place place;
+    Location place;
     std::function<void(Tour& tour)> act;
-    /// Whether the operator sees afterwards what he should.
+    /// Postcondition of the step.
     std::function<bool(Tour& tour)> seen;
-    /// What he sees when the last of these calls, made since the step began, fails.
+    /// The box that is due when the last of these calls, made since the step began, fails.
     std::function<FailureBox(const std::vector<TavikSimulator::JournalEntry>& calls)> failure;
-    /// The box for a value from the library that the screen cannot do anything with, if there is one.
+    /// The box for a value of the library that the page rejects, if there is one.
     FailureBox unusable{false, QString(), QString()};
-    bool closes = false;   ///< the window closes by this step
-    bool slow = false;     ///< takes seconds in any case
-    bool pictured = false; ///< a slow step that shows something worth a picture
-    bool changes = false;  ///< taking it once more changes something once more
+    bool closes = false;  ///< the window closes by this step
+    bool slow = false;    ///< takes seconds; scenarios take it only for a failure in it
+    bool changes = false; ///< taking it once more changes something once more
 };
 
 /// All steps, in order. A screen that joins the program joins the tour by adding its steps.

@@ -45,14 +45,14 @@ FailureBox OfSelection(const Calls& calls) {
 }
 
 /// Until the restart is over its failures are the panel's own; then the buttons are enabled, for which each
-/// slot's identity is asked for twice, and the panel is filled again.
+/// slot's identity is asked for, and the panel is filled again.
 FailureBox OfRestart(const Calls& calls) {
     const auto restart =
         std::find_if(calls.begin(), calls.end(), [](const JournalEntry& call) { return call.operation == "Restart"; });
     if (restart == calls.end() || restart + 1 == calls.end()) {
         return {true, moduleTitle, QString()};
     }
-    const bool enabled = CountOf("TavikIdentity", restart, calls.end() - 1) >= 2 * slotsOfAModule;
+    const bool enabled = CountOf("TavikIdentity", restart, calls.end() - 1) >= slotsOfAModule;
     return enabled ? WhileFilling(restart, calls) : FailureBox();
 }
 
@@ -152,17 +152,16 @@ bool AnotherToolIsConnected(Tour& tour) {
            tour.Operator().Text("tbDeviceType6") == QLatin1String("KRV");
 }
 
-TourStep SettingsStep(const QString& name, const Place& place, const char* button, const QString& title,
+TourStep SettingsStep(const QString& name, const Location& place, const char* button, const QString& title,
                       const char* field) {
     TourStep step;
     step.name = name;
     step.place = place;
     step.act = [=](Tour& tour) { ChangeSettings(tour, button, title, field, name + QStringLiteral("-dialog")); };
-    step.seen = [](Tour& tour) { return Panel(tour)->isVisible(); };
+    step.seen = [](Tour& tour) { return tour.Operator().Value("moduleRLKWidget", "visible").toBool(); };
     step.failure = OfSettings;
     step.unusable = {true, QStringLiteral("RLK Config"), QStringLiteral("Unsupported KRV type")};
     step.slow = true;
-    step.pictured = true;
     return step;
 }
 
@@ -173,12 +172,12 @@ void AddWirelessSteps(std::vector<TourStep>& steps, const TourBench& bench) {
         return;
     }
     const QString identity = bench.wireless;
-    const Place network{Place::Network, bench.shown, QString()};
-    const Place module{Place::Module, bench.shown, identity};
+    const Location network{Location::Network, bench.shown, QString()};
+    const Location module{Location::Module, bench.shown, identity};
     // The list of modules takes the focus, and with it its first module, which may be the wireless one.
     steps.push_back({QStringLiteral("modules-with-the-wireless-one"), network,
                      [network](Tour& tour) { tour.GoTo(network); },
-                     [](Tour& tour) { return tour.Operator().Find("tabNetwork")->isVisible(); }, OfSelection});
+                     [](Tour& tour) { return tour.Operator().Value("tabNetwork", "visible").toBool(); }, OfSelection});
     steps.push_back({QStringLiteral("selected-") + identity, module,
                      [identity](Tour& tour) { tour.Operator().SelectRow("listModules", identity); },
                      [identity](Tour& tour) { return tour.Operator().Text("tbTavikIdentity") == identity; },
@@ -187,7 +186,8 @@ void AddWirelessSteps(std::vector<TourStep>& steps, const TourBench& bench) {
                      [](Tour& tour) { tour.Operator().SelectPage("tabModule"); },
                      [](Tour& tour) { return !tour.Operator().Text("tbTavikID1").isEmpty(); }, LastResortOnly});
     steps.push_back({QStringLiteral("hand-tool-read"), module, ReadTool,
-                     [](Tour& tour) { return Panel(tour)->isVisible(); }, OfReading});
+                     [](Tour& tour) { return tour.Operator().Value("moduleRLKWidget", "visible").toBool(); },
+                     OfReading});
     steps.push_back(SettingsStep(QStringLiteral("single-channel-settings"), module, "btnConfig1",
                                  QStringLiteral("KRV Settings"), "sbResolution"));
     steps.push_back(SettingsStep(QStringLiteral("multi-channel-settings"), module, "btnConfig2",

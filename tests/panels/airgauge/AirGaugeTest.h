@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QDialog>
 

@@ -47,6 +47,7 @@ class DifferencePageTest : public DifferencePage {
 
 private slots:
     void theForm();
+    void pagesOpenOnTheirFirstCommand();
     void whatIsShownBeforeARun();
     void modulesAreEnabledOneByOne();
     void aRunIsWatchedUntilItIsStopped();
@@ -85,6 +86,13 @@ void DifferencePageTest::theForm() {
                  "Click 'Stop Diff' to stop Difference mode for all Enabled modules on the selected network\n"
                  "Click 'All Modules' to get results for all modules on the selected network."));
     QVERIFY(Operator().The<QTextEdit>("textEdit")->isReadOnly());
+}
+
+void DifferencePageTest::pagesOpenOnTheirFirstCommand() {
+    OpenPage(StillProbe(1));
+    QVERIFY(Operator().Find("btnEnable")->hasFocus());
+    QVERIFY(Operator().SelectPage("tabReadburst"));
+    QVERIFY(Operator().Find("btnReadInUnits")->hasFocus());
 }
 
 void DifferencePageTest::whatIsShownBeforeARun() {

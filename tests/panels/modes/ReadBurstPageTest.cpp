@@ -2,8 +2,8 @@
 #include "library/TavikNetworks.h"
 #include "library/TavikServer.h"
 #include "panels/modes/ReadBurstWidget.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QClipboard>
 #include <QGroupBox>

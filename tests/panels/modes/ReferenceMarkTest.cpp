@@ -69,6 +69,7 @@ void ReferenceMarkTest::theFormIsAsKnown() {
 
 void ReferenceMarkTest::startsWithLearnAndCounts() {
     OpenPage();
+    QVERIFY(Operator().Find("radioLearn")->hasFocus());
     QVERIFY(Operator().The<QRadioButton>("radioLearn")->isChecked());
     QVERIFY(Operator().The<QRadioButton>("radioCounts")->isChecked());
     QVERIFY(!RecallValue()->isEnabled());

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "panels/common/TypePanel.h"
-#include "tests/support/Benches.h"
 #include "tests/support/ProgramFixture.h"
+#include "tools/bench/Benches.h"
 
 #include <QAbstractButton>
 #include <QGroupBox>

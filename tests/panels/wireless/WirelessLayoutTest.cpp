@@ -4,6 +4,7 @@
 #include <QAccessible>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollArea>
 
 using namespace WirelessBench;
@@ -40,8 +41,12 @@ QStringList Faults(const QWidget& form) {
         if (control && accessible->text(QAccessible::Name).isEmpty()) {
             faults.append(widget->objectName() + QStringLiteral(" has no name"));
         }
-        if (control && (widget->focusPolicy() & Qt::TabFocus) == 0) {
-            faults.append(widget->objectName() + QStringLiteral(" cannot be reached by keys"));
+        const auto* field = qobject_cast<const QLineEdit*>(widget);
+        const bool onlyShows = field != nullptr && field->isReadOnly();
+        const bool byTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
+        if (control && byTab == onlyShows) {
+            faults.append(widget->objectName() + (byTab ? QStringLiteral(" only shows, but Tab reaches it")
+                                                        : QStringLiteral(" cannot be reached by keys")));
         }
     }
     faults.removeAll(QString());
