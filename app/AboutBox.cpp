@@ -7,11 +7,6 @@
 
 AboutBox::AboutBox(QWidget* parent) : QDialog(parent), ui(std::make_unique<Ui::AboutBox>()) {
     ui->setupUi(this);
-    // The style sheet makes the background white, also in a dark desktop.
-    const QList<QWidget*> children = findChildren<QWidget*>();
-    for (QWidget* child : children) {
-        child->setPalette(QPalette(Qt::white));
-    }
     ui->lblNumberAndVersion->setText(VersionLine(QStringLiteral(__DATE__)));
     ui->lblInformation->setText(
         QStringLiteral("A bench tool for networks of digital gauging modules: it connects them, lists and manages "

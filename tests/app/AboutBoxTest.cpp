@@ -5,9 +5,7 @@
 
 #include <QLabel>
 #include <QLocale>
-#include <QPalette>
 #include <QPushButton>
-#include <QScopeGuard>
 
 /// The About box: what it says and how it is laid out.
 class AboutBoxTest : public ProgramFixture {
@@ -19,7 +17,6 @@ private slots:
     void opensFromTheMenuAndCloses();
     void keepsItsSizeAndPlaces();
     void textsAreFixed();
-    void textIsDarkInADarkDesktop();
 };
 
 void AboutBoxTest::dateOfTheVersionLine_data() {
@@ -90,20 +87,6 @@ void AboutBoxTest::textsAreFixed() {
     QVERIFY(Operator().Trigger("menuHelp", "action_About"));
     QTRY_COMPARE(boxes.Count(), 1);
     COMPARE_CALLS(Calls::Take(), {});
-}
-
-/// The style sheet makes the background white.
-void AboutBoxTest::textIsDarkInADarkDesktop() {
-    const QPalette before = QApplication::palette();
-    const auto restore = qScopeGuard([&] { QApplication::setPalette(before); });
-    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
-    AboutBox box(nullptr);
-    box.show();
-    for (const char* name : {"lblNumberAndVersion", "lblInformation", "btnClose"}) {
-        const QWidget* widget = box.findChild<QWidget*>(QLatin1String(name));
-        QVERIFY2(widget->palette().color(QPalette::WindowText).lightness() < 80, name);
-        QVERIFY2(widget->palette().color(QPalette::ButtonText).lightness() < 80, name);
-    }
 }
 
 TAVIK_TEST_MAIN(AboutBoxTest)

@@ -214,18 +214,17 @@ void KeyboardTest::heldKeyPressesTheRowButtonOnce() {
     QVERIFY(QTest::qWaitForWindowActive(&Window()));
     FocusOn("tableNetworks");
     Operator().Press(Qt::Key_Down);
+    ProcessAllEvents();
+    QCOMPARE(Operator().The<QTableWidget>("tableNetworks")->currentRow(), 0);
     QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
     QApplication::sendEvent(Operator().Find("tableNetworks"), &repeat);
     QCOMPARE(Calls::CountOf("Connect"), 0);
 }
 
 void KeyboardTest::focusOnTheTableSelectsNoNetwork() {
-    OpenNetwork(Benches::Two());
-    QVERIFY(Operator().SelectPage("tabServer"));
+    Open(Benches::Two());
     QVERIFY(QTest::qWaitForWindowActive(&Window()));
-    auto* table = Operator().The<QTableWidget>("tableNetworks");
-    table->clearSelection();
-    table->setCurrentItem(nullptr);
+    const auto* table = Operator().The<QTableWidget>("tableNetworks");
     Calls::Mark();
     FocusOn("btnDisconnectAll");
     Operator().Press(Qt::Key_Tab);
