@@ -49,7 +49,8 @@ double Luminance(const QColor& colour) {
 
 /// The selection's colour of some styles is too light for the text on it: darkened until the contrast is 4.5 to 1.
 QPalette WithReadableSelection(QPalette palette) {
-    constexpr double leastContrast = 4.5;
+    // A style paints the row under the mouse a little lighter.
+    constexpr double leastContrast = 5.5;
     constexpr int darkerPercent = 105;
     const double text = Luminance(palette.color(QPalette::HighlightedText)) + 0.05;
     QColor selection = palette.color(QPalette::Highlight);

@@ -135,8 +135,8 @@ void ModulePageStatesTest::failedSetUpLeavesThePageEmpty() {
     QFETCH(int, row);
     OpenModule(Benches::With(types, QStringLiteral("capabilities=\"\"")), 0);
     boxes.Tolerate(true);
-    // The list of pages asks for the module and its identity before it sets up this page.
-    constexpr int callsBefore = 2;
+    // The list of pages asks for the count, the module and its identity before it sets up this page.
+    constexpr int callsBefore = 3;
     Calls::Mark();
     SelectModule(row);
     const QStringList calls = Calls::Take().filter(QRegularExpression(QStringLiteral("^(module|status) ")));

@@ -144,7 +144,7 @@ void ModulePanelTest::setUpAsksInOrder() {
         calls.append(QString::fromStdString(entry.operation + (entry.arguments.empty() ? "" : " " + entry.arguments)));
     }
     const QString order = QStringLiteral(
-        "GetModule 0,Identity,Identity,ModuleType,DeviceType,SoftwareVersion,ProbeIdentity,BufferedCapable,"
+        "ModuleCount,GetModule 0,Identity,Identity,ModuleType,DeviceType,SoftwareVersion,ProbeIdentity,BufferedCapable,"
         "BufferedMasterCapable,DynamicCapable,Dynamic2Capable,DynamicMasterCapable,DifferenceCapable,"
         "ReadBurstCapable,SpeedAvailable Low,SpeedAvailable High,SpeedAvailable Ultra High,HotSwappable,"
         "Resolution,Averaging,AvailableResolutions,AvailableAveragings,Offset,Stroke,CountsPerUnitOfMeasure,"

@@ -64,8 +64,8 @@ bool IsLeftOut(const QString& name) {
         QStringLiteral("DialogDifferenceResults.tableResults"), QStringLiteral("DialogReadKRV.readingsTable"),
         QStringLiteral("ReadBurstWidget.tableReadings")};
     // They scroll the tabs, where there are more than fit.
-    static const QStringList ofQt{QStringLiteral("MainWindow.ScrollLeftButton"),
-                                  QStringLiteral("MainWindow.ScrollRightButton")};
+    static const QStringList ofQt{QStringLiteral("PageTabs.ScrollLeftButton"),
+                                  QStringLiteral("PageTabs.ScrollRightButton")};
     return shownOnly.contains(name) || ofQt.contains(name);
 }
 
