@@ -33,6 +33,8 @@ void ControlsHold::Release() noexcept {
 }
 
 HostWindow::HostWindow(QWidget* parent) : QMainWindow(parent) {
+    // No form has a status bar of its own: it would replace this one and leave it without the connection.
+    statusBar()->setObjectName(QStringLiteral("statusBar"));
     connect(statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
         if (text.isEmpty()) {
             ShowLatestActivity();
