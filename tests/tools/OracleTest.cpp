@@ -54,10 +54,10 @@ private:
         oracle = std::make_unique<SessionOracle>(bench);
         oracle->Look({});
     }
-    void FailPing() {
-        FailNext("LibraryVersion", QStringLiteral("Silence."));
+    void FailConnecting() {
+        FailNext("ConnectAll", QStringLiteral("Silence."));
         ProgramFixture::boxes.ExpectError(&Window(), title, QStringLiteral("Silence."));
-        Operator().Trigger("menuHelp", "action_About");
+        Operator().Click("btnConnectAll");
         QTRY_COMPARE(ProgramFixture::boxes.Count(), 1);
     }
 
@@ -186,13 +186,13 @@ void OracleTest::boxes() {
 
 void OracleTest::boxThatTellsOfAFailedCall() {
     OpenBench();
-    FailPing();
+    FailConnecting();
     QCOMPARE(SaysOf(title, QStringLiteral("Error: Silence."), {false, true, false, false}), QStringList());
 }
 
 void OracleTest::boxThatTellsItTwice() {
     OpenBench();
-    FailPing();
+    FailConnecting();
     const Standing faulty{false, true, false, false};
     QCOMPARE(SaysOf(title, QStringLiteral("Silence."), faulty), QStringList());
     QCOMPARE(SaysOf(title, QStringLiteral("Silence."), faulty).size(), 1);
@@ -200,9 +200,9 @@ void OracleTest::boxThatTellsItTwice() {
 
 void OracleTest::refusalOnABenchWithoutFaults() {
     OpenBench();
-    FailPing();
+    FailConnecting();
     const QString says = SaysOf(title, QStringLiteral("Silence."), {}).value(0);
-    QVERIFY2(says.startsWith(QLatin1String("server.LibraryVersion()")), qPrintable(says));
+    QVERIFY2(says.startsWith(QLatin1String("networks.ConnectAll()")), qPrintable(says));
 }
 
 void OracleTest::toolThatIsSwitchedOff() {
