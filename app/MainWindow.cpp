@@ -68,7 +68,7 @@ MainWindow::MainWindow(QWidget* parent) : HostWindow(parent), ui(std::make_uniqu
         area->widget()->setAutoFillBackground(false);
     }
     modulePages = std::make_unique<ModulePages>(ui->tabWidget, PagesOf(*ui), *this, server);
-    networkPage = std::make_unique<NetworkPage>(*this, *ui);
+    networkPage = std::make_unique<NetworkPage>(*this, *ui->tabNetwork);
     ui->tableNetworks->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     // After a set-up that failed, the operator can choose the row that is selected already.
     connect(ui->tableNetworks, &ChoiceTable::chosenAgain, this, [this] {

@@ -6,14 +6,21 @@
 #include "panels/common/Fields.h"
 #include "panels/common/HostWindow.h"
 #include "panels/common/Text.h"
-#include "ui_MainWindow.h"
 
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
 #include <QScopeGuard>
 
 using TavikLibrary::eNetSpeed;
 using TavikLibrary::TavikNetwork;
 
-NetworkPage::NetworkPage(HostWindow& mainWindow, const Ui::MainWindow& form) : window(mainWindow), ui(form) {}
+NetworkPage::NetworkPage(HostWindow& mainWindow, QWidget& networkTab)
+    : window(mainWindow),
+      tab(networkTab),
+      listModules(tab.findChild<QListWidget*>(QStringLiteral("listModules"))),
+      listSpeeds(tab.findChild<QListWidget*>(QStringLiteral("listAvailableSpeeds"))),
+      currentSpeed(tab.findChild<QLineEdit*>(QStringLiteral("editCurrentSpeed"))) {}
 
 void NetworkPage::Fill(TavikNetwork& network) {
     auto failed = qScopeGuard([this] { Empty(); });
@@ -26,58 +33,61 @@ void NetworkPage::Fill(TavikNetwork& network) {
 }
 
 void NetworkPage::EnableCommands() {
-    for (QPushButton* command : {ui.btnMoveUp, ui.btnMoveDown, ui.btnDeleteModule, ui.btnSetSpeed}) {
+    for (const char* name : {"btnMoveUp", "btnMoveDown", "btnDeleteModule", "btnSetSpeed"}) {
+        auto* command = tab.findChild<QPushButton*>(QLatin1String(name));
         if (!filled && command->hasFocus()) {
             // The focus would go on to a button that changes the list.
-            ui.listModules->setFocus();
+            listModules->setFocus();
         }
         command->setEnabled(filled && !window.ControlsAreHeld());
     }
 }
 
 void NetworkPage::Empty() {
-    const QList<CapabilityLabel*> labels = ui.tabNetwork->findChildren<CapabilityLabel*>();
+    const QList<CapabilityLabel*> labels = tab.findChildren<CapabilityLabel*>();
     for (CapabilityLabel* label : labels) {
         label->ShowNothing();
     }
-    ShowInField(ui.editCurrentSpeed, QString());
-    ui.listAvailableSpeeds->clear();
-    ui.listModules->clear();
+    ShowInField(currentSpeed, QString());
+    listSpeeds->clear();
+    listModules->clear();
     filled = false;
     EnableCommands();
 }
 
 void NetworkPage::ShowCapabilities(TavikNetwork& network) {
-    ui.lblBufferedCapable->ShowCapability("Buffered Capable:\t\t\t", network.BufferedCapable());
-    ui.lblBufferedExternalSourceCapable->ShowCapability("Buffered External Source Capable:\t\t",
-                                                        network.BufferedExternalSourceCapable());
-    ui.lblDynamicCapable->ShowCapability("Dynamic Capable:\t\t\t\t", network.DynamicCapable());
+    const auto show = [this](const char* label, const char* prefixAndTabs, bool capable) {
+        tab.findChild<CapabilityLabel*>(QLatin1String(label))->ShowCapability(prefixAndTabs, capable);
+    };
+    show("lblBufferedCapable", "Buffered Capable:\t\t\t", network.BufferedCapable());
+    show("lblBufferedExternalSourceCapable", "Buffered External Source Capable:\t\t",
+         network.BufferedExternalSourceCapable());
+    show("lblDynamicCapable", "Dynamic Capable:\t\t\t\t", network.DynamicCapable());
     // Deliberate: repeats DynamicCapable(), whatever Dynamic2Capable() returns.
-    ui.lblDynamic2Capable->ShowCapability("Dynamic 2 Capable:\t\t\t", network.DynamicCapable());
-    ui.lblDynamicExternalSourceCapable->ShowCapability("Dynamic External Source Capable:\t\t",
-                                                       network.DynamicExternalSourceCapable());
-    ui.lblReadburstCapable->ShowCapability("Readburst Capable:\t\t\t", network.ReadBurstCapable());
-    ui.lblLowSpeedCapable->ShowCapability("Low Speed Capable:\t\t", network.SpeedAvailable(eNetSpeed::Low));
-    ui.lblHighSpeedCapable->ShowCapability("High Speed Capable:\t\t", network.SpeedAvailable(eNetSpeed::High));
-    ui.lblUltraHighSpeedCapable->ShowCapability("Ultra High Speed Capable:\t\t",
-                                                network.SpeedAvailable(eNetSpeed::UltraHigh));
+    show("lblDynamic2Capable", "Dynamic 2 Capable:\t\t\t", network.DynamicCapable());
+    show("lblDynamicExternalSourceCapable", "Dynamic External Source Capable:\t\t",
+         network.DynamicExternalSourceCapable());
+    show("lblReadburstCapable", "Readburst Capable:\t\t\t", network.ReadBurstCapable());
+    show("lblLowSpeedCapable", "Low Speed Capable:\t\t", network.SpeedAvailable(eNetSpeed::Low));
+    show("lblHighSpeedCapable", "High Speed Capable:\t\t", network.SpeedAvailable(eNetSpeed::High));
+    show("lblUltraHighSpeedCapable", "Ultra High Speed Capable:\t\t", network.SpeedAvailable(eNetSpeed::UltraHigh));
 }
 
 void NetworkPage::ShowSpeeds(TavikNetwork& network) {
-    ShowInField(ui.editCurrentSpeed, FromLibrary(TavikLibrary::eNetSpeed_ToString(network.NetSpeed())));
-    ui.listAvailableSpeeds->clear();
+    ShowInField(currentSpeed, FromLibrary(TavikLibrary::eNetSpeed_ToString(network.NetSpeed())));
+    listSpeeds->clear();
     for (const eNetSpeed speed : network.AvailableSpeeds()) {
-        ui.listAvailableSpeeds->addItem(FromLibrary(TavikLibrary::eNetSpeed_ToString(speed)));
+        listSpeeds->addItem(FromLibrary(TavikLibrary::eNetSpeed_ToString(speed)));
     }
 }
 
 void NetworkPage::ListModules(TavikNetwork& network) {
-    const int row = ui.listModules->currentRow();
-    ui.listModules->clear();
+    const int row = listModules->currentRow();
+    listModules->clear();
     for (int index = 0; index < network.ModuleCount(); ++index) {
-        ui.listModules->addItem(FromLibrary(network.GetModule(static_cast<unsigned int>(index))->Identity()));
+        listModules->addItem(FromLibrary(network.GetModule(static_cast<unsigned int>(index))->Identity()));
     }
-    if (row < ui.listModules->count()) {
-        ui.listModules->setCurrentRow(row);
+    if (row < listModules->count()) {
+        listModules->setCurrentRow(row);
     }
 }

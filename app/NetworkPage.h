@@ -1,19 +1,19 @@
 #pragma once
 
 class HostWindow;
+class QLineEdit;
+class QListWidget;
+class QWidget;
 
 namespace TavikLibrary {
 class TavikNetwork;
 }
 
-namespace Ui {
-class MainWindow;
-}
-
 /// What the network's page shows: capabilities, speeds and modules. The page is filled, or after a failure empty.
 class NetworkPage {
 public:
-    NetworkPage(HostWindow& window, const Ui::MainWindow& ui);
+    /// The tab holds the page's controls by their names.
+    NetworkPage(HostWindow& window, QWidget& tab);
 
     /// Asks a network and shows its answers; the selected row of the modules is kept. Propagates library exceptions;
     /// the page is empty then.
@@ -30,6 +30,9 @@ private:
     void Empty();
 
     HostWindow& window;
-    const Ui::MainWindow& ui;
+    QWidget& tab;
+    QListWidget* listModules;
+    QListWidget* listSpeeds;
+    QLineEdit* currentSpeed;
     bool filled = true;
 };

@@ -31,7 +31,10 @@ protected:
 } // namespace
 
 PageTabs::PageTabs(QWidget* parent) : QTabWidget(parent) {
-    setTabBar(new PageTabBar(this));
+    auto* bar = new PageTabBar(this);
+    // The name that the tab bar of every tab widget has.
+    bar->setObjectName(QStringLiteral("qt_tabwidget_tabbar"));
+    setTabBar(bar);
     setElideMode(Qt::ElideRight);
 }
 

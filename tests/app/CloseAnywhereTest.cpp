@@ -133,8 +133,7 @@ void CloseAnywhereTest::endsInTime_data() {
         {"Reading Error", "small",
          "row listModules 0 0; tab qt_tabwidget_tabbar 2; fault once 1 throw ReadInCounts 8449 Silence;"
          "click btnStartContinuous"},
-        {"Tavik Library Test", "small",
-         "tab qt_tabwidget_tabbar 0; fault once 1 throw ConnectAll 8449 Silence; click btnConnectAll; wait 0.1"},
+        {"Tavik Library Test", "small", "fault once 1 throw UpdateStatus 8449 Silence; row listModules 0 0; wait 0.1"},
         {"Readburst Timer", "difference", "row listModules 0 0; tab qt_tabwidget_tabbar 4; click btnTimeReadings"},
         {"Difference Mode Results", "difference",
          "row listModules 0 0; tab qt_tabwidget_tabbar 3; click btnEnable; click btnStartDiff; click btnStopDiff;"

@@ -52,10 +52,6 @@ private slots:
     void refreshKeepsTheSelectedModule();
     void numbersOfCallsOfARefresh();
     void focusChoosesNoModule();
-    void secondPressWhileDeletingIsDropped();
-    void successIsShown_data();
-    void successIsShown();
-    void failureIsNotShownAsSuccess();
     void eachPageHoldsItsOwnPanel();
 
 private:
@@ -370,65 +366,7 @@ void NetworkPageTest::focusChoosesNoModule() {
 }
 
 /// The second press would delete the module that moved up, which the operator has not seen there.
-void NetworkPageTest::secondPressWhileDeletingIsDropped() {
-    OpenNetwork(Benches::Two());
-    QVERIFY(Operator().SelectRow("listModules", 0));
-    auto* button = Operator().The<QPushButton>("btnDeleteModule");
-    // Queued before the library is called, delivered after it.
-    const auto pressAgain = connect(button, &QPushButton::released, this, [button] { PostClick(button); });
-    QVERIFY(Operator().Click(button));
-    disconnect(pressAgain);
-    ProcessAllEvents();
-    QCOMPARE(Calls::CountOf("DeleteModule"), 1);
-    QCOMPARE(Rows("listModules"), QStringList({second, third}));
-    QVERIFY(Operator().Click(button));
-    QCOMPARE(Calls::CountOf("DeleteModule"), 2);
-}
-
-void NetworkPageTest::successIsShown_data() {
-    QTest::addColumn<QByteArray>("button");
-    QTest::addColumn<QString>("activity");
-    QTest::addColumn<QString>("operation");
-    QTest::addColumn<QString>("outcome");
-    const auto row = [](const char* button, const char* activity, const char* operation, const char* outcome) {
-        QTest::newRow(button) << QByteArray(button) << QString::fromLatin1(activity) << QString::fromLatin1(operation)
-                              << QString::fromLatin1(outcome);
-    };
-    row("btnPing", "Pinging the modules...", "Ping", "Ping: done");
-    row("btnHotswap", "Finding hot-swapped modules...", "FindHotswapped", "Find Hot Swapped: done");
-    row("btnDeleteModule", "Deleting the module...", "DeleteModule", "Deleted: KX00000001");
-    row("btnClearModules", "Clearing the list of modules...", "ClearModules", "List of modules cleared");
-    row("btnClearTcons", "Clearing the TCons...", "ClearTCons", "TCons cleared");
-    row("btnAddModule", "Adding a module...", "AddModule", "Added: KX00000004");
-    row("btnSetSpeed", "Setting the speed...", "setNetSpeed", "Speed set: Low");
-}
-
 /// The status bar is painted with what blocks the window before the library is called.
-void NetworkPageTest::successIsShown() {
-    QFETCH(QByteArray, button);
-    QFETCH(QString, activity);
-    QFETCH(QString, operation);
-    QFETCH(QString, outcome);
-    OpenNetwork(Benches::Two());
-    QVERIFY(Operator().SelectRow("listModules", 0));
-    QVERIFY(Operator().SelectRow("listAvailableSpeeds", QStringLiteral("Low")));
-    PaintedTexts painted(Window().statusBar(), operation);
-    if (button == "btnAddModule") {
-        Answer(QStringLiteral("kx00000004"));
-    }
-    QVERIFY(Operator().Click(button.constData()));
-    QVERIFY2(painted.before.contains(activity), qPrintable(painted.before.join(QLatin1Char('|'))));
-    QCOMPARE(Window().statusBar()->currentMessage(), outcome);
-}
-
-void NetworkPageTest::failureIsNotShownAsSuccess() {
-    OpenNetwork(Benches::Two());
-    FailNext("Ping", QStringLiteral("Silence."));
-    boxes.ExpectError(&Window(), QStringLiteral("Error!"), QStringLiteral("Silence."));
-    QVERIFY(Operator().Click("btnPing"));
-    QCOMPARE(Window().statusBar()->currentMessage(), QString());
-}
-
 void NetworkPageTest::eachPageHoldsItsOwnPanel() {
     OpenNetwork(Benches::Two());
     QVERIFY(Operator().SelectRow("listModules", third));
