@@ -39,6 +39,9 @@ bool IsControl(const QWidget* widget) {
 }
 
 QString BaseName(const QWidget* widget) {
+    if (qobject_cast<const QTabBar*>(widget) != nullptr) {
+        return QStringLiteral("qt_tabwidget_tabbar"); // Qt names only the tab bars that it creates
+    }
     return widget->objectName().isEmpty() ? QString::fromLatin1(widget->metaObject()->className())
                                           : widget->objectName();
 }

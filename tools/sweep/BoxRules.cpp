@@ -58,6 +58,16 @@ QStringList ErrorsOfEach(const QVector<SeenBox>& shown, const std::vector<Failur
     return wrong;
 }
 
+/// A returned code fails a few later calls at most: a number of objects that do not exist is one failure, not one for
+/// each.
+QStringList ErrorsOfCount(const QVector<SeenBox>& shown) {
+    constexpr int mostBoxes = 10;
+    return shown.size() <= mostBoxes
+               ? QStringList()
+               : QStringList{
+                     QStringLiteral("Error boxes: expected at most %1, got %2.").arg(mostBoxes).arg(shown.size())};
+}
+
 /// One failure, and no more and no less than its box.
 QStringList ErrorsOfOne(const QVector<SeenBox>& shown, const FailureBox& due) {
     QStringList wrong = ErrorsOfEach(shown, {due}, IsFor);
@@ -110,7 +120,7 @@ QStringList BoxErrors(DialogResponder& boxes, const IndexedStep& indexed, FaultT
     case FaultType::PersistentRuntimeError:
         return ErrorsOfMany(seen, due, PossibleBoxes(indexed));
     case FaultType::Code:
-        return ErrorsOfEach(seen, PossibleBoxes(indexed), IsOf);
+        return ErrorsOfEach(seen, PossibleBoxes(indexed), IsOf) + ErrorsOfCount(seen);
     default:
         return ErrorsOfOne(seen, due);
     }
