@@ -22,8 +22,16 @@ void ForEachNetwork(TavikServer& server, Calls&& calls) {
     LastResort::Run([&] {
         TavikNetworks* networks = server.Networks();
         const int count = networks->Count();
-        for (int index = 0; index < count; ++index) {
-            calls([networks, index] { return networks->Network(static_cast<unsigned int>(index)); });
+        // A count that is wrong ends here, and not in a box for each network that does not exist.
+        constexpr int mostFailuresInARow = 4;
+        int failures = 0;
+        for (int index = 0; index < count && failures < mostFailuresInARow; ++index) {
+            calls([networks, index, &failures] {
+                ++failures;
+                TavikNetwork* network = networks->Network(static_cast<unsigned int>(index));
+                failures = 0;
+                return network;
+            });
         }
     });
 }
